@@ -1,0 +1,100 @@
+# Compiler, flags and the procedures by which folders declare libraries, programs and tests.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
+
+find_program(ZELKA_CCACHE ccache)
+if(ZELKA_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${ZELKA_CCACHE})
+endif()
+find_program(ZELKA_MOLD mold)
+if(ZELKA_MOLD AND NOT ZELKA_SANITIZE)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+set(ZELKA_QT Core Sql Test)
+if(ZELKA_GUI)
+  list(APPEND ZELKA_QT Gui Widgets Svg)
+endif()
+find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
+find_package(SQLite3 REQUIRED)
+find_package(CLI11 REQUIRED)
+
+# One interface target for flags and include paths; warnings are errors.
+add_library(zelka_flags INTERFACE)
+target_include_directories(zelka_flags INTERFACE "${CMAKE_SOURCE_DIR}")
+target_compile_options(zelka_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor
+                                             -Woverloaded-virtual $<$<BOOL:${ZELKA_CCACHE}>:-fpch-preprocess>)
+target_compile_definitions(
+  zelka_flags INTERFACE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
+                        QT_STRICT_ITERATORS ZELKA_VERSION="${PROJECT_VERSION}")
+if(ZELKA_SANITIZE)
+  target_compile_options(zelka_flags INTERFACE -fsanitize=${ZELKA_SANITIZE} -fno-omit-frame-pointer
+                                               -fno-sanitize-recover=all)
+  target_link_options(zelka_flags INTERFACE -fsanitize=${ZELKA_SANITIZE})
+endif()
+
+# Declares the library of the current folder: all its .cpp, .h, .ui and .qrc files.
+#   zelka_library(NAME zelka_model LINKS zelka_platform Qt6::Core)
+function(zelka_library)
+  cmake_parse_arguments(ARG "" "NAME" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
+  add_library(${ARG_NAME} STATIC ${sources})
+  target_link_libraries(${ARG_NAME} PUBLIC zelka_flags ${ARG_LINKS})
+  if("Qt6::Widgets" IN_LIST ARG_LINKS)
+    target_precompile_headers(${ARG_NAME} PRIVATE <QtWidgets>)
+  else()
+    target_precompile_headers(${ARG_NAME} PRIVATE <QtCore>)
+  endif()
+endfunction()
+
+# Declares one program.
+function(zelka_program)
+  cmake_parse_arguments(ARG "" "NAME;OUTPUT" "SOURCES;LINKS" ${ARGN})
+  add_executable(${ARG_NAME} ${ARG_SOURCES})
+  if(ARG_OUTPUT)
+    set_target_properties(${ARG_NAME} PROPERTIES OUTPUT_NAME ${ARG_OUTPUT})
+  endif()
+  target_link_libraries(${ARG_NAME} PRIVATE zelka_flags ${ARG_LINKS})
+endfunction()
+
+# Declares one test program: zelka_test(NAME TestWpData LINKS zelka_model [SOURCES more.cpp] [WIDGETS]).
+# The test's own file is NAME.cpp in the current folder. WIDGETS: runs on the offscreen platform.
+function(zelka_test)
+  cmake_parse_arguments(ARG "WIDGETS" "NAME;TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  add_executable(${ARG_NAME} ${ARG_NAME}.cpp ${ARG_SOURCES})
+  target_link_libraries(${ARG_NAME} PRIVATE zelka_flags Qt6::Test ${ARG_LINKS})
+  if(ARG_WIDGETS)
+    target_link_libraries(${ARG_NAME} PRIVATE Qt6::Widgets)
+    if(NOT TARGET zelka_pch_widgets)
+      file(WRITE "${CMAKE_BINARY_DIR}/pch_widgets.cpp" "")
+      add_library(zelka_pch_widgets STATIC "${CMAKE_BINARY_DIR}/pch_widgets.cpp")
+      target_link_libraries(zelka_pch_widgets PRIVATE zelka_flags Qt6::Test Qt6::Widgets)
+      target_precompile_headers(zelka_pch_widgets PRIVATE <QtWidgets> <QtTest>)
+    endif()
+    target_precompile_headers(${ARG_NAME} REUSE_FROM zelka_pch_widgets)
+  else()
+    if(NOT TARGET zelka_pch_core)
+      file(WRITE "${CMAKE_BINARY_DIR}/pch_core.cpp" "")
+      add_library(zelka_pch_core STATIC "${CMAKE_BINARY_DIR}/pch_core.cpp")
+      target_link_libraries(zelka_pch_core PRIVATE zelka_flags Qt6::Test)
+      target_precompile_headers(zelka_pch_core PRIVATE <QtCore> <QtTest>)
+    endif()
+    target_precompile_headers(${ARG_NAME} REUSE_FROM zelka_pch_core)
+  endif()
+  add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  set_tests_properties(${ARG_NAME} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
+                                              TIMEOUT ${ARG_TIMEOUT})
+endfunction()

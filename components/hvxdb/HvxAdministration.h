@@ -1,0 +1,105 @@
+#pragma once
+
+#include "components/hvxdb/Catalogue.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// What administrators do with a database beyond the component's own methods: make, fill, check, rights,
+/// managers. All procedures raise ComponentError with the component's numbers.
+
+/// A connection as it is stored.
+struct ConnectionRecord
+{
+    qint32 id = 0;
+    QString name;
+    QString target;
+};
+
+/// A node as it is stored.
+struct NodeRecord
+{
+    qint32 id = 0;
+    QString name;
+    QString conName;
+    /// Device name: the key of its manager; may be empty.
+    QString nodeType;
+    QString target;
+    /// Index of its manager; empty when none was chosen.
+    QString managerIndex;
+    QString commandTail;
+};
+
+/// A node manager.
+struct ManagerRecord
+{
+    QString index;
+    QString device;
+    QString path;
+    QString commandText;
+};
+
+/// The database that this workstation uses: `chosen` if not empty, else the environment variable
+/// ZELKA_DBS32, else the named value ODBC/DBS32, else the file Dbs.mdb in the user's data folder.
+QString DataSource(const QString& chosen = QString());
+
+/// Chooses the source for the components that this process creates from now on.
+void SetDataSource(const QString& source);
+
+/// Adds the factory of the database component to the program.
+void RegisterHvxDatabase();
+
+/// Makes a database with these definitions and the creator's rights. Refuses (SourceMissing is never raised
+/// here) an existing file unless `force`, which keeps the old one beside it. Gives the kept file's name,
+/// empty when there was none.
+QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, bool force);
+
+/// Writes many records in one transaction; nothing is there until Commit. Needs the edit right.
+class HvxBulkWriter
+{
+public:
+    virtual ~HvxBulkWriter() = default;
+    virtual void AddConnection(const QString& name, const QString& target) = 0;
+    virtual void AddNode(const NodeRecord& node) = 0;
+    /// Gives the record of that name new contents (the name's case included).
+    virtual void UpdateConnection(const QString& name, const QString& target) = 0;
+    virtual void UpdateNode(const NodeRecord& node) = 0;
+    virtual void Commit() = 0;
+};
+
+/// An opened database.
+class HvxAdministration
+{
+public:
+    static std::unique_ptr<HvxAdministration> Open(const QString& source);
+    virtual ~HvxAdministration() = default;
+
+    [[nodiscard]] virtual const Catalogue& CatalogueData() const = 0;
+    /// In the order of ids. `under`: only nodes of that connection; empty: all.
+    virtual void ForEachConnection(const std::function<void(const ConnectionRecord&)>& take) = 0;
+    virtual void ForEachNode(const QString& under, const std::function<void(const NodeRecord&)>& take) = 0;
+    [[nodiscard]] virtual std::unique_ptr<HvxBulkWriter> BeginBulkWrite() = 0;
+
+    [[nodiscard]] virtual std::vector<ManagerRecord> Managers() = 0;
+    /// Gives the new index. Refuses a device that has a manager.
+    virtual QString AddManager(const QString& device, const QString& path, const QString& commandText) = 0;
+    /// Refuses an unknown device.
+    virtual void RemoveManager(const QString& device) = 0;
+
+    /// Rights of a user ("*": everyone without rights of his own).
+    virtual void SetRights(const QString& user, bool scan, bool edit) = 0;
+
+    /// Schema, references, names, Journal; one text per problem, empty when all is well.
+    [[nodiscard]] virtual QStringList Check() = 0;
+
+    /// Takes the maintenance lock for the time that the object lives; raises InUse when another has it.
+    [[nodiscard]] virtual std::unique_ptr<QObject> LockForMaintenance() = 0;
+};
+
+/// Compares names: trimmed, without case.
+QString FoldedName(const QString& name);

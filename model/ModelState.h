@@ -1,0 +1,28 @@
+#pragma once
+
+#include "model/ConData.h"
+#include "model/ConOrderClass.h"
+#include "model/ModelDatabase.h"
+
+#include <array>
+#include <memory>
+
+/// The module-level state of the connection model: one instance in the process, shared by all controls.
+struct ModelState
+{
+    /// Working copy of the Database tab and of the current selection.
+    std::unique_ptr<ConData> ConObject;
+    /// The connection chosen on the Direct tab, the one defined only there, and its copy during a scan.
+    std::unique_ptr<ConData> DirectObject;
+    std::unique_ptr<ConData> NewDirectObject;
+    std::unique_ptr<ConData> SavedDirectObject;
+    std::unique_ptr<ConData> ScanDirectObject;
+    std::unique_ptr<ConOrderClass> ConOrderObject;
+    /// The open gateway; not owned. Null: every look-up fails.
+    ModelDatabase* Database = nullptr;
+    /// Long names of the parameters TIME and RETRY, which hold for a whole connection.
+    std::array<QString, 2> TimeRetryNames;
+};
+
+/// The one instance.
+ModelState& Model();

@@ -1,0 +1,42 @@
+#include "platform/MachineSeams.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+QString LoginName()
+{
+    if (const passwd* entry = getpwuid(geteuid()))
+        return QString::fromLocal8Bit(entry->pw_name);
+    return QString::number(geteuid());
+}
+
+MachineSeams Defaults()
+{
+    MachineSeams seams;
+    seams.MonotonicMs = [] { return QDeadlineTimer::current(Qt::PreciseTimer).deadline(); };
+    seams.Sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
+    seams.PumpEvents = [] {
+        if (QCoreApplication::instance())
+            QCoreApplication::processEvents();
+    };
+    seams.ShowBusyPointer = [](bool) {};
+    seams.Beep = [] {};
+    seams.UserName = LoginName;
+    return seams;
+}
+
+} // namespace
+
+MachineSeams& Machine()
+{
+    static MachineSeams seams = Defaults();
+    return seams;
+}
+
+void ResetMachine() { Machine() = Defaults(); }
