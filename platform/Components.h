@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QtPlugin>
 
 #include <functional>
 #include <memory>
