@@ -26,6 +26,8 @@ if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
+# Qt's definitions that differ from folder to folder would keep the tests from sharing precompiled headers.
+set_property(TARGET Qt6::Test PROPERTY INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
 find_package(SQLite3 REQUIRED)
 find_package(CLI11 REQUIRED)
 
