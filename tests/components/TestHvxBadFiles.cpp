@@ -161,8 +161,8 @@ void TestHvxBadFiles::Open_NewerVersion_UpgradeFailedAndUnchanged()
 void TestHvxBadFiles::Open_LostTable_SecondTrySucceeds_data()
 {
     QTest::addColumn<QString>("table");
-    for (const char* table : {"node", "manager", "users_text", "user_rights", "journal", "cam_lock", "setting",
-                              "record_sequence"})
+    for (const char* table : {"node", "manager", "users_text", "user_rights", "journal", "cam_lock",
+                              "setting", "record_sequence"})
         QTest::newRow(table) << QString::fromLatin1(table);
 }
 

@@ -101,7 +101,8 @@ QStringList TestHvxJournal::RecordsFrom(qint32 firstId)
 
 QString TestHvxJournal::JournalIds() const
 {
-    return m_fixture->RunSql(QStringLiteral("SELECT group_concat(id) FROM (SELECT id FROM journal ORDER BY id)"))
+    return m_fixture
+        ->RunSql(QStringLiteral("SELECT group_concat(id) FROM (SELECT id FROM journal ORDER BY id)"))
         .toString();
 }
 
@@ -204,14 +205,16 @@ void TestHvxJournal::ReplaceParentName_WritesOldAndNewName()
 {
     m_component->ReplaceParentName(Alpha, QStringLiteral("Omega"));
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("21 Alpha 1"), QStringLiteral("41 Omega 7")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("21 Alpha 1"), QStringLiteral("41 Omega 7")}));
 }
 
 void TestHvxJournal::ReplaceNodeName_WritesOldAndNewName()
 {
     m_component->ReplaceNodeName(North, QStringLiteral("Überall"));
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("20 North 4"), QStringLiteral("40 Überall 7")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("20 North 4"), QStringLiteral("40 Überall 7")}));
 }
 
 void TestHvxJournal::ReplaceNodeTarget_WritesChangedNode()
@@ -233,7 +236,8 @@ void TestHvxJournal::DeleteNode_WritesDeletedNode()
     m_component->DeleteNode(North);
     m_component->DeleteNodeFromBrowser(QStringLiteral("South"));
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("20 North 4"), QStringLiteral("20 South 5")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("20 North 4"), QStringLiteral("20 South 5")}));
 }
 
 void TestHvxJournal::DeleteParent_WritesNodesFirst()
@@ -248,7 +252,8 @@ void TestHvxJournal::DeleteParentNodes_WritesNodes()
 {
     m_component->DeleteParentNodes(Alpha);
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("20 North 4"), QStringLiteral("20 South 5")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("20 North 4"), QStringLiteral("20 South 5")}));
 }
 
 void TestHvxJournal::RolledBackChange_WritesNothing()
@@ -267,7 +272,8 @@ void TestHvxJournal::PlainSql_InsertWithoutIdAndKey_IsCompleted()
     m_fixture->RunSql(QStringLiteral("INSERT INTO node (name, connection_key) SELECT 'West', row_key"
                                      " FROM connection WHERE name_key = 'delta'"));
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("31  Delta  7"), QStringLiteral("30 West 8")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("31  Delta  7"), QStringLiteral("30 West 8")}));
     QString id;
     m_component->GetParentID(QStringLiteral("delta"), id);
     QCOMPARE(id, QStringLiteral("7"));
@@ -277,7 +283,8 @@ void TestHvxJournal::PlainSql_InsertWithoutIdAndKey_IsCompleted()
 
 void TestHvxJournal::PlainSql_InsertManyRows_EachGetsItsId()
 {
-    m_fixture->RunSql(QStringLiteral("INSERT INTO node (name, connection_key) VALUES ('A', 1), ('B', 1), ('C', 2)"));
+    m_fixture->RunSql(
+        QStringLiteral("INSERT INTO node (name, connection_key) VALUES ('A', 1), ('B', 1), ('C', 2)"));
 
     QCOMPARE(RecordsFrom(FirstNew),
              (QStringList{QStringLiteral("30 A 7"), QStringLiteral("30 B 8"), QStringLiteral("30 C 9")}));
@@ -298,7 +305,8 @@ void TestHvxJournal::PlainSql_Update_IsJournaled()
     m_fixture->RunSql(QStringLiteral("UPDATE node SET command_tail = '-y' WHERE name = 'North'"));
     m_fixture->RunSql(QStringLiteral("UPDATE connection SET target = 'WP=LAN' WHERE name = 'Alpha'"));
 
-    QCOMPARE(RecordsFrom(FirstNew), (QStringList{QStringLiteral("40 North 7"), QStringLiteral("41 Alpha 8")}));
+    QCOMPARE(RecordsFrom(FirstNew),
+             (QStringList{QStringLiteral("40 North 7"), QStringLiteral("41 Alpha 8")}));
     QString id;
     m_component->GetNodeID(North, id);
     QCOMPARE(id, QStringLiteral("7"));
@@ -310,7 +318,8 @@ void TestHvxJournal::PlainSql_UpdateOfManyRows_IsJournaled()
 
     const QStringList records = RecordsFrom(FirstNew);
     QCOMPARE(records.size(), 3);
-    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT count(*) FROM node WHERE id BETWEEN 7 AND 9")).toInt(), 3);
+    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT count(*) FROM node WHERE id BETWEEN 7 AND 9")).toInt(),
+             3);
 }
 
 void TestHvxJournal::PlainSql_Rename_MovesKey()
@@ -321,8 +330,8 @@ void TestHvxJournal::PlainSql_Rename_MovesKey()
 
     QCOMPARE(RecordsFrom(FirstNew),
              (QStringList{QStringLiteral("20 North 4"), QStringLiteral("40 Far NORTH 7"),
-                          QStringLiteral("21 Alpha 1"), QStringLiteral("41 Omega 8"), QStringLiteral("21 Omega 8"),
-                          QStringLiteral("41 OMEGA 9")}));
+                          QStringLiteral("21 Alpha 1"), QStringLiteral("41 Omega 8"),
+                          QStringLiteral("21 Omega 8"), QStringLiteral("41 OMEGA 9")}));
     QString conName;
     QString target;
     m_component->GetNode(QStringLiteral("far north"), conName, target);
@@ -340,10 +349,12 @@ void TestHvxJournal::PlainSql_DeleteConnection_TakesNodes()
 void TestHvxJournal::PlainSql_TakenName_Refused_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("connection like connection") << QStringLiteral("INSERT INTO connection (name) VALUES (' ALPHA')");
-    QTest::newRow("connection like node") << QStringLiteral("INSERT INTO connection (name) VALUES ('north ')");
-    QTest::newRow("node like node")
-        << QStringLiteral("INSERT INTO node (name, connection_key) VALUES ('EAST', 1)");
+    QTest::newRow("connection like connection")
+        << QStringLiteral("INSERT INTO connection (name) VALUES (' ALPHA')");
+    QTest::newRow("connection like node")
+        << QStringLiteral("INSERT INTO connection (name) VALUES ('north ')");
+    QTest::newRow("node like node") << QStringLiteral(
+        "INSERT INTO node (name, connection_key) VALUES ('EAST', 1)");
     QTest::newRow("node like connection")
         << QStringLiteral("INSERT INTO node (name, connection_key) VALUES ('beta', 1)");
     QTest::newRow("node with key like connection")
@@ -385,8 +396,9 @@ void TestHvxJournal::PlainSql_IdsUsedUp_Refused()
     m_fixture->RunSql(QStringLiteral("UPDATE record_sequence SET last_id = 2147483646"));
     m_component->SaveParent(QStringLiteral("Last"), QString());
 
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { m_component->SaveParent(QStringLiteral("One more"), QString()); }),
-             DatabaseErrorNumber::Refused);
+    QCOMPARE(
+        DatabaseFixture::ErrorOf([&] { m_component->SaveParent(QStringLiteral("One more"), QString()); }),
+        DatabaseErrorNumber::Refused);
 
     QString id;
     m_component->GetParentID(QStringLiteral("Last"), id);
@@ -395,8 +407,9 @@ void TestHvxJournal::PlainSql_IdsUsedUp_Refused()
 
 void TestHvxJournal::PlainSql_EmptyName_Refused()
 {
-    QVERIFY(DatabaseFixture::ErrorOf(
-                [&] { m_fixture->RunSql(QStringLiteral("INSERT INTO connection (name) VALUES (' ')")); }) != 0);
+    QVERIFY(DatabaseFixture::ErrorOf([&] {
+                m_fixture->RunSql(QStringLiteral("INSERT INTO connection (name) VALUES (' ')"));
+            }) != 0);
 }
 
 void TestHvxJournal::ClearByRecordLimit_Cases_data()
@@ -433,8 +446,8 @@ void TestHvxJournal::ClearByDayLimit_Cases_data()
     const QString all = QStringLiteral("1,2,3,4,5,6,7");
     QTest::newRow("oldest too young") << QList<int>{1, 1, 1, 0, 0, 0} << 2 << 1 << all;
     QTest::newRow("oldest too old") << QList<int>{2, 1, 1, 0, 0, 0} << 2 << 1 << QStringLiteral("1,5,6,7");
-    QTest::newRow("all too old keeps the newest") << QList<int>{9, 9, 9, 9, 9, 9} << 2 << 1
-                                                  << QStringLiteral("1,7");
+    QTest::newRow("all too old keeps the newest")
+        << QList<int>{9, 9, 9, 9, 9, 9} << 2 << 1 << QStringLiteral("1,7");
     QTest::newRow("keep longer than the limit") << QList<int>{4, 3, 0, 0, 0, 0} << 2 << 5 << all;
     QTest::newRow("off") << QList<int>{9, 9, 9, 0, 0, 0} << 0 << 1 << all;
 }

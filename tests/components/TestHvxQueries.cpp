@@ -48,7 +48,10 @@ void AddNodes(const DatabaseFixture& fixture, const QString& conName, int count)
     writer->Commit();
 }
 
-qsizetype PairCount(const QString& list) { return list.isEmpty() ? 0 : (list.count(u'\t') + 1) / 2; }
+qsizetype PairCount(const QString& list)
+{
+    return list.isEmpty() ? 0 : (list.count(u'\t') + 1) / 2;
+}
 
 } // namespace
 
@@ -132,7 +135,8 @@ void TestHvxQueries::QueryNodes_Filters_data()
     QTest::addColumn<QString>("conName");
     QTest::addColumn<QString>("nodeType");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("connection") << QStringLiteral("ALPHA") << QString() << QStringLiteral("North\t4\tSouth\t5");
+    QTest::newRow("connection") << QStringLiteral("ALPHA") << QString()
+                                << QStringLiteral("North\t4\tSouth\t5");
     QTest::newRow("type") << QString() << QStringLiteral("net4") << QStringLiteral("North\t4\tSouth\t5");
     QTest::newRow("both") << QStringLiteral("Alpha") << QStringLiteral("NET4")
                           << QStringLiteral("North\t4\tSouth\t5");

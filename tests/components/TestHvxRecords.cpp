@@ -77,7 +77,10 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QString IdOf(const QString& name);
-    [[nodiscard]] quint32 ErrorOf(const std::function<void()>& action) { return DatabaseFixture::ErrorOf(action); }
+    [[nodiscard]] quint32 ErrorOf(const std::function<void()>& action)
+    {
+        return DatabaseFixture::ErrorOf(action);
+    }
 
     std::unique_ptr<DatabaseFixture> m_fixture;
     std::unique_ptr<HvxDatabaseComponent> m_component;
@@ -244,7 +247,8 @@ void TestHvxRecords::SaveParent_New_IsStoredTrimmed()
 {
     m_component->SaveParent(QStringLiteral("  Delta One  "), QStringLiteral("WP=LAN"));
 
-    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT name FROM connection WHERE name_key = 'delta one'")).toString(),
+    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT name FROM connection WHERE name_key = 'delta one'"))
+                 .toString(),
              QStringLiteral("Delta One"));
 }
 
@@ -282,7 +286,10 @@ void TestHvxRecords::SaveNode_New_IsStored()
     QCOMPARE(commandLine, QStringLiteral("-x"));
 }
 
-void TestHvxRecords::SaveNode_TakenName_Refused_data() { SaveParent_TakenName_Refused_data(); }
+void TestHvxRecords::SaveNode_TakenName_Refused_data()
+{
+    SaveParent_TakenName_Refused_data();
+}
 
 void TestHvxRecords::SaveNode_TakenName_Refused()
 {
@@ -329,7 +336,8 @@ void TestHvxRecords::Save_StrangeNames_RoundTrip()
     QString target;
     m_component->GetParent(name, target);
     QCOMPARE(target, name);
-    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT name FROM connection ORDER BY id DESC")).toString(), name);
+    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT name FROM connection ORDER BY id DESC")).toString(),
+             name);
 }
 
 void TestHvxRecords::ReplaceParentName_NodesStay()
@@ -372,7 +380,8 @@ void TestHvxRecords::ReplaceParentName_Refusals()
     QFETCH(QString, oldName);
     QFETCH(QString, newName);
 
-    QCOMPARE(ErrorOf([&] { m_component->ReplaceParentName(oldName, newName); }), DatabaseErrorNumber::Refused);
+    QCOMPARE(ErrorOf([&] { m_component->ReplaceParentName(oldName, newName); }),
+             DatabaseErrorNumber::Refused);
 
     QCOMPARE(IdOf(Alpha), QStringLiteral("1"));
 }

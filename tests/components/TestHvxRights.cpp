@@ -137,10 +137,12 @@ void TestHvxRights::Write_WithoutEditRight_RefusedAndNothingChanged_data()
     QTest::newRow("SaveParent") << WriteAction([=](HvxDatabase& db) { db.SaveParent(other, other); });
     QTest::newRow("SaveNode") << WriteAction(
         [=](HvxDatabase& db) { db.SaveNode(other, other, other, Alpha, other); });
-    QTest::newRow("ReplaceParentName") << WriteAction([=](HvxDatabase& db) { db.ReplaceParentName(Alpha, other); });
+    QTest::newRow("ReplaceParentName")
+        << WriteAction([=](HvxDatabase& db) { db.ReplaceParentName(Alpha, other); });
     QTest::newRow("ReplaceParentTarget")
         << WriteAction([=](HvxDatabase& db) { db.ReplaceParentTarget(Alpha, other); });
-    QTest::newRow("ReplaceNodeName") << WriteAction([=](HvxDatabase& db) { db.ReplaceNodeName(North, other); });
+    QTest::newRow("ReplaceNodeName") << WriteAction(
+        [=](HvxDatabase& db) { db.ReplaceNodeName(North, other); });
     QTest::newRow("ReplaceNodeTarget")
         << WriteAction([=](HvxDatabase& db) { db.ReplaceNodeTarget(North, Alpha, other); });
     QTest::newRow("DeleteParent") << WriteAction([=](HvxDatabase& db) { db.DeleteParent(Alpha, true); });

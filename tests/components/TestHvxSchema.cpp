@@ -90,7 +90,8 @@ void TestHvxSchema::Upgrade_TwoSteps_RunInOrder()
     schema.Prepare();
 
     QCOMPARE(schema.StoredVersion(), 3);
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT color FROM connection")).toString(), QStringLiteral("blue"));
+    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT color FROM connection")).toString(),
+             QStringLiteral("blue"));
 }
 
 void TestHvxSchema::Upgrade_UpToDate_RunsNothing()
@@ -116,8 +117,9 @@ void TestHvxSchema::Upgrade_SecondStepFails_FirstIsUndone()
 
     QCOMPARE(DatabaseFixture::ErrorOf([&] { schema.Prepare(); }), DatabaseErrorNumber::UpgradeFailed);
     QCOMPARE(schema.StoredVersion(), 1);
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT count(*) FROM pragma_table_info('connection')"
-                                           " WHERE name = 'color'"))
+    QCOMPARE(fixture
+                 .RunSql(QStringLiteral("SELECT count(*) FROM pragma_table_info('connection')"
+                                        " WHERE name = 'color'"))
                  .toInt(),
              0);
 }
@@ -166,8 +168,9 @@ void TestHvxSchema::Version_Stored_IsCurrent()
 {
     const DatabaseFixture fixture;
 
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT value FROM setting WHERE name = 'schema_version'")).toInt(),
-             HvxSchema::CurrentVersion);
+    QCOMPARE(
+        fixture.RunSql(QStringLiteral("SELECT value FROM setting WHERE name = 'schema_version'")).toInt(),
+        HvxSchema::CurrentVersion);
 }
 
 void TestHvxSchema::MissingObjects_CompleteDatabase_None()

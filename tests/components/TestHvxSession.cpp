@@ -291,9 +291,8 @@ void TestHvxSession::SchemaLost_UnderOpenSession_TablesMissing()
     fixture.RunSql(QStringLiteral("DROP TABLE users_text"));
 
     QString users;
-    QCOMPARE(DatabaseFixture::ErrorOf([&] {
-                 component->GetUsersList(QStringLiteral("Alpha"), QStringLiteral("Parent"), users);
-             }),
+    QCOMPARE(DatabaseFixture::ErrorOf(
+                 [&] { component->GetUsersList(QStringLiteral("Alpha"), QStringLiteral("Parent"), users); }),
              DatabaseErrorNumber::TablesMissing);
 }
 
