@@ -82,8 +82,7 @@ std::unique_ptr<HvxDatabase> CreateDatabaseComponent(const QString& id)
     if (const HvxDatabaseFactory factory = Table().factories.value(id.toUpper())) {
         if (std::unique_ptr<HvxDatabase> component = factory())
             return component;
-        throw ComponentError(CreationFailed, Source,
-                             QStringLiteral("Component %1 cannot be created.").arg(id));
+        throw ComponentError(CreationFailed, Source, QStringLiteral("Component %1 cannot be created.").arg(id));
     }
     const QStringList folders = Folders();
     for (const QString& folder : folders) {
@@ -93,6 +92,5 @@ std::unique_ptr<HvxDatabase> CreateDatabaseComponent(const QString& id)
                 return component;
         }
     }
-    throw ComponentError(ClassNotRegistered, Source,
-                         QStringLiteral("Component %1 is not registered.").arg(id));
+    throw ComponentError(ClassNotRegistered, Source, QStringLiteral("Component %1 is not registered.").arg(id));
 }

@@ -39,7 +39,4 @@ MachineSeams& Machine()
     return seams;
 }
 
-void ResetMachine()
-{
-    Machine() = Defaults();
-}
+void ResetMachine() { Machine() = Defaults(); }
