@@ -78,8 +78,7 @@ void DatabaseMaker::Build(const Catalogue& catalogue)
     const SqliteEngine& opener = *engine;
     SqlSession session;
     session.Connect(std::move(engine), [&](QSqlDatabase& database) { opener.ConnectNew(database, m_built); });
-    QSqlDatabase database = session.Database();
-    opener.Settle(database);
+    opener.Settle(session.Database());
     session.Begin();
     HvxSchema(session, HvxSchema::ScriptsOf(opener)).Create();
     WriteDefinitions(session, catalogue);

@@ -24,9 +24,9 @@ public:
     /// Raises ComponentError when the source is missing, no database or not writable. Changes nothing.
     virtual void CheckSource(const QString& source) const = 0;
     /// Opens the connection; raises ComponentError. The source is never created.
-    virtual void Connect(QSqlDatabase& database, const QString& source, int busyMs) const = 0;
+    virtual void Connect(QSqlDatabase& database, const QString& source, int busyMs) = 0;
     /// What a session sets once its database has proved to be a good one. Counts as no statement.
-    virtual void Settle(QSqlDatabase& database) const = 0;
+    virtual void Settle(const QSqlDatabase& database) const = 0;
 
     [[nodiscard]] virtual QString StatementText(HvxStatement statement) const;
     /// A query for the names of all tables, indexes and triggers.
@@ -41,7 +41,7 @@ public:
 
     /// A number that changes when the database has changed, the own changes included; to be asked inside a
     /// transaction, it costs no statement. Nothing when the engine cannot tell.
-    [[nodiscard]] virtual std::optional<quint32> DataVersion(QSqlDatabase& database) const = 0;
+    [[nodiscard]] virtual std::optional<quint32> DataVersion(const QSqlDatabase& database) const = 0;
     /// True when the engine undid the open transaction by itself, as it does when the disk is full.
-    [[nodiscard]] virtual bool HasLostTransaction(QSqlDatabase& database) const = 0;
+    [[nodiscard]] virtual bool HasLostTransaction(const QSqlDatabase& database) const = 0;
 };

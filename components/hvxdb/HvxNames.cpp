@@ -18,7 +18,16 @@ QString TrimBlanks(const QString& text)
 
 QString FoldedName(const QString& name)
 {
-    return TrimBlanks(name).toCaseFolded();
+    QString folded = TrimBlanks(name);
+    if (NeedsOwnKey(folded))
+        return folded.toCaseFolded();
+    // Nearly all names: plain letters, whose case is one bit.
+    for (qsizetype i = 0; i < folded.size(); ++i) {
+        const char16_t letter = folded.at(i).unicode();
+        if (letter >= u'A' && letter <= u'Z')
+            folded[i] = QChar(letter | 0x20);
+    }
+    return folded;
 }
 
 QString StoredName(const QString& name)

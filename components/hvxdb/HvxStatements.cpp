@@ -106,14 +106,14 @@ QString RecordText(HvxStatement statement)
     switch (statement) {
     case HvxStatement::NodeByName:
         // All that a click on a node asks, in one row.
-        return QStringLiteral("SELECT n.id, n.name, n.target, n.node_type, n.command_tail, n.manager_index,"
-                              " c.id, c.name, c.name_key, c.target,"
+        return QStringLiteral("SELECT n.id, n.target, n.node_type, n.command_tail, n.manager_index,"
+                              " c.id, c.name, c.target,"
                               " m.manager_index, m.path, m.command_text,"
                               " (SELECT value FROM setting WHERE name = 'definitions_version')"
                               " FROM node n LEFT JOIN connection c ON c.row_key = n.connection_key"
                               " LEFT JOIN manager m ON m.device = n.node_type WHERE n.name_key = ?");
     case HvxStatement::ConnectionByName:
-        return QStringLiteral("SELECT id, name, name_key, target,"
+        return QStringLiteral("SELECT id, target,"
                               " (SELECT value FROM setting WHERE name = 'definitions_version')"
                               " FROM connection WHERE name_key = ?");
     case HvxStatement::ManagerByDevice:

@@ -38,8 +38,7 @@ void HvxStore::Close()
 void HvxStore::Load()
 {
     HvxSchema(m_session, HvxSchema::ScriptsOf(m_session.Engine())).Prepare();
-    QSqlDatabase database = m_session.Database();
-    m_session.Engine().Settle(database);
+    m_session.Engine().Settle(m_session.Database());
     ReadState();
     m_loaded = true;
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
+
+#include <unordered_map>
 
 /// A connection as single-record reads need it.
 struct ConnectionRow
 {
     bool exists = false;
     qint32 id = 0;
-    QString name;
     QString target;
 };
 
@@ -25,7 +25,6 @@ struct NodeRow
 {
     bool exists = false;
     qint32 id = 0;
-    QString name;
     QString conName;
     QString target;
     QString nodeType;
@@ -37,9 +36,9 @@ struct NodeRow
 /// the transaction is open; its own writes and its end clear them.
 struct RecordCache
 {
-    QHash<QString, NodeRow> nodes;
-    QHash<QString, ConnectionRow> connections;
-    QHash<QString, ManagerRow> managers;
+    std::unordered_map<QString, NodeRow> nodes;
+    std::unordered_map<QString, ConnectionRow> connections;
+    std::unordered_map<QString, ManagerRow> managers;
 
     void Clear()
     {

@@ -10,14 +10,12 @@ namespace {
 enum NodeColumn
 {
     NodeId,
-    NodeName,
     NodeTarget,
     NodeType,
     NodeTail,
     NodeManager,
     ConId,
     ConName,
-    ConKey,
     ConTarget,
     ManagerIndex,
     ManagerPath,
@@ -30,7 +28,6 @@ NodeRow NodeOfRow(const SqlRows& rows)
     NodeRow node;
     node.exists = true;
     node.id = rows.Number(NodeId);
-    node.name = rows.Text(NodeName);
     node.target = rows.Text(NodeTarget);
     node.nodeType = rows.Text(NodeType);
     node.commandTail = rows.Text(NodeTail);
@@ -45,19 +42,17 @@ NodeRow RecordReader::Node(const QString& name) const
 {
     const QString key = FoldedName(name);
     RecordCache& cache = m_store->Cache();
-    if (const auto known = cache.nodes.constFind(key); known != cache.nodes.constEnd())
-        return *known;
+    if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
+        return known->second;
     NodeRow node;
     ConnectionRow connection;
     ManagerRow manager;
-    QString conKey;
     qint32 definitionsVersion = 0;
     {
         SqlRows rows = m_store->Session().Read(HvxStatement::NodeByName, {key});
         if (rows.Next()) {
             node = NodeOfRow(rows);
-            connection = {!rows.IsNull(ConId), rows.Number(ConId), rows.Text(ConName), rows.Text(ConTarget)};
-            conKey = rows.Text(ConKey);
+            connection = {!rows.IsNull(ConId), rows.Number(ConId), rows.Text(ConTarget)};
             manager = {rows.Text(ManagerIndex), rows.Text(ManagerPath), rows.Text(ManagerText)};
             definitionsVersion = rows.Number(NodeDefinitionsVersion);
         }
@@ -65,11 +60,11 @@ NodeRow RecordReader::Node(const QString& name) const
     if (node.exists)
         m_store->UseDefinitionsVersion(definitionsVersion);
     if (m_store->InTransaction()) {
-        cache.nodes.insert(key, node);
+        cache.nodes.emplace(key, node);
         if (connection.exists)
-            cache.connections.insert(conKey, connection);
+            cache.connections.insert_or_assign(FoldedName(node.conName), connection);
         if (node.exists)
-            cache.managers.insert(node.nodeType, manager);
+            cache.managers.insert_or_assign(node.nodeType, manager);
     }
     return node;
 }
@@ -78,35 +73,35 @@ ConnectionRow RecordReader::Connection(const QString& name) const
 {
     const QString key = FoldedName(name);
     RecordCache& cache = m_store->Cache();
-    if (const auto known = cache.connections.constFind(key); known != cache.connections.constEnd())
-        return *known;
+    if (const auto known = cache.connections.find(key); known != cache.connections.end())
+        return known->second;
     ConnectionRow connection;
     qint32 definitionsVersion = 0;
     {
         SqlRows rows = m_store->Session().Read(HvxStatement::ConnectionByName, {key});
         if (rows.Next()) {
-            connection = {true, rows.Number(0), rows.Text(1), rows.Text(3)};
-            definitionsVersion = rows.Number(4);
+            connection = {true, rows.Number(0), rows.Text(1)};
+            definitionsVersion = rows.Number(2);
         }
     }
     if (connection.exists)
         m_store->UseDefinitionsVersion(definitionsVersion);
     if (m_store->InTransaction())
-        cache.connections.insert(key, connection);
+        cache.connections.insert_or_assign(key, connection);
     return connection;
 }
 
 ManagerRow RecordReader::Manager(const QString& device) const
 {
     RecordCache& cache = m_store->Cache();
-    if (const auto known = cache.managers.constFind(device); known != cache.managers.constEnd())
-        return *known;
+    if (const auto known = cache.managers.find(device); known != cache.managers.end())
+        return known->second;
     ManagerRow manager;
     SqlRows rows = m_store->Session().Read(HvxStatement::ManagerByDevice, {device.trimmed()});
     if (rows.Next())
         manager = {rows.Text(0), rows.Text(1), rows.Text(2)};
     if (m_store->InTransaction())
-        cache.managers.insert(device, manager);
+        cache.managers.insert_or_assign(device, manager);
     return manager;
 }
 

@@ -36,18 +36,18 @@ void SqlSession::Connect(const QString& source)
 {
     std::unique_ptr<HvxEngine> engine = HvxEngine::ForSource(source);
     engine->CheckSource(source);
-    const HvxEngine& opener = *engine;
+    HvxEngine& opener = *engine;
     Connect(std::move(engine), [&](QSqlDatabase& database) { opener.Connect(database, source, m_busyMs); });
 }
 
 void SqlSession::Connect(std::unique_ptr<HvxEngine> engine, const std::function<void(QSqlDatabase&)>& open)
 {
     Disconnect();
-    m_name = QStringLiteral("hvxdb-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const QString name = QStringLiteral("hvxdb-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_engine = std::move(engine);
     try {
-        QSqlDatabase database = QSqlDatabase::addDatabase(m_engine->Driver(), m_name);
-        open(database);
+        m_database = QSqlDatabase::addDatabase(m_engine->Driver(), name);
+        open(m_database);
     } catch (...) {
         Disconnect();
         throw;
@@ -63,15 +63,16 @@ void SqlSession::Disconnect()
     m_levels.clear();
     m_lost = false;
     // Closing undoes an open transaction.
-    Database().close();
-    QSqlDatabase::removeDatabase(m_name);
+    const QString name = m_database.connectionName();
+    m_database.close();
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(name);
     m_engine.reset();
 }
 
 std::optional<quint32> SqlSession::DataVersion() const
 {
-    QSqlDatabase database = Database();
-    return m_engine->DataVersion(database);
+    return m_engine->DataVersion(m_database);
 }
 
 QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
@@ -223,10 +224,8 @@ void SqlSession::CheckNotLost() const
 
 void SqlSession::Raise(const QSqlError& error)
 {
-    if (!m_levels.empty()) {
-        QSqlDatabase database = Database();
-        m_lost = m_lost || m_engine->HasLostTransaction(database);
-    }
+    if (!m_levels.empty())
+        m_lost = m_lost || m_engine->HasLostTransaction(m_database);
     RaiseFailure(m_engine->ErrorNumber(error), error.text());
 }
 

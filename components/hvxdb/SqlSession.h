@@ -55,7 +55,7 @@ public:
     [[nodiscard]] bool IsConnected() const { return m_engine != nullptr; }
 
     [[nodiscard]] const HvxEngine& Engine() const { return *m_engine; }
-    [[nodiscard]] QSqlDatabase Database() const { return QSqlDatabase::database(m_name, false); }
+    [[nodiscard]] const QSqlDatabase& Database() const { return m_database; }
     /// See HvxEngine::DataVersion.
     [[nodiscard]] std::optional<quint32> DataVersion() const;
 
@@ -100,7 +100,7 @@ private:
     void CheckNotLost() const;
 
     std::unique_ptr<HvxEngine> m_engine;
-    QString m_name;
+    QSqlDatabase m_database;
     int m_busyMs = 2000;
     std::array<std::optional<QSqlQuery>, static_cast<size_t>(HvxStatement::Count)> m_statements;
     std::vector<TransactionLevel> m_levels;

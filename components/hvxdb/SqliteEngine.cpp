@@ -1,6 +1,7 @@
 #include "components/hvxdb/SqliteEngine.h"
 
 #include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/SqlitePairList.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -49,14 +50,14 @@ void Open(QSqlDatabase& database, const QString& source, const QString& mode, in
     }
 }
 
-void RunPragma(QSqlDatabase& database, const QString& text)
+void RunPragma(const QSqlDatabase& database, const QString& text)
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
     query.exec(text);
 }
 
-bool UsesWal(QSqlDatabase& database)
+bool UsesWal(const QSqlDatabase& database)
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
@@ -66,7 +67,7 @@ bool UsesWal(QSqlDatabase& database)
 
 /// The driver's own handle; null when the driver was built with another copy of the library than we were,
 /// since a handle must not cross from one copy to another.
-sqlite3* SharedHandle(QSqlDatabase& database)
+sqlite3* SharedHandle(const QSqlDatabase& database)
 {
     const QVariant handle = database.driver()->handle();
     if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
@@ -101,9 +102,11 @@ void SqliteEngine::CheckSource(const QString& source) const
                      QStringLiteral("The folder %1 is read-only.").arg(folder.absoluteFilePath()));
 }
 
-void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int busyMs) const
+void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int busyMs)
 {
     Open(database, source, QStringLiteral("rw"), busyMs, *this);
+    sqlite3* handle = SharedHandle(database);
+    m_buildsLists = handle && AddPairListFunction(handle);
 }
 
 void SqliteEngine::ConnectNew(QSqlDatabase& database, const QString& source) const
@@ -111,7 +114,7 @@ void SqliteEngine::ConnectNew(QSqlDatabase& database, const QString& source) con
     Open(database, source, QStringLiteral("rwc"), 0, *this);
 }
 
-void SqliteEngine::Settle(QSqlDatabase& database) const
+void SqliteEngine::Settle(const QSqlDatabase& database) const
 {
     // Readers go on beside a writer only with a write-ahead log. A database that cannot be switched now,
     // because someone has it open, works without one.
@@ -121,6 +124,18 @@ void SqliteEngine::Settle(QSqlDatabase& database) const
     // the last commits and can never damage the database, which is what operators need.
     RunPragma(database, QStringLiteral("PRAGMA synchronous = NORMAL"));
     RunPragma(database, QStringLiteral("PRAGMA foreign_keys = ON"));
+    // In KiB: enough for the inner pages of a million nodes, so that a look-up reads one page or two.
+    RunPragma(database, QStringLiteral("PRAGMA cache_size = -16384"));
+}
+
+QString SqliteEngine::StatementText(HvxStatement statement) const
+{
+    QString text = StandardStatementText(statement);
+    if (m_buildsLists) {
+        text.replace(QLatin1String("group_concat(name || char(9) || id, char(9))"),
+                     QLatin1String("pair_list(name, id)"));
+    }
+    return text;
 }
 
 QString SqliteEngine::ObjectNamesText() const
@@ -162,7 +177,7 @@ quint32 SqliteEngine::ErrorNumber(const QSqlError& error) const
     }
 }
 
-std::optional<quint32> SqliteEngine::DataVersion(QSqlDatabase& database) const
+std::optional<quint32> SqliteEngine::DataVersion(const QSqlDatabase& database) const
 {
     sqlite3* handle = SharedHandle(database);
     unsigned int version = 0;
@@ -171,7 +186,7 @@ std::optional<quint32> SqliteEngine::DataVersion(QSqlDatabase& database) const
     return version;
 }
 
-bool SqliteEngine::HasLostTransaction(QSqlDatabase& database) const
+bool SqliteEngine::HasLostTransaction(const QSqlDatabase& database) const
 {
     sqlite3* handle = SharedHandle(database);
     return handle && sqlite3_get_autocommit(handle) != 0;

@@ -1,4 +1,5 @@
 #include "components/hvxdb/RecordLists.h"
+#include "components/hvxdb/SqliteEngine.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QTest>
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void Counts_AllAndOfConnection();
     void ControlCharacters_InNames_BecomeBlanks_data();
     void ControlCharacters_InNames_BecomeBlanks();
+    void Lists_BuiltInSqlAlone_AreTheSame();
     void List_CostsOneStatement();
     void Counts_UseIndexes_data();
     void Counts_UseIndexes();
@@ -47,6 +49,16 @@ void AddNodes(const DatabaseFixture& fixture, const QString& conName, int count)
     }
     writer->Commit();
 }
+
+/// As when the driver was built with another copy of the library: nothing but SQL reaches the database.
+class SqlOnlyEngine : public SqliteEngine
+{
+public:
+    [[nodiscard]] QString StatementText(HvxStatement statement) const override
+    {
+        return StandardStatementText(statement);
+    }
+};
 
 qsizetype PairCount(const QString& list)
 {
@@ -323,6 +335,35 @@ void TestHvxQueries::ControlCharacters_InNames_BecomeBlanks()
     component->QueryNodesWithIdEx(QStringLiteral("Gamma"), QString(), list, position);
     QCOMPARE(list, QStringLiteral("a b\t7"));
     QCOMPARE(position, 0);
+}
+
+void TestHvxQueries::Lists_BuiltInSqlAlone_AreTheSame()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    component->SaveNode(QStringLiteral("Ölfeld \U0001F600"), QString(), QString(), QStringLiteral("Gamma"),
+                        QString());
+    component->SaveNode(QStringLiteral("a\tb\u0085c\u00a0d"), QString(), QString(), QStringLiteral("Gamma"),
+                        QString());
+    HvxStore store;
+    store.Open(fixture.Source());
+    auto engine = std::make_unique<SqlOnlyEngine>();
+    SqlOnlyEngine& opener = *engine;
+    store.Session().Connect(std::move(engine),
+                            [&](QSqlDatabase& database) { opener.Connect(database, fixture.Source(), 0); });
+    const RecordLists lists(store);
+
+    for (const qint32 start : {0, -2, 4, -100, 100}) {
+        QString list;
+        qint32 position = start;
+        qint32 otherPosition = start;
+        component->QueryNodesWithIdEx(QString(), QString(), list, position);
+        QCOMPARE(lists.Nodes(QString(), QString(), otherPosition), list);
+        QCOMPARE(otherPosition, position);
+    }
+    QCOMPARE(lists.NodesOfConnection(QStringLiteral("Gamma")),
+             QStringLiteral("Ölfeld \U0001F600\t7\ta b c\u00a0d\t8"));
+    QCOMPARE(lists.Connections(QString()), QStringLiteral("Alpha\t1\tBeta\t2\tGamma\t3"));
 }
 
 void TestHvxQueries::List_CostsOneStatement()

@@ -1,5 +1,6 @@
 #include "components/hvxdb/RecordWriter.h"
 #include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/SqliteEngine.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QTest>
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void Cache_OwnWrite_IsSeen();
     void Cache_RolledBackWrite_IsForgotten();
     void Cache_MissingNames_CostOneStatement();
+    void EngineWithoutDataVersion_AsksAtEachBegin();
     void Definitions_ChangedByOther_ReadAtNextBegin();
     void Definitions_ChangedByOther_ReadByDirectRead();
 };
@@ -41,6 +43,16 @@ namespace {
 
 const QString North = QStringLiteral("North");
 const QString Alpha = QStringLiteral("Alpha");
+
+/// An engine that cannot tell whether the database has changed.
+class BlindEngine : public SqliteEngine
+{
+public:
+    [[nodiscard]] std::optional<quint32> DataVersion(const QSqlDatabase&) const override
+    {
+        return std::nullopt;
+    }
+};
 
 void Begin(HvxDatabase& component)
 {
@@ -433,6 +445,26 @@ void TestHvxTransactions::Cache_MissingNames_CostOneStatement()
     QCOMPARE(answer, QStringLiteral("FALSE"));
     QCOMPARE(id, QString());
     QCOMPARE(component->StatementCount() - before, 1);
+}
+
+void TestHvxTransactions::EngineWithoutDataVersion_AsksAtEachBegin()
+{
+    const DatabaseFixture fixture;
+    HvxStore store;
+    store.Open(fixture.Source());
+    auto engine = std::make_unique<BlindEngine>();
+    BlindEngine& opener = *engine;
+    store.Session().Connect(std::move(engine),
+                            [&](QSqlDatabase& database) { opener.Connect(database, fixture.Source(), 0); });
+    store.Begin();
+    store.Commit();
+    fixture.RunSql(QStringLiteral("INSERT INTO cam_lock VALUES (1, 'token', 'anna', 'elsewhere', 1, 0)"));
+
+    QCOMPARE(DatabaseFixture::ErrorOf([&] { store.Begin(); }), DatabaseErrorNumber::InUse);
+
+    fixture.RunSql(QStringLiteral("DELETE FROM cam_lock"));
+    store.Begin();
+    store.Commit();
 }
 
 void TestHvxTransactions::Definitions_ChangedByOther_ReadAtNextBegin()
