@@ -48,6 +48,9 @@ public:
     void ClearTable();
 
 private:
+    /// The first used row that holds `name` in that column; 0 when there is none.
+    [[nodiscard]] int FindRow(const QString& name, int searchColumn) const;
+
     int m_row = 0;
     int m_col = 0;
     QString m_shortName;
