@@ -38,7 +38,8 @@ public:
     /// Closes the component's database; DatabaseOpen stays as it was. False without a message on an error.
     bool CloseDb();
 
-    // Transactions --------------------------------------------------------------------------------------------
+    // Transactions
+    // --------------------------------------------------------------------------------------------
 
     /// Asks the operator on a sharing conflict. False: no transaction, the caller tells.
     bool BeginTransactionDb(bool& transactionOpen);
@@ -51,7 +52,8 @@ public:
     /// Rolls back and tells, by the error's number.
     void ReportDatabaseFailure(quint32 errorNumber, bool& transactionOpen);
 
-    // Connections ---------------------------------------------------------------------------------------------
+    // Connections
+    // ---------------------------------------------------------------------------------------------
 
     bool QueryParentsDb(QString& list);
     bool GetParentWPListDb(const QString& name, QString& list) override;
@@ -67,7 +69,8 @@ public:
     /// `name` is trimmed in place. The nodes go first.
     bool DeleteConnectionDb(QString& name);
 
-    // Nodes -----------------------------------------------------------------------------------------------------
+    // Nodes
+    // -----------------------------------------------------------------------------------------------------
 
     bool GetNodeCountDb(qint32& count);
     bool QueryNodesDb(const QString& filter1, const QString& filter2, QString& list, qint32& position);
@@ -77,8 +80,8 @@ public:
     bool GetNodeIDDb(const QString& name, QString& id);
     bool GetNodeNmaTagDb(const QString& name, QString& nodeType, QString& tail);
     bool NodeNameExistDb(const QString& name, bool& exists);
-    bool SaveNodeDb(const QString& name, const QString& nodeType, const QString& target, const QString& conName,
-                    const QString& commandTail);
+    bool SaveNodeDb(const QString& name, const QString& nodeType, const QString& target,
+                    const QString& conName, const QString& commandTail);
     bool ReplaceNodeNameDb(const QString& oldName, const QString& newName);
     bool ReplaceNodeTargetDb(const QString& name, const QString& conName, const QString& target);
     bool DeleteNodeDb(const QString& name);
@@ -118,7 +121,8 @@ public:
     };
     bool GetGridParameterDataDb(const QString& waypoint, const QString& keyword, GridParameter& data);
 
-    // Managers and rights ------------------------------------------------------------------------------------
+    // Managers and rights
+    // ------------------------------------------------------------------------------------
 
     bool GetNMAInfoDb(const QString& name, QString& path, QString& commandText, QString& index);
     bool GetNMANamesDb(QString& list) override;
@@ -126,11 +130,13 @@ public:
     /// Sets ScanRight and EditRight; both False on an error.
     bool SetUserSecurityDb();
 
-    // Journal ------------------------------------------------------------------------------------------------
+    // Journal
+    // ------------------------------------------------------------------------------------------------
 
     bool GetJournalLastIdDb(qint32& id);
     bool GetJournalChangesAfterIdDb(qint32 afterId, QString& list);
-    bool GetJournalRecordByIdDb(qint32 id, qint32& recordType, QString& text1, qint32& number, QString& text2);
+    bool GetJournalRecordByIdDb(qint32 id, qint32& recordType, QString& text1, qint32& number,
+                                QString& text2);
     bool JournalClearByDayLimitDb(qint32 dayLimit, qint32 daysToKeep);
     bool JournalClearByRecordLimitDb(qint32 recordLimit, qint32 recordsToKeep);
 

@@ -50,8 +50,17 @@ bool InputBox(const QString& prompt, const QString& title, QString& value)
     return current->ShowInputBox(prompt, title.isEmpty() ? ApplicationTitle() : title, value);
 }
 
-QString ApplicationTitle() { return QStringLiteral("Zelka Connection Browser"); }
+QString ApplicationTitle()
+{
+    return QStringLiteral("Zelka Connection Browser");
+}
 
-QString ErrorBoxTitle() { return ApplicationTitle() + QStringLiteral(" - Error"); }
+QString ErrorBoxTitle()
+{
+    return ApplicationTitle() + QStringLiteral(" - Error");
+}
 
-void ErrorBox(const QString& text) { MsgBox(text, ErrorBoxFlags(), ErrorBoxTitle()); }
+void ErrorBox(const QString& text)
+{
+    MsgBox(text, ErrorBoxFlags(), ErrorBoxTitle());
+}

@@ -57,7 +57,10 @@ QString ApplicationTitle();
 QString ErrorBoxTitle();
 
 /// Flags of every error box: critical icon, OK button.
-constexpr int ErrorBoxFlags() { return BoxFlags::Critical; }
+constexpr int ErrorBoxFlags()
+{
+    return BoxFlags::Critical;
+}
 
 /// Shows `text` in an error box.
 void ErrorBox(const QString& text);
