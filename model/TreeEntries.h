@@ -122,7 +122,8 @@ public:
     [[nodiscard]] int DepthOf(const QModelIndex& index) const override;
     [[nodiscard]] bool IsExpanded(const QModelIndex& index) const override;
     void SetExpanded(const QModelIndex& index, bool expanded) override;
-    [[nodiscard]] QModelIndex FindVisibleByPrefix(const QModelIndex& from, const QString& prefix) const override;
+    [[nodiscard]] QModelIndex FindVisibleByPrefix(const QModelIndex& from,
+                                                  const QString& prefix) const override;
 
     /// Bytes held for all entries, indexes included; for measurements.
     [[nodiscard]] qint64 MemoryBytes() const;
