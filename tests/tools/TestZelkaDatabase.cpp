@@ -479,13 +479,21 @@ void TestZelkaDatabase::Unavailable_AnyCommand_EndsWithThree()
 void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("list") << QStringList{"list", "nodes"};
-    QTest::newRow("import") << QStringList{"db", "import", "-"};
+    QTest::addColumn<QString>("words");
+    const QString denied = "Database access is denied, because another application is using it.";
+    const QString inUse = "The database is in use by another program: ";
+    QTest::newRow("list connections") << QStringList{"list", "connections"} << denied;
+    QTest::newRow("list nodes") << QStringList{"list", "nodes"} << denied;
+    QTest::newRow("target") << QStringList{"target", "Tower"} << denied;
+    QTest::newRow("import") << QStringList{"db", "import", "-"} << inUse;
+    QTest::newRow("rights") << QStringList{"db", "rights", "u", "--scan", "no", "--edit", "no"} << inUse;
+    QTest::newRow("managers") << QStringList{"db", "managers", "add", "x", "y"} << inUse;
 }
 
 void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree()
 {
     QFETCH(QStringList, arguments);
+    QFETCH(QString, words);
     const ZelkaRunner zelka;
     zelka.MakeSmallDatabase();
     sqlite3* other = nullptr;
@@ -494,12 +502,15 @@ void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree()
         sqlite3_exec(other, "BEGIN EXCLUSIVE; UPDATE setting SET value = value;", nullptr, nullptr, nullptr),
         SQLITE_OK);
 
-    const ZelkaResult result = zelka.Run(arguments, "kind,name,target\nconnection,x,WP=LAN\n");
+    const ZelkaResult result =
+        zelka.Run(arguments + QStringList{"--json"}, "kind,name,target\nconnection,x,WP=LAN\n");
     sqlite3_exec(other, "ROLLBACK;", nullptr, nullptr, nullptr);
     sqlite3_close(other);
 
     QCOMPARE(result.code, 3);
-    QVERIFY2(result.words.startsWith("zelka: "), result.words.constData());
+    QVERIFY2(result.Words().startsWith("zelka: " + words), result.words.constData());
+    QCOMPARE(result.words.count('\n'), 1);
+    QVERIFY2(result.Json().object().value("error").toString().startsWith(words), result.data.constData());
     QCOMPARE(zelka.Run({"list", "nodes"}).Lines(), QStringList{"Tower"});
 }
 

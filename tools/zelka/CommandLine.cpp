@@ -22,6 +22,14 @@ ExitCode ExitCodeOf(const ComponentError& error)
     return error.Number() == DatabaseErrorNumber::Refused ? ExitCode::Refused : ExitCode::DatabaseUnavailable;
 }
 
+/// The engine's words for a busy database say little to an operator.
+QString WordsOf(const ComponentError& error)
+{
+    if (error.Number() == DatabaseErrorNumber::InUse)
+        return QStringLiteral("The database is in use by another program: %1").arg(error.Description());
+    return error.Description();
+}
+
 /// An unknown word in place of a command reads better than the command that is missing then.
 std::string FailureText(const CLI::App* app, const CLI::Error& error)
 {
@@ -61,7 +69,7 @@ ExitCode Run(CommandContext& context)
         output.Failure(error.Text(), error.Told());
         return error.Code();
     } catch (const ComponentError& error) {
-        output.Failure(error.Description(), false);
+        output.Failure(WordsOf(error), false);
         return ExitCodeOf(error);
     } catch (const std::bad_alloc&) {
         output.Failure(QStringLiteral("There is not enough memory for this."), false);
