@@ -70,7 +70,8 @@ void TestComponentPlugin::Create_ErrorsOfPlugin_AreCaughtByCaller()
     qputenv("ZELKA_DBS32", "/nowhere/Dbs.mdb");
     const std::unique_ptr<HvxDatabase> component = CreateDatabaseComponent(HvxDatabaseId);
 
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { component->OpenDatabase(); }), DatabaseErrorNumber::SourceMissing);
+    QCOMPARE(DatabaseFixture::ErrorOf([&] { component->OpenDatabase(); }),
+             DatabaseErrorNumber::SourceMissing);
 }
 
 void TestComponentPlugin::Create_FolderWithoutPlugin_NotRegistered()
@@ -92,7 +93,8 @@ void TestComponentPlugin::Create_OtherId_NotRegistered()
 void TestComponentPlugin::Create_RegisteredFactory_GoesFirst()
 {
     const DatabaseFixture fixture;
-    RegisterComponent(HvxDatabaseId, [&] { return std::make_unique<HvxDatabaseComponent>(fixture.Source()); });
+    RegisterComponent(HvxDatabaseId,
+                      [&] { return std::make_unique<HvxDatabaseComponent>(fixture.Source()); });
 
     const std::unique_ptr<HvxDatabase> component = CreateDatabaseComponent(HvxDatabaseId);
     component->OpenDatabase();

@@ -62,7 +62,10 @@ QByteArray BytesOf(const QString& file)
     return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
 }
 
-QStringList FilesIn(const QString& folder) { return QDir(folder).entryList(QDir::Files, QDir::Name); }
+QStringList FilesIn(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files, QDir::Name);
+}
 
 NodeRecord SimpleNode(const QString& name, const QString& conName)
 {
@@ -176,7 +179,8 @@ void TestHvxAdministration::Create_PlaceNotWritable_RefusedWithoutRemains()
     QVERIFY(QFile(file).open(QIODevice::WriteOnly));
 
     QCOMPARE(DatabaseFixture::ErrorOf([&] {
-                 CreateHvxDatabase(file + QStringLiteral("/Dbs.mdb"), DatabaseFixture::BuiltInCatalogue(), true);
+                 CreateHvxDatabase(file + QStringLiteral("/Dbs.mdb"), DatabaseFixture::BuiltInCatalogue(),
+                                   true);
              }),
              DatabaseErrorNumber::Refused);
 
@@ -297,7 +301,8 @@ void TestHvxAdministration::ForEachNode_Under_OnlyThoseOfConnection()
 
     QStringList names;
     administration->ForEachNode(QStringLiteral("ALPHA"), [&](const NodeRecord& node) { names << node.name; });
-    administration->ForEachNode(QStringLiteral("Nowhere"), [&](const NodeRecord& node) { names << node.name; });
+    administration->ForEachNode(QStringLiteral("Nowhere"),
+                                [&](const NodeRecord& node) { names << node.name; });
 
     QCOMPARE(names, (QStringList{North, QStringLiteral("South")}));
 }
@@ -362,15 +367,15 @@ void TestHvxAdministration::BulkWriter_Failures_Refused_data()
         [](HvxBulkWriter& writer) { writer.AddConnection(QStringLiteral("north"), QString()); });
     QTest::newRow("taken node") << BulkAction(
         [](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(QStringLiteral("NORTH"), Alpha)); });
-    QTest::newRow("node like connection")
-        << BulkAction([](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(QStringLiteral("beta"), Alpha)); });
+    QTest::newRow("node like connection") << BulkAction(
+        [](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(QStringLiteral("beta"), Alpha)); });
     QTest::newRow("unknown connection")
         << BulkAction([=](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(other, other)); });
     QTest::newRow("unknown manager") << BulkAction([=](HvxBulkWriter& writer) { writer.AddNode(managed); });
     QTest::newRow("manager is no number")
         << BulkAction([=](HvxBulkWriter& writer) { writer.AddNode(wrongIndex); });
-    QTest::newRow("empty name")
-        << BulkAction([](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(QStringLiteral(" "), Alpha)); });
+    QTest::newRow("empty name") << BulkAction(
+        [](HvxBulkWriter& writer) { writer.AddNode(SimpleNode(QStringLiteral(" "), Alpha)); });
     QTest::newRow("update of unknown connection")
         << BulkAction([=](HvxBulkWriter& writer) { writer.UpdateConnection(other, other); });
     QTest::newRow("update of unknown node")
@@ -446,12 +451,14 @@ void TestHvxAdministration::BulkWriter_IdsAndJournal_AreThoseOfSingleWrites()
     writer->AddNode(SimpleNode(QStringLiteral("B"), Alpha));
     writer->Commit();
 
-    QCOMPARE(fixture
-                 .RunSql(QStringLiteral("SELECT group_concat(record_type || ' ' || text1 || ' ' || number) FROM"
-                                        " (SELECT * FROM journal WHERE id > 7 ORDER BY id)"))
+    QCOMPARE(
+        fixture
+            .RunSql(QStringLiteral("SELECT group_concat(record_type || ' ' || text1 || ' ' || number) FROM"
+                                   " (SELECT * FROM journal WHERE id > 7 ORDER BY id)"))
+            .toString(),
+        QStringLiteral("30 A 7,41 Alpha 8,30 B 9"));
+    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT group_concat(id) FROM node WHERE name IN ('A', 'B')"))
                  .toString(),
-             QStringLiteral("30 A 7,41 Alpha 8,30 B 9"));
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT group_concat(id) FROM node WHERE name IN ('A', 'B')")).toString(),
              QStringLiteral("7,9"));
 }
 
@@ -472,7 +479,8 @@ void TestHvxAdministration::Managers_AddAndRemove()
     const DatabaseFixture fixture;
     const auto administration = HvxAdministration::Open(fixture.Source());
 
-    QCOMPARE(administration->AddManager(QStringLiteral(" NEMML "), QStringLiteral("/opt/mml"), QStringLiteral("-q")),
+    QCOMPARE(administration->AddManager(QStringLiteral(" NEMML "), QStringLiteral("/opt/mml"),
+                                        QStringLiteral("-q")),
              QStringLiteral("2"));
     std::vector<ManagerRecord> managers = administration->Managers();
     QCOMPARE(managers.size(), 2U);
@@ -554,7 +562,8 @@ void TestHvxAdministration::Check_Damage_IsNamed_data()
     QTest::newRow("Journal beyond the sequence")
         << QStringLiteral("INSERT INTO journal (record_type, text1, number) VALUES (30, 'x', 99)")
         << QStringLiteral("Journal: 1 records name ids that were never given.");
-    QTest::newRow("definitions") << QStringLiteral("UPDATE parameter SET keyword = 'TIME' WHERE keyword = 'RETRY'")
+    QTest::newRow("definitions") << QStringLiteral(
+                                        "UPDATE parameter SET keyword = 'TIME' WHERE keyword = 'RETRY'")
                                  << QStringLiteral("Definitions: ");
     QTest::newRow("index") << QStringLiteral("DROP INDEX node_connection")
                            << QStringLiteral("Schema: node_connection is missing.");
@@ -580,7 +589,9 @@ void TestHvxAdministration::Check_Damage_IsNamed()
 void TestHvxAdministration::Check_DamagedPages_AreNamed()
 {
     const DatabaseFixture fixture;
-    const int page = fixture.RunSql(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE name = 'users_text'")).toInt();
+    const int page =
+        fixture.RunSql(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE name = 'users_text'"))
+            .toInt();
     const int size = fixture.RunSql(QStringLiteral("PRAGMA page_size")).toInt();
     QFile file(fixture.Source());
     QVERIFY(file.open(QIODevice::ReadWrite));

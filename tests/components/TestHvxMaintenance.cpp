@@ -122,7 +122,8 @@ void TestHvxMaintenance::Lock_Twice_InUse()
     const auto second = HvxAdministration::Open(fixture.Source());
     const auto lock = first->LockForMaintenance();
 
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { (void)second->LockForMaintenance(); }), DatabaseErrorNumber::InUse);
+    QCOMPARE(DatabaseFixture::ErrorOf([&] { (void)second->LockForMaintenance(); }),
+             DatabaseErrorNumber::InUse);
 }
 
 void TestHvxMaintenance::Lock_OfLivingProcess_IsNotDeadAndNotFreed()
