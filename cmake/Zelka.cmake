@@ -7,6 +7,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
 
@@ -26,6 +27,8 @@ if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
+# Qt's definitions that differ from folder to folder would keep the tests from sharing precompiled headers.
+set_property(TARGET Qt6::Test PROPERTY INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
 find_package(SQLite3 REQUIRED)
 find_package(CLI11 REQUIRED)
 

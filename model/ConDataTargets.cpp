@@ -142,7 +142,6 @@ QString BusScanningTarget(const ConData& con)
 
 bool ConData::CheckTarget(const QString& target, int flag)
 {
-    TargetString.clear();
     QString reformatted;
     bool valid = false;
     if (!LookupDatabase().CheckTargetSyntaxDb(target, flag, reformatted, valid) || !valid)
@@ -153,6 +152,7 @@ bool ConData::CheckTarget(const QString& target, int flag)
 
 bool ConData::SetTargetString(bool nodeTarget)
 {
+    TargetString.clear();
     QString target;
     target.reserve(TargetCapacity(*this, ConWpCount));
     bool firstHop = true;
@@ -171,6 +171,7 @@ bool ConData::SetTargetString(bool nodeTarget)
 
 bool ConData::SetTargetStringForBusScanning()
 {
+    TargetString.clear();
     return CheckTarget(BusScanningTarget(*this), ConnectionTargetFlag);
 }
 

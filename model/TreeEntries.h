@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+struct TreeKey;
+
 /// One new entry of a batch: id of the record and its name.
 struct NewTreeEntry
 {
@@ -130,5 +132,13 @@ public:
 
 private:
     class Store;
+
+    int AddBatch(Index parent, char kind, std::span<const NewTreeEntry> entries, qint32 conId);
+    Index AddOne(Index parent, const TreeKey& key, QStringView text);
+    void DestroyBelow(std::vector<quint32> entries);
+    [[nodiscard]] QModelIndex IndexOf(quint32 entry) const;
+    [[nodiscard]] bool StandsBefore(quint32 left, quint32 right) const;
+    void TellChange(Index entry);
+
     std::unique_ptr<Store> m_store;
 };

@@ -3,13 +3,11 @@
 NamedValues::NamedValues()
     : m_settings(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
                                              QStringLiteral("Zelka"), QStringLiteral("NamedValues")))
-{
-}
+{}
 
 NamedValues::NamedValues(const QString& iniFile)
     : m_settings(std::make_unique<QSettings>(iniFile, QSettings::IniFormat))
-{
-}
+{}
 
 std::optional<QString> NamedValues::Read(const QString& name) const
 {

@@ -24,10 +24,15 @@ public:
     bool SyntaxValid = true;
     QString Rewritten;
 
-    /// Items joined by tabs.
-    static QString List(const QStringList& items) { return items.join(TabChar); }
+    /// Items joined by tabs; empty ones at the end are left out, since a list never ends in a tab.
+    static QString List(QStringList items)
+    {
+        while (!items.isEmpty() && items.last().isEmpty())
+            items.removeLast();
+        return items.join(TabChar);
+    }
 
-    /// The told form of a target: number of hops, then for each its number of pairs and the pairs.
+    /// The item list of a target: number of hops, then for each its number of pairs and the pairs.
     static QString TargetItems(const QString& target)
     {
         QStringList items;
