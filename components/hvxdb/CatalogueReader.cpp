@@ -137,7 +137,9 @@ void CatalogueReader::ReadParameters(const QJsonArray& rows, const QString& wher
         const QJsonObject row = rows.at(i).toObject();
         if (!rows.at(i).isObject())
             Problem(rowWhere, QStringLiteral("must be an object"));
-        else if (groupsAllowed && row.contains(QStringLiteral("group")))
+        else if (row.contains(QStringLiteral("group")) && !groupsAllowed)
+            Problem(rowWhere, QStringLiteral("a group must not hold a group"));
+        else if (row.contains(QStringLiteral("group")))
             ReadGroupRow(row, rowWhere, parameters);
         else
             parameters.push_back(ReadParameter(row, rowWhere));
