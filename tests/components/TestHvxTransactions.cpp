@@ -309,8 +309,8 @@ void TestHvxTransactions::EngineUndidTransaction_LaterWrites_AreRefusedUntilRoll
     store.Begin();
     // As the engine does by itself when the disk is full.
     QVERIFY(DatabaseFixture::ErrorOf([&] {
-                store.Session().RunText(
-                    QStringLiteral("INSERT OR ROLLBACK INTO connection (name, name_key) VALUES ('A', 'alpha')"));
+                store.Session().RunText(QStringLiteral(
+                    "INSERT OR ROLLBACK INTO connection (name, name_key) VALUES ('A', 'alpha')"));
             }) != 0);
     store.Rollback();
 

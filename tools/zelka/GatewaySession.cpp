@@ -1,0 +1,85 @@
+#include "tools/zelka/GatewaySession.h"
+
+#include "components/hvxdb/HvxAdministration.h"
+#include "database/DatabaseClass.h"
+#include "database/DatabaseState.h"
+#include "model/ModelState.h"
+#include "tools/zelka/CommandError.h"
+
+GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_before(SetBoxPresenter(this))
+{
+    SetDataSource(context.Source());
+    Database().DbObject = std::make_unique<DatabaseClass>();
+    Model().Database = Database().DbObject.get();
+    Model().ConObject = std::make_unique<ConData>();
+    try {
+        Require(Gateway().OpenDb());
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+GatewaySession::~GatewaySession()
+{
+    Close();
+}
+
+void GatewaySession::Close()
+{
+    if (Database().DatabaseOpen)
+        Gateway().CloseDb();
+    Database().DatabaseOpen = false;
+    Model().ConObject.reset();
+    Model().Database = nullptr;
+    Database().DbObject.reset();
+    SetBoxPresenter(m_before);
+}
+
+DatabaseClass& GatewaySession::Gateway() const
+{
+    return *Database().DbObject;
+}
+
+ConData& GatewaySession::Connection() const
+{
+    return *Model().ConObject;
+}
+
+void GatewaySession::Require(bool worked) const
+{
+    if (worked)
+        return;
+    if (m_lastText.isEmpty())
+        throw CommandError(ExitCode::DatabaseUnavailable, QStringLiteral("The database gave no answer."));
+    throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, true);
+}
+
+void GatewaySession::RequireNoErrorBox() const
+{
+    if (m_errorShown)
+        throw CommandError(ExitCode::Refused, m_lastText, true);
+}
+
+BoxAnswer GatewaySession::ShowMsgBox(const QString& text, int flags, const QString& /*title*/)
+{
+    m_context.output.Words(text);
+    m_lastText = text;
+    if ((flags & BoxFlags::Critical) != 0 && (flags & BoxFlags::Question) == 0)
+        m_errorShown = true;
+    switch (flags & BoxFlags::ButtonMask) {
+    case BoxFlags::OkCancel:
+    case BoxFlags::YesNoCancel:
+        return BoxAnswer::Cancel;
+    case BoxFlags::YesNo:
+        return BoxAnswer::No;
+    default:
+        return BoxAnswer::Ok;
+    }
+}
+
+bool GatewaySession::ShowInputBox(const QString& prompt, const QString& /*title*/, QString& /*value*/)
+{
+    m_context.output.Words(prompt);
+    return false;
+}
