@@ -18,8 +18,8 @@ test: deps
 	ctest --test-dir build/nogui --output-on-failure -j $(JOBS)
 
 lint: deps
-	cmake --preset debug >/dev/null
-	packaging/lint build/debug
+	cmake --preset lint >/dev/null
+	packaging/lint build/lint
 
 bench: deps
 	cmake --preset release >/dev/null

@@ -26,8 +26,11 @@ if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
-# Qt's definitions that differ from folder to folder would keep the tests from sharing precompiled headers.
-set_property(TARGET Qt6::Test PROPERTY INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
+# The folder of each test in its definitions would keep the tests from sharing one precompiled header.
+get_target_property(test_definitions Qt6::Test INTERFACE_COMPILE_DEFINITIONS)
+list(FILTER test_definitions EXCLUDE REGEX "QT_TESTCASE_(BUILD|SOURCE)DIR")
+set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${test_definitions}")
+
 find_package(SQLite3 REQUIRED)
 find_package(CLI11 REQUIRED)
 

@@ -132,8 +132,21 @@ public:
     void SetNodeTargetWithoutDefaults(QString& target) const;
 
 private:
+    void CopyWaypoints(const ConData& source, bool includeSavedValues);
+    /// Over all used rows of the connection part.
+    void CopyColumn(int from, int to);
+
+    /// Stores the text as the database writes it. False: refused, or the database cannot be asked.
+    bool CheckTarget(const QString& target, int flag);
+
+    /// The waypoints of ConTypeID, or of the stored target where the type is unknown; sets ConWpCount.
+    bool LoadConTypeTables();
+    bool LoadNodeTypeTables();
     bool LoadWaypointTables(const PairTable& waypoints, int count);
+    bool LoadWaypoint(int waypoint);
     bool OverlayValues(const QString& target);
+    bool TakeConType(const QString& target);
+    /// The node of NodeName.
     bool LoadStoredNode();
 
     struct Waypoint

@@ -26,3 +26,7 @@ struct ModelState
 
 /// The one instance.
 ModelState& Model();
+
+/// Model().Database, or a stand-in whose every operation fails while there is none. Ask anew for each call: a
+/// box that an operation shows lets the host close the database.
+ModelDatabase& LookupDatabase();

@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+struct TreeKey;
+
 /// One new entry of a batch: id of the record and its name.
 struct NewTreeEntry
 {
@@ -122,12 +124,21 @@ public:
     [[nodiscard]] int DepthOf(const QModelIndex& index) const override;
     [[nodiscard]] bool IsExpanded(const QModelIndex& index) const override;
     void SetExpanded(const QModelIndex& index, bool expanded) override;
-    [[nodiscard]] QModelIndex FindVisibleByPrefix(const QModelIndex& from, const QString& prefix) const override;
+    [[nodiscard]] QModelIndex FindVisibleByPrefix(const QModelIndex& from,
+                                                  const QString& prefix) const override;
 
     /// Bytes held for all entries, indexes included; for measurements.
     [[nodiscard]] qint64 MemoryBytes() const;
 
 private:
     class Store;
+
+    int AddBatch(Index parent, char kind, std::span<const NewTreeEntry> entries, qint32 conId);
+    Index AddOne(Index parent, const TreeKey& key, QStringView text);
+    void DestroyBelow(std::vector<quint32> entries);
+    [[nodiscard]] QModelIndex IndexOf(quint32 entry) const;
+    [[nodiscard]] bool StandsBefore(quint32 left, quint32 right) const;
+    void TellChange(Index entry);
+
     std::unique_ptr<Store> m_store;
 };

@@ -33,7 +33,8 @@ public:
 
     /// Writes the value of the first used row with that keyword (case counts). False: no such row.
     bool SetWpParamByName(const QString& name, const QString& value);
-    /// The value of the first used row that holds `name` in `searchColumn`. False: no such row, `value` as it was.
+    /// The value of the first used row that holds `name` in `searchColumn`. False: no such row, `value` as it
+    /// was.
     bool GetWpParamByNameEx(const QString& name, QString& value, int searchColumn) const;
     bool SetWpParamByNameEx(const QString& name, const QString& value, int searchColumn);
 
@@ -47,6 +48,9 @@ public:
     void ClearTable();
 
 private:
+    /// The first used row that holds `name` in that column; 0 when there is none.
+    [[nodiscard]] int FindRow(const QString& name, int searchColumn) const;
+
     int m_row = 0;
     int m_col = 0;
     QString m_shortName;

@@ -43,7 +43,7 @@ bool ListsComponent(const QJsonObject& metaData, const QString& id)
 {
     const QJsonArray ids =
         metaData.value(QStringLiteral("MetaData")).toObject().value(QStringLiteral("Components")).toArray();
-    for (const QJsonValue& value : ids) {
+    for (const QJsonValue value : ids) {
         if (value.toString().compare(id, Qt::CaseInsensitive) == 0)
             return true;
     }
@@ -63,10 +63,10 @@ std::unique_ptr<HvxDatabase> CreateFromPlugin(const QString& file, const QString
 
 } // namespace
 
-void RegisterComponent(const QString& id, HvxDatabaseFactory factory)
+void RegisterComponent(const QString& id, const HvxDatabaseFactory& factory)
 {
     if (factory)
-        Table().factories.insert(id.toUpper(), std::move(factory));
+        Table().factories.insert(id.toUpper(), factory);
     else
         Table().factories.remove(id.toUpper());
 }
@@ -82,7 +82,8 @@ std::unique_ptr<HvxDatabase> CreateDatabaseComponent(const QString& id)
     if (const HvxDatabaseFactory factory = Table().factories.value(id.toUpper())) {
         if (std::unique_ptr<HvxDatabase> component = factory())
             return component;
-        throw ComponentError(CreationFailed, Source, QStringLiteral("Component %1 cannot be created.").arg(id));
+        throw ComponentError(CreationFailed, Source,
+                             QStringLiteral("Component %1 cannot be created.").arg(id));
     }
     const QStringList folders = Folders();
     for (const QString& folder : folders) {
@@ -92,5 +93,6 @@ std::unique_ptr<HvxDatabase> CreateDatabaseComponent(const QString& id)
                 return component;
         }
     }
-    throw ComponentError(ClassNotRegistered, Source, QStringLiteral("Component %1 is not registered.").arg(id));
+    throw ComponentError(ClassNotRegistered, Source,
+                         QStringLiteral("Component %1 is not registered.").arg(id));
 }

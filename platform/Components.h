@@ -2,6 +2,7 @@
 
 #include "platform/HvxDatabase.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QtPlugin>
@@ -18,7 +19,7 @@ inline const QString HvxDatabaseId = QStringLiteral("EEFE273E-7A9B-11D1-B1A1-006
 using HvxDatabaseFactory = std::function<std::unique_ptr<HvxDatabase>()>;
 
 /// Registers a factory; a second one under the same identifier replaces the first. A null factory removes it.
-void RegisterComponent(const QString& id, HvxDatabaseFactory factory);
+void RegisterComponent(const QString& id, const HvxDatabaseFactory& factory);
 
 /// Folders in which plugins are looked for, in this order; the default is "zelka" under Qt's plugin paths.
 void SetComponentFolders(const QStringList& folders);

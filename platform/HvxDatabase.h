@@ -113,7 +113,8 @@ public:
     /// Hop count; per hop the number of pairs, the pair WP and name, a pair per parameter. "0" for "".
     virtual void GetTargetItemList(const QString& target, QString& list) = 0;
     /// Answers "OK" or "ERROR" and gives the target back in the definitions' case.
-    virtual void CheckTargetSyntax(const QString& target, qint32 flag, QString& reformatted, QString& answer) = 0;
+    virtual void CheckTargetSyntax(const QString& target, qint32 flag, QString& reformatted,
+                                   QString& answer) = 0;
     /// `kind`: 1 free, 2 text with a length, 3 whole number with bounds, 4 list. `text`: the default.
     virtual void TargetParamProperties(const QString& waypoint, const QString& keyword, qint32& required,
                                        qint32& flag2, qint32& kind, QString& text) = 0;

@@ -39,4 +39,7 @@ MachineSeams& Machine()
     return seams;
 }
 
-void ResetMachine() { Machine() = Defaults(); }
+void ResetMachine()
+{
+    Machine() = Defaults();
+}

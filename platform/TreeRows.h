@@ -24,7 +24,8 @@ public:
     virtual void SetExpanded(const QModelIndex& index, bool expanded) = 0;
     /// The next entry after `from` (itself last) whose text begins with `prefix`, ignoring case, in display
     /// order, wrapping around; invalid when there is none.
-    [[nodiscard]] virtual QModelIndex FindVisibleByPrefix(const QModelIndex& from, const QString& prefix) const = 0;
+    [[nodiscard]] virtual QModelIndex FindVisibleByPrefix(const QModelIndex& from,
+                                                          const QString& prefix) const = 0;
 
 Q_SIGNALS:
     /// The set of visible rows changed in a way that inserts and removals do not tell: an entry was

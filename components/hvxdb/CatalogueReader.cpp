@@ -137,7 +137,9 @@ void CatalogueReader::ReadParameters(const QJsonArray& rows, const QString& wher
         const QJsonObject row = rows.at(i).toObject();
         if (!rows.at(i).isObject())
             Problem(rowWhere, QStringLiteral("must be an object"));
-        else if (groupsAllowed && row.contains(QStringLiteral("group")))
+        else if (row.contains(QStringLiteral("group")) && !groupsAllowed)
+            Problem(rowWhere, QStringLiteral("a group must not hold a group"));
+        else if (row.contains(QStringLiteral("group")))
             ReadGroupRow(row, rowWhere, parameters);
         else
             parameters.push_back(ReadParameter(row, rowWhere));
@@ -188,7 +190,7 @@ void CatalogueReader::ReadKind(const QJsonObject& row, const QString& where, Par
     } else if (!list.isUndefined()) {
         parameter.kind = ParameterKind::List;
         const QJsonArray values = Array(row, where, QStringLiteral("list"));
-        for (const QJsonValue& value : values) {
+        for (const auto& value : values) {
             if (!value.isString())
                 Problem(where, QStringLiteral("each value of \"list\" must be a text"));
             parameter.values << value.toString();

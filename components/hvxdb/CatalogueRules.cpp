@@ -1,5 +1,7 @@
 #include "components/hvxdb/CatalogueRules.h"
 
+#include "components/hvxdb/DefinitionsTypes.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -38,19 +40,12 @@ bool HasControl(const QString& text)
                        [](QChar character) { return character.category() == QChar::Other_Control; });
 }
 
-/// Hops that a target of this type must have; the optional ones at the end may be missing.
-size_t LeastHops(const TypeDefinition& type)
-{
-    const auto lastMandatory = std::find_if(type.hops.rbegin(), type.hops.rend(),
-                                            [](const HopDefinition& hop) { return hop.mandatory; });
-    return static_cast<size_t>(std::distance(lastMandatory, type.hops.rend()));
-}
-
 /// Whether some target has hops that both types allow. If a longer one has, the shortest that both lengths
 /// allow has too.
 bool AreAlike(const TypeDefinition& left, const TypeDefinition& right)
 {
-    const size_t shortest = std::max({LeastHops(left), LeastHops(right), size_t(1)});
+    const size_t shortest =
+        std::max({DefinitionsTypes::LeastHops(left), DefinitionsTypes::LeastHops(right), size_t(1)});
     if (shortest > std::min(left.hops.size(), right.hops.size()))
         return false;
     return std::equal(

@@ -1,6 +1,7 @@
 #include "components/hvxdb/Definitions.h"
 
 #include "components/hvxdb/DefinitionsList.h"
+#include "components/hvxdb/TargetRewriter.h"
 #include "components/hvxdb/TargetText.h"
 #include "platform/ComponentError.h"
 #include "platform/HvxDatabase.h"
@@ -70,34 +71,6 @@ QString LongNameList(const WaypointDefinition& waypoint)
     }
     return list.Take();
 }
-
-/// Composes the checked form of a target: parts of the original with some pieces replaced or left out.
-class Rewriter
-{
-public:
-    explicit Rewriter(const QString& original) : m_original(original) {}
-
-    /// What stands in the original from `start` to `end` becomes `text`. Calls come in ascending order.
-    void Replace(qsizetype start, qsizetype end, QStringView text)
-    {
-        m_text.append(QStringView(m_original).sliced(m_copied, start - m_copied)).append(text);
-        m_copied = end;
-    }
-
-    /// The original itself, shared, when nothing was replaced.
-    QString Take()
-    {
-        if (m_copied == 0)
-            return m_original;
-        m_text.append(QStringView(m_original).sliced(m_copied));
-        return std::move(m_text);
-    }
-
-private:
-    const QString& m_original;
-    QString m_text;
-    qsizetype m_copied = 0;
-};
 
 } // namespace
 
@@ -289,7 +262,7 @@ QString Definitions::TargetItemList(const QString& target) const
 bool Definitions::CheckTarget(const QString& target, QString& reformatted) const
 {
     // Written last: a caller may pass one text for both.
-    Rewriter result(target);
+    TargetRewriter result(target);
     const WaypointDefinition* waypoint = nullptr;
     qsizetype previousEnd = -1;
     TargetText reader(target);

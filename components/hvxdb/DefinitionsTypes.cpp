@@ -19,13 +19,6 @@ QString WaypointList(const TypeDefinition& type)
     return list.Take();
 }
 
-size_t LeastHops(const TypeDefinition& type)
-{
-    const auto lastMandatory = std::find_if(type.hops.rbegin(), type.hops.rend(),
-                                            [](const HopDefinition& hop) { return hop.mandatory; });
-    return static_cast<size_t>(std::distance(lastMandatory, type.hops.rend()));
-}
-
 /// The type for targets that no other type describes has no place of its own among the ids.
 QString TypeId(const TypeDefinition& type, size_t position)
 {
@@ -34,6 +27,13 @@ QString TypeId(const TypeDefinition& type, size_t position)
 }
 
 } // namespace
+
+size_t DefinitionsTypes::LeastHops(const TypeDefinition& type)
+{
+    const auto lastMandatory = std::find_if(type.hops.rbegin(), type.hops.rend(),
+                                            [](const HopDefinition& hop) { return hop.mandatory; });
+    return static_cast<size_t>(std::distance(lastMandatory, type.hops.rend()));
+}
 
 void DefinitionsTypes::Fill(const std::vector<TypeDefinition>& types, const DefinitionsIndex& waypoints)
 {

@@ -23,12 +23,14 @@ public:
         QString analysis;
         /// Positions of the waypoints of its hops; -1 for one that is not defined.
         std::vector<int> hops;
-        /// Hops that a target must have; the optional ones at the end may be missing.
         size_t leastHops = 0;
     };
 
     /// `what` names the list in error texts.
     explicit DefinitionsTypes(const QString& what) : m_what(what) {}
+
+    /// Hops that a target of the type must have: the optional ones at the end may be missing.
+    [[nodiscard]] static size_t LeastHops(const TypeDefinition& type);
 
     void Fill(const std::vector<TypeDefinition>& types, const DefinitionsIndex& waypoints);
 

@@ -1,0 +1,500 @@
+#include "model/TreeEntries.h"
+
+#include "model/TreeKey.h"
+#include "model/TreeSearch.h"
+#include "model/TreeSiblings.h"
+#include "model/TreeStore.h"
+
+#include <algorithm>
+#include <limits>
+#include <unordered_set>
+
+/// What Clear begins anew.
+class TreeEntries::Store
+{
+public:
+    Store() : siblings(entries) {}
+
+    TreeStore entries;
+    TreeSiblings siblings;
+};
+
+TreeEntries::TreeEntries(QObject* parent) : TreeRows(parent), m_store(std::make_unique<Store>()) {}
+
+TreeEntries::~TreeEntries() = default;
+
+// Building ----------------------------------------------------------------------------------------------
+
+TreeEntries::Index TreeEntries::Add(Index parent, const QString& key, const QString& text)
+{
+    const std::optional<TreeKey> parsed = TreeKey::Parse(key);
+    if (!parsed || (parent != 0 && !Exists(parent)) || !m_store->entries.HasRoom(1) ||
+        m_store->entries.FindKey(*parsed) != 0)
+        return 0;
+    return AddOne(parent, *parsed, text);
+}
+
+TreeEntries::Index TreeEntries::AddOne(Index parent, const TreeKey& key, QStringView text)
+{
+    TreeStore& entries = m_store->entries;
+    TreeSiblings& siblings = m_store->siblings;
+    const quint32 owner = quint32(parent);
+    // A new entry's handle is above all others.
+    const int position = entries[owner].sorted
+                             ? siblings.LowerBound(owner, text, std::numeric_limits<quint32>::max())
+                             : siblings.Count(owner);
+    beginInsertRows(ModelIndex(parent), position, position);
+    const quint32 entry = entries.Create(owner, key, text);
+    siblings.Insert(owner, position, entry);
+    endInsertRows();
+    return Index(entry);
+}
+
+int TreeEntries::AddNodes(Index parent, std::span<const NewTreeEntry> entries, qint32 conId)
+{
+    return AddBatch(parent, 'N', entries, conId);
+}
+
+int TreeEntries::AddConnections(Index parent, std::span<const NewTreeEntry> entries)
+{
+    return AddBatch(parent, 'C', entries, 0);
+}
+
+int TreeEntries::AddBatch(Index parent, char kind, std::span<const NewTreeEntry> entries, qint32 conId)
+{
+    if ((parent != 0 && !Exists(parent)) || !m_store->entries.HasRoom(qsizetype(entries.size())))
+        return 0;
+    std::vector<NewTreeEntry> added;
+    added.reserve(entries.size());
+    bool rising = true;
+    for (const NewTreeEntry& entry : entries) {
+        const TreeKey key = {kind, entry.id, conId};
+        if (!key.IsValid() || m_store->entries.FindKey(key) != 0)
+            continue;
+        rising = rising && (added.empty() || qAbs(added.back().id) < qAbs(entry.id));
+        added.push_back(entry);
+    }
+    if (!rising) {
+        std::unordered_set<qint32> seen;
+        std::erase_if(added,
+                      [&seen](const NewTreeEntry& entry) { return !seen.insert(qAbs(entry.id)).second; });
+    }
+    if (added.empty())
+        return 0;
+
+    const quint32 owner = quint32(parent);
+    if (m_store->entries[owner].sorted) {
+        for (const NewTreeEntry& entry : added)
+            AddOne(parent, {kind, entry.id, conId}, entry.text);
+        return int(added.size());
+    }
+    const int first = m_store->siblings.Count(owner);
+    beginInsertRows(ModelIndex(parent), first, first + int(added.size()) - 1);
+    std::vector<quint32> handles;
+    handles.reserve(added.size());
+    for (const NewTreeEntry& entry : added)
+        handles.push_back(m_store->entries.Create(owner, {kind, entry.id, conId}, entry.text));
+    m_store->siblings.Append(owner, handles);
+    endInsertRows();
+    return int(added.size());
+}
+
+bool TreeEntries::Remove(Index entry)
+{
+    if (!Exists(entry))
+        return false;
+    const quint32 handle = quint32(entry);
+    const int row = m_store->siblings.PositionOf(handle);
+    beginRemoveRows(IndexOf(m_store->entries[handle].parent), row, row);
+    m_store->siblings.Remove(handle);
+    DestroyBelow({handle});
+    endRemoveRows();
+    return true;
+}
+
+void TreeEntries::RemoveChildren(Index entry)
+{
+    const int count = ChildCount(entry);
+    if (count == 0)
+        return;
+    beginRemoveRows(ModelIndex(entry), 0, count - 1);
+    std::vector<quint32> children;
+    m_store->siblings.CopyTo(quint32(entry), children);
+    m_store->siblings.RemoveAll(quint32(entry));
+    DestroyBelow(std::move(children));
+    endRemoveRows();
+}
+
+/// Destroys entries that stand nowhere any more, with all below them.
+void TreeEntries::DestroyBelow(std::vector<quint32> entries)
+{
+    while (!entries.empty()) {
+        const quint32 entry = entries.back();
+        entries.pop_back();
+        m_store->siblings.CopyTo(entry, entries);
+        m_store->siblings.RemoveAll(entry);
+        m_store->entries.Destroy(entry);
+    }
+}
+
+void TreeEntries::Clear()
+{
+    beginResetModel();
+    m_store = std::make_unique<Store>();
+    endResetModel();
+}
+
+// One entry ---------------------------------------------------------------------------------------------
+
+bool TreeEntries::Exists(Index entry) const
+{
+    return m_store->entries.Find(entry) != nullptr;
+}
+
+QString TreeEntries::Key(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found ? found->Key().Format() : QString();
+}
+
+QChar TreeEntries::Kind(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found ? QLatin1Char(found->kind) : QChar();
+}
+
+qint32 TreeEntries::Id(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found ? found->id : 0;
+}
+
+QString TreeEntries::Text(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found ? found->text.View().ToString() : QString();
+}
+
+QString TreeEntries::Tag(Index entry) const
+{
+    return Exists(entry) ? m_store->entries.Tag(quint32(entry)) : QString();
+}
+
+TreeEntries::Index TreeEntries::Parent(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found ? Index(found->parent) : 0;
+}
+
+int TreeEntries::ChildCount(Index entry) const
+{
+    return entry == 0 || Exists(entry) ? m_store->siblings.Count(quint32(entry)) : 0;
+}
+
+TreeEntries::Index TreeEntries::Child(Index entry, int position) const
+{
+    return entry == 0 || Exists(entry) ? Index(m_store->siblings.At(quint32(entry), position)) : 0;
+}
+
+TreeEntries::Index TreeEntries::NextSibling(Index entry) const
+{
+    return Exists(entry) ? Index(m_store->siblings.Next(quint32(entry))) : 0;
+}
+
+bool TreeEntries::Expanded(Index entry) const
+{
+    const TreeEntry* found = m_store->entries.Find(entry);
+    return found && found->expanded;
+}
+
+bool TreeEntries::Sorted(Index entry) const
+{
+    return (entry == 0 || Exists(entry)) && m_store->entries[quint32(entry)].sorted;
+}
+
+bool TreeEntries::SetKey(Index entry, const QString& key)
+{
+    const std::optional<TreeKey> parsed = TreeKey::Parse(key);
+    if (!parsed || !Exists(entry))
+        return false;
+    const quint32 holder = m_store->entries.FindKey(*parsed);
+    if (holder != 0 && holder != quint32(entry))
+        return false;
+    if (m_store->entries[quint32(entry)].Key().Format() == key)
+        return true;
+    m_store->entries.SetKey(quint32(entry), *parsed);
+    TellChange(entry);
+    return true;
+}
+
+void TreeEntries::SetText(Index entry, const QString& text)
+{
+    if (!Exists(entry) || Text(entry) == text)
+        return;
+    TreeStore& entries = m_store->entries;
+    TreeSiblings& siblings = m_store->siblings;
+    const quint32 handle = quint32(entry);
+    const quint32 owner = entries[handle].parent;
+    const int row = siblings.PositionOf(handle);
+    const int place = entries[owner].sorted ? siblings.LowerBound(owner, QStringView(text), handle) : row;
+    if (place == row || place == row + 1) {
+        if (!entries[owner].sorted)
+            siblings.LimitSortedHead(owner, row);
+        entries.SetText(handle, text);
+    } else {
+        const QModelIndex parentIndex = IndexOf(owner);
+        beginMoveRows(parentIndex, row, row, parentIndex, place);
+        siblings.Remove(handle);
+        entries.SetText(handle, text);
+        siblings.Insert(owner, place > row ? place - 1 : place, handle);
+        endMoveRows();
+    }
+    TellChange(entry);
+}
+
+void TreeEntries::SetTag(Index entry, const QString& tag)
+{
+    if (Exists(entry))
+        m_store->entries.SetTag(quint32(entry), tag);
+}
+
+void TreeEntries::SetExpanded(Index entry, bool expanded)
+{
+    if (!Exists(entry) || Expanded(entry) == expanded)
+        return;
+    m_store->siblings.SetExpanded(quint32(entry), expanded);
+    // Receivers may remove the entry.
+    const QPersistentModelIndex index = ModelIndex(entry);
+    if (ChildCount(entry) != 0)
+        Q_EMIT VisibleRowsChanged();
+    if (!index.isValid())
+        return;
+    if (expanded)
+        Q_EMIT TreeRows::Expanded(index);
+    else
+        Q_EMIT TreeRows::Collapsed(index);
+}
+
+void TreeEntries::SetSorted(Index entry, bool sorted)
+{
+    if (entry != 0 && !Exists(entry))
+        return;
+    TreeSiblings& siblings = m_store->siblings;
+    const quint32 owner = quint32(entry);
+    m_store->entries[owner].sorted = sorted;
+    if (!sorted || siblings.SortedHead(owner) == siblings.Count(owner))
+        return;
+
+    const QList<QPersistentModelIndex> parents = {QPersistentModelIndex(ModelIndex(entry))};
+    Q_EMIT layoutAboutToBeChanged(parents, VerticalSortHint);
+    siblings.Sort(owner);
+    const QModelIndexList held = persistentIndexList();
+    for (const QModelIndex& index : held) {
+        const quint32 child = quint32(EntryOf(index));
+        if (m_store->entries[child].parent == owner)
+            changePersistentIndex(index, IndexOf(child));
+    }
+    Q_EMIT layoutChanged(parents, VerticalSortHint);
+}
+
+void TreeEntries::TellChange(Index entry)
+{
+    const QModelIndex index = ModelIndex(entry);
+    Q_EMIT dataChanged(index, index);
+}
+
+// Finding -----------------------------------------------------------------------------------------------
+
+int TreeEntries::Count() const
+{
+    return m_store->entries.Count();
+}
+
+TreeEntries::Index TreeEntries::FindByKey(const QString& key) const
+{
+    const std::optional<TreeKey> parsed = TreeKey::Parse(key);
+    return parsed ? Index(m_store->entries.FindKey(*parsed)) : 0;
+}
+
+TreeEntries::Index TreeEntries::FindByText(const QString& text, bool isNode) const
+{
+    quint32 first = 0;
+    m_store->entries.ForEachOfText(QStringView(text), [&](quint32 entry) {
+        if ((m_store->entries[entry].kind == 'N') == isNode && (first == 0 || StandsBefore(entry, first)))
+            first = entry;
+    });
+    return Index(first);
+}
+
+/// Collection order: by Index, the children of a connection right behind it.
+bool TreeEntries::StandsBefore(quint32 left, quint32 right) const
+{
+    const TreeStore& entries = m_store->entries;
+    const auto connectionOf = [&entries](quint32 entry) {
+        const quint32 parent = entries[entry].parent;
+        return entries[parent].kind == 'C' ? parent : 0;
+    };
+    const quint32 leftConnection = connectionOf(left);
+    const quint32 rightConnection = connectionOf(right);
+    if (leftConnection != 0 && leftConnection == rightConnection)
+        return m_store->siblings.PositionOf(left) < m_store->siblings.PositionOf(right);
+    const quint32 leftPlace = leftConnection != 0 ? leftConnection : left;
+    const quint32 rightPlace = rightConnection != 0 ? rightConnection : right;
+    // Equal: one is the connection itself, which stands before its children.
+    return leftPlace != rightPlace ? leftPlace < rightPlace : leftConnection == 0;
+}
+
+TreeEntries::Index TreeEntries::FindContinued(Index parent) const
+{
+    if (!Exists(parent))
+        return 0;
+    const std::vector<quint32> marked = m_store->entries.Continued(quint32(parent));
+    const auto first = std::min_element(marked.begin(), marked.end(), [this](quint32 left, quint32 right) {
+        return m_store->siblings.PositionOf(left) < m_store->siblings.PositionOf(right);
+    });
+    return first != marked.end() ? Index(*first) : 0;
+}
+
+std::vector<TreeEntries::Index> TreeEntries::ParentsWithChildren() const
+{
+    std::vector<Index> found;
+    for (const quint32 owner : m_store->siblings.Owners()) {
+        if (m_store->entries[owner].parent != 0)
+            found.push_back(Index(owner));
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+QModelIndex TreeEntries::ModelIndex(Index entry) const
+{
+    return Exists(entry) ? IndexOf(quint32(entry)) : QModelIndex();
+}
+
+QModelIndex TreeEntries::IndexOf(quint32 entry) const
+{
+    return entry != 0 ? createIndex(m_store->siblings.PositionOf(entry), 0, quintptr(entry)) : QModelIndex();
+}
+
+TreeEntries::Index TreeEntries::EntryOf(const QModelIndex& index)
+{
+    return index.isValid() ? Index(index.internalId()) : 0;
+}
+
+qint64 TreeEntries::MemoryBytes() const
+{
+    return qint64(sizeof(Store)) + m_store->entries.Bytes() + m_store->siblings.Bytes();
+}
+
+// QAbstractItemModel ------------------------------------------------------------------------------------
+
+QModelIndex TreeEntries::index(int row, int column, const QModelIndex& parent) const
+{
+    if (column != 0 || (parent.isValid() && parent.column() != 0))
+        return {};
+    const Index child = Child(EntryOf(parent), row);
+    return child != 0 ? createIndex(row, 0, quintptr(child)) : QModelIndex();
+}
+
+QModelIndex TreeEntries::parent(const QModelIndex& child) const
+{
+    return ModelIndex(Parent(EntryOf(child)));
+}
+
+int TreeEntries::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() && parent.column() != 0 ? 0 : ChildCount(EntryOf(parent));
+}
+
+int TreeEntries::columnCount(const QModelIndex& parent) const
+{
+    Q_UNUSED(parent)
+    return 1;
+}
+
+QVariant TreeEntries::data(const QModelIndex& index, int role) const
+{
+    const Index entry = EntryOf(index);
+    if (!Exists(entry))
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return Text(entry);
+    case KeyRole:
+        return Key(entry);
+    case KindRole:
+        return Kind(entry);
+    case IndexRole:
+        return entry;
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags TreeEntries::flags(const QModelIndex& index) const
+{
+    return Exists(EntryOf(index)) ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+}
+
+// TreeRows ----------------------------------------------------------------------------------------------
+
+int TreeEntries::VisibleRowCount() const
+{
+    return m_store->siblings.Rows(0);
+}
+
+QModelIndex TreeEntries::IndexAtVisibleRow(int row) const
+{
+    if (row < 0 || row >= VisibleRowCount())
+        return {};
+    TreeSiblings::Row place = m_store->siblings.AtRow(0, row);
+    while (place.offset != 0)
+        place = m_store->siblings.AtRow(place.entry, place.offset - 1);
+    return createIndex(place.position, 0, quintptr(place.entry));
+}
+
+int TreeEntries::VisibleRowOf(const QModelIndex& index) const
+{
+    const Index entry = EntryOf(index);
+    if (!Exists(entry))
+        return -1;
+    quint32 handle = quint32(entry);
+    int row = m_store->siblings.RowsBefore(handle);
+    for (quint32 above = m_store->entries[handle].parent; above != 0;
+         above = m_store->entries[above].parent) {
+        if (!m_store->entries[above].expanded)
+            return -1;
+        row += m_store->siblings.RowsBefore(above) + 1;
+    }
+    return row;
+}
+
+int TreeEntries::DepthOf(const QModelIndex& index) const
+{
+    int depth = 0;
+    for (Index entry = Parent(EntryOf(index)); entry != 0; entry = Parent(entry))
+        ++depth;
+    return depth;
+}
+
+bool TreeEntries::IsExpanded(const QModelIndex& index) const
+{
+    return Expanded(EntryOf(index));
+}
+
+void TreeEntries::SetExpanded(const QModelIndex& index, bool expanded)
+{
+    SetExpanded(EntryOf(index), expanded);
+}
+
+QModelIndex TreeEntries::FindVisibleByPrefix(const QModelIndex& from, const QString& prefix) const
+{
+    // From an entry that cannot be seen the search starts at the one above it that can.
+    Index start = Exists(EntryOf(from)) ? EntryOf(from) : 0;
+    for (Index above = Parent(start); above != 0; above = Parent(above)) {
+        if (!Expanded(above))
+            start = above;
+    }
+    return ModelIndex(
+        Index(FindTreePrefix(m_store->entries, m_store->siblings, quint32(start), QStringView(prefix))));
+}

@@ -1,0 +1,176 @@
+#include "model/TreeFilling.h"
+
+#include "model/LookupHelpers.h"
+#include "model/ModelState.h"
+#include "model/TextHelpers.h"
+#include "platform/IndexError.h"
+#include "platform/MachineSeams.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int RowsBetweenPumps = 50;
+
+/// Entries in a span of rows, keyed "<prefix>,<id>".
+void AddSpan(TreeEntries& tree, TreeEntries::Index parent, const QString& keyPrefix,
+             std::span<const ItemPair> rows)
+{
+    if (keyPrefix != u"C" && keyPrefix != u"N") {
+        for (const ItemPair& row : rows)
+            tree.Add(parent, keyPrefix + u',' + row.second, row.first);
+        return;
+    }
+    std::vector<NewTreeEntry> entries;
+    entries.reserve(rows.size());
+    for (const ItemPair& row : rows)
+        entries.push_back({ValInt(row.second), row.first});
+    if (keyPrefix == u"C")
+        tree.AddConnections(parent, entries);
+    else
+        tree.AddNodes(parent, entries);
+}
+
+/// Short names of the waypoints in the item list of a target.
+std::vector<QString> WaypointNames(const PairTable& items)
+{
+    const auto itemAt = [&](int number) -> const QString& {
+        CheckIndex("item", number, 1, static_cast<int>(items.size()));
+        return items[static_cast<size_t>(number - 1)].first;
+    };
+    std::vector<QString> names;
+    const int waypoints = items.empty() ? 0 : ValInt(itemAt(1));
+    int position = 2;
+    for (int k = 1; k <= waypoints; ++k) {
+        const int pairs = ValInt(itemAt(position));
+        CheckIndex("pair count", pairs, 0, static_cast<int>(items.size()));
+        names.push_back(itemAt(position + 2));
+        position += 1 + 2 * pairs;
+    }
+    return names;
+}
+
+} // namespace
+
+bool IsNodeKey(QStringView key)
+{
+    return key.startsWith(u'N');
+}
+
+bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::Index& entry, bool isNode)
+{
+    entry = tree.FindByText(text, isNode);
+    return entry != 0;
+}
+
+bool DeleteTreeEntry(const QString& text, TreeEntries& tree, bool isNode)
+{
+    const TreeEntries::Index entry = tree.FindByText(text, isNode);
+    return entry != 0 && tree.Remove(entry);
+}
+
+TreeEntries::Index AddTreeEntry(TreeEntries& tree, const QString& relativeKey, int relationship,
+                                const QString& key, const QString& text)
+{
+    const TreeEntries::Index relative = tree.FindByKey(relativeKey);
+    return relative != 0 && relationship == TreeChild ? tree.Add(relative, key, text) : 0;
+}
+
+void FindContinueMark(TreeEntries& tree, TreeEntries::Index conEntry, qint32& position, bool restore)
+{
+    position = 0;
+    const TreeEntries::Index child = tree.FindContinued(conEntry);
+    if (child == 0)
+        return;
+    position = -tree.Id(child);
+    if (restore)
+        tree.SetKey(child, GetItem(tree.Key(child), 1, u',') + u',' + QString::number(position));
+}
+
+bool EntryTypeContains(const QString& searched, const TreeEntries& tree, TreeEntries::Index conEntry)
+{
+    QString shortName;
+    GetConTypeOfParent(tree.Text(conEntry), shortName);
+    return TextContains(shortName, searched);
+}
+
+void FillConnectionTree(const QString& rootText, const QString& keyPrefix, int count, const PairTable& items,
+                        TreeEntries& tree, bool addRoot, Pumping pumping)
+{
+    if (addRoot) {
+        tree.Clear();
+        tree.Add(0, RootKey, rootText);
+    }
+    const TreeEntries::Index root = tree.FindByKey(RootKey);
+    if (addRoot)
+        tree.SetSorted(root, false);
+
+    const QPointer<TreeEntries> alive(&tree);
+    const std::span<const ItemPair> rows(items.data(),
+                                         std::min(items.size(), static_cast<size_t>(std::max(count, 0))));
+    for (size_t start = 0; start < rows.size(); start += RowsBetweenPumps) {
+        const size_t length = std::min<size_t>(RowsBetweenPumps, rows.size() - start);
+        AddSpan(tree, root, keyPrefix, rows.subspan(start, length));
+        if (length < RowsBetweenPumps || pumping == Pumping::None)
+            continue;
+        Machine().PumpEvents();
+        if (!alive || tree.Key(root) != RootKey)
+            return;
+    }
+    if (addRoot) {
+        tree.SetSorted(root, true);
+        tree.SetExpanded(root, true);
+    }
+}
+
+bool AddWaypointEntries(const QString& waypointList, TreeEntries& tree, TreeEntries::Index conEntry,
+                        const QString& conId)
+{
+    tree.SetTag(conEntry, waypointList);
+    PairTable items;
+    int count = 0;
+    if (!ConvertItemListToArray(waypointList, false, items, count))
+        return false;
+    const std::vector<QString> names = WaypointNames(items);
+    // Waypoints stand in the order of the hops, also where nodes stood sorted before.
+    tree.SetSorted(conEntry, false);
+    for (size_t k = 0; k < names.size(); ++k) {
+        QString text;
+        if (!LookupDatabase().GetWpLongNameDb(names[k], text))
+            text = names[k];
+        tree.Add(conEntry, QStringLiteral("W,%1,%2").arg(conId).arg(k + 1), text);
+    }
+    tree.SetExpanded(conEntry, true);
+    return true;
+}
+
+bool AddNodeEntries(const QString& nodeList, TreeEntries& tree, TreeEntries::Index conEntry,
+                    const QString& conId)
+{
+    tree.SetTag(conEntry, QStringLiteral("Nodes"));
+    PairTable nodes;
+    int count = 0;
+    if (!ConvertItemListToArray(nodeList, true, nodes, count))
+        return false;
+    std::vector<NewTreeEntry> entries;
+    entries.reserve(nodes.size());
+    for (const ItemPair& node : nodes)
+        entries.push_back({ValInt(node.second), node.first});
+    tree.SetSorted(conEntry, false);
+    tree.AddNodes(conEntry, entries, ValInt(conId));
+    tree.SetSorted(conEntry, true);
+    tree.SetExpanded(conEntry, true);
+    return true;
+}
+
+bool RefillConEntry(TreeEntries& tree, TreeEntries::Index conEntry, bool viewNodes)
+{
+    const QString name = tree.Text(conEntry);
+    const QString id = GetItem(tree.Key(conEntry), 2, u',');
+    QString list;
+    if (viewNodes)
+        return LookupDatabase().GetParentNodesDb(name, list) && AddNodeEntries(list, tree, conEntry, id);
+    return LookupDatabase().GetParentWPListDb(name, list) && AddWaypointEntries(list, tree, conEntry, id);
+}

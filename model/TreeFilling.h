@@ -1,0 +1,80 @@
+#pragma once
+
+#include "model/ItemList.h"
+#include "model/TreeEntries.h"
+
+#include <QString>
+#include <QStringView>
+
+/// Fills, finds and patches the entries of a tree by what the database answers.
+///
+/// Thread: the control's. The routines that ask the database give False when a look-up fails; what was added
+/// until then stays. A damaged list raises IndexError.
+
+/// Relationship of a new entry: a child of the entry that it names.
+inline constexpr int TreeChild = 4;
+
+/// Key of the root of either tree.
+inline const QString RootKey = QStringLiteral("R,0");
+
+/// Whether a fill lets pending events run between its batches. None: while a transaction is open.
+enum class Pumping
+{
+    Allowed,
+    None,
+};
+
+// Keys, finding, patching ---------------------------------------------------------------------------------
+
+[[nodiscard]] bool IsNodeKey(QStringView key);
+
+/// The first entry in collection order with that text, ignoring case, that is a node or is not. False: none;
+/// `entry` is 0 then.
+bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::Index& entry, bool isNode);
+
+/// Removes that entry with all below it. False: there is none.
+bool DeleteTreeEntry(const QString& text, TreeEntries& tree, bool isNode);
+inline bool RemoveTreeEntry(const QString& text, TreeEntries& tree, bool isNode)
+{
+    return DeleteTreeEntry(text, tree, isNode);
+}
+
+/// The new entry; 0, and no message, when it cannot be added.
+TreeEntries::Index AddTreeEntry(TreeEntries& tree, const QString& relativeKey, int relationship,
+                                const QString& key, const QString& text);
+
+/// Positive id behind the continuation mark of the first child that carries one; 0 when none does. `restore`
+/// takes the mark off.
+void FindContinueMark(TreeEntries& tree, TreeEntries::Index conEntry, qint32& position, bool restore);
+inline void FixUnknownChildKey(TreeEntries& tree, TreeEntries::Index conEntry, qint32& id, bool rewrite)
+{
+    FindContinueMark(tree, conEntry, id, rewrite);
+}
+
+/// True when the short name of the connection's type holds the text, ignoring case. Asks the database.
+[[nodiscard]] bool EntryTypeContains(const QString& searched, const TreeEntries& tree,
+                                     TreeEntries::Index conEntry);
+
+// Filling -------------------------------------------------------------------------------------------------
+
+/// Adds rows of name and id under the root, each with the key `keyPrefix`, "," and the id. `addRoot` clears
+/// the tree first, and sorts and expands the root at the end. Lets events run each 50 rows; when they clear
+/// the tree, the fill ends.
+void FillConnectionTree(const QString& rootText, const QString& keyPrefix, int count, const PairTable& items,
+                        TreeEntries& tree, bool addRoot, Pumping pumping = Pumping::Allowed);
+
+/// Adds the waypoints of a connection, by the item list of its target, and expands it. `conId` is field 2 of
+/// the connection's key.
+bool AddWaypointEntries(const QString& waypointList, TreeEntries& tree, TreeEntries::Index conEntry,
+                        const QString& conId);
+
+/// Adds the nodes of a connection, by a pair list of names and ids, sorts and expands it.
+bool AddNodeEntries(const QString& nodeList, TreeEntries& tree, TreeEntries::Index conEntry,
+                    const QString& conId);
+
+/// Reads the children of a connection, nodes or waypoints, and adds them.
+bool RefillConEntry(TreeEntries& tree, TreeEntries::Index conEntry, bool viewNodes);
+inline bool FillChildEntries(TreeEntries& tree, TreeEntries::Index conEntry, bool viewNodes)
+{
+    return RefillConEntry(tree, conEntry, viewNodes);
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "model/TreeSiblings.h"
+
+/// The next entry after `from` (itself last) that can be seen and whose text begins with `prefix`, ignoring
+/// case, in display order, wrapping around; 0 when there is none. `from` must be one that can be seen, or 0:
+/// the search begins at the top. Sorted lists are searched by halving; what costs time are expanded entries.
+[[nodiscard]] TreeStore::Handle FindTreePrefix(const TreeStore& entries, const TreeSiblings& siblings,
+                                               TreeStore::Handle from, const TreeTextView& prefix);
