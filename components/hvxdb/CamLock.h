@@ -10,7 +10,7 @@ class CamLock
 {
 public:
     /// A holder that gave no sign for so long is dead, in milliseconds.
-    static constexpr qint64 StaleMs = 60 * 1000;
+    static constexpr qint64 StaleMs = 60'000;
 
     explicit CamLock(SqlSession& session) : m_session(&session) {}
 

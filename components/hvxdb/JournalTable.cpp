@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr qint64 SecondsOfDay = 24 * 60 * 60;
+constexpr qint64 SecondsOfDay = 86'400;
 /// The version text, which stays, and the first record that can go.
 constexpr qint64 FirstChange = 2;
 
