@@ -7,7 +7,6 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
-set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
 
@@ -27,6 +26,11 @@ if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
+# The folder of each test in its definitions would keep the tests from sharing one precompiled header.
+get_target_property(test_definitions Qt6::Test INTERFACE_COMPILE_DEFINITIONS)
+list(FILTER test_definitions EXCLUDE REGEX "QT_TESTCASE_(BUILD|SOURCE)DIR")
+set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${test_definitions}")
+
 find_package(SQLite3 REQUIRED)
 find_package(CLI11 REQUIRED)
 

@@ -5,9 +5,9 @@
 
 #include <QObject>
 
-#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// The one gateway between the program and the database component.
@@ -28,7 +28,7 @@ public:
     explicit DatabaseClass(QObject* parent = nullptr);
     ~DatabaseClass() override;
 
-    // Session -----------------------------------------------------------------------------------------------
+    // Session ---------------------------------------------------------------------------------------------
 
     bool DbOpen = false;
     bool DbLoaded = false;
@@ -38,8 +38,7 @@ public:
     /// Closes the component's database; DatabaseOpen stays as it was. False without a message on an error.
     bool CloseDb();
 
-    // Transactions
-    // --------------------------------------------------------------------------------------------
+    // Transactions ----------------------------------------------------------------------------------------
 
     /// Asks the operator on a sharing conflict. False: no transaction, the caller tells.
     bool BeginTransactionDb(bool& transactionOpen);
@@ -52,8 +51,7 @@ public:
     /// Rolls back and tells, by the error's number.
     void ReportDatabaseFailure(quint32 errorNumber, bool& transactionOpen);
 
-    // Connections
-    // ---------------------------------------------------------------------------------------------
+    // Connections -----------------------------------------------------------------------------------------
 
     bool QueryParentsDb(QString& list);
     bool GetParentWPListDb(const QString& name, QString& list) override;
@@ -69,8 +67,7 @@ public:
     /// `name` is trimmed in place. The nodes go first.
     bool DeleteConnectionDb(QString& name);
 
-    // Nodes
-    // -----------------------------------------------------------------------------------------------------
+    // Nodes -----------------------------------------------------------------------------------------------
 
     bool GetNodeCountDb(qint32& count);
     bool QueryNodesDb(const QString& filter1, const QString& filter2, QString& list, qint32& position);
@@ -87,7 +84,7 @@ public:
     bool DeleteNodeDb(const QString& name);
     bool DeleteNodeFromBrowserDb(const QString& name);
 
-    // Definitions and targets -------------------------------------------------------------------------------
+    // Definitions and targets -----------------------------------------------------------------------------
 
     bool GetConTypeListDb(QString& list) override;
     bool GetConTypeIdDb(const QString& shortName, QString& id) override;
@@ -121,8 +118,7 @@ public:
     };
     bool GetGridParameterDataDb(const QString& waypoint, const QString& keyword, GridParameter& data);
 
-    // Managers and rights
-    // ------------------------------------------------------------------------------------
+    // Managers and rights ---------------------------------------------------------------------------------
 
     bool GetNMAInfoDb(const QString& name, QString& path, QString& commandText, QString& index);
     bool GetNMANamesDb(QString& list) override;
@@ -130,8 +126,7 @@ public:
     /// Sets ScanRight and EditRight; both False on an error.
     bool SetUserSecurityDb();
 
-    // Journal
-    // ------------------------------------------------------------------------------------------------
+    // Journal ---------------------------------------------------------------------------------------------
 
     bool GetJournalLastIdDb(qint32& id);
     bool GetJournalChangesAfterIdDb(qint32 afterId, QString& list);
@@ -143,4 +138,42 @@ public:
 Q_SIGNALS:
     /// BusyPointer while a transaction is open, NormalPointer when it ends.
     void SetMousePointer(int pointer);
+
+private:
+    /// What an operation does with the component.
+    using Work = std::function<void(HvxDatabase& component)>;
+    /// How the attempts to open the database stand.
+    struct OpenAttempt
+    {
+        bool stopTrying = false;
+        /// The source was opened, but another application holds the database.
+        bool inUse = false;
+    };
+
+    /// Raises ComponentError while there is none.
+    HvxDatabase& Component();
+
+    bool TryOpenDatabase(OpenAttempt& attempt);
+    bool TryUntilOpen(OpenAttempt& attempt);
+    void CheckBusyDatabase();
+    void RequireFormat();
+
+    /// The error's number when the begin failed (0 for an error without one), else nothing.
+    std::optional<quint32> BeginFailure(bool& transactionOpen);
+    bool BeginSilently(bool& transactionOpen);
+
+    /// In a transaction of its own.
+    bool RunInTransaction(const Work& work, const QString& commitFailure);
+    bool RunInTransaction(const Work& work);
+    /// The same, but only while a session is open.
+    bool RunInSession(const Work& work);
+    /// Without a transaction and without a word.
+    bool RunDirect(const Work& work);
+
+    /// Saves a record between two readings of its users text, in three transactions.
+    bool SaveWithUsersList(const QString& name, const QString& kind, const Work& save);
+
+    std::shared_ptr<HvxDatabase> m_component;
+    /// Users text of the record that is being saved.
+    QString m_usersList;
 };

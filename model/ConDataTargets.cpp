@@ -12,7 +12,7 @@ constexpr int DefaultColumn = 6;
 constexpr int ConnectionTargetFlag = 0;
 constexpr int NodeTargetFlag = -1;
 
-/// An empty flag counts as mandatory: definitions written before there were flags have none.
+/// An empty flag counts as mandatory: a hop too many is refused by the check, one too few reaches elsewhere.
 bool IsMandatory(const QString& flag)
 {
     return flag.isEmpty() || flag == u"1";

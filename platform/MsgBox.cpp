@@ -1,6 +1,7 @@
 #include "platform/MsgBox.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -31,6 +32,19 @@ public:
 StandardErrorPresenter standardError;
 BoxPresenter* current = &standardError;
 
+std::function<void()>& Observer()
+{
+    static std::function<void()> observer;
+    return observer;
+}
+
+/// Runs a copy, since the procedure may replace itself.
+void TellObserver()
+{
+    if (const std::function<void()> observer = Observer())
+        observer();
+}
+
 } // namespace
 
 BoxPresenter* SetBoxPresenter(BoxPresenter* presenter)
@@ -40,13 +54,20 @@ BoxPresenter* SetBoxPresenter(BoxPresenter* presenter)
     return before;
 }
 
+std::function<void()> SetBoxObserver(std::function<void()> observer)
+{
+    return std::exchange(Observer(), std::move(observer));
+}
+
 BoxAnswer MsgBox(const QString& text, int flags, const QString& title)
 {
+    TellObserver();
     return current->ShowMsgBox(text, flags, title.isEmpty() ? ApplicationTitle() : title);
 }
 
 bool InputBox(const QString& prompt, const QString& title, QString& value)
 {
+    TellObserver();
     return current->ShowInputBox(prompt, title.isEmpty() ? ApplicationTitle() : title, value);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// The one gate for modal boxes. Who shows them (windows, a terminal, a test) is the presenter's business.
 
 /// Flags of a box; values may be combined.
@@ -43,6 +45,11 @@ public:
 /// Installs `presenter` (not owned; null brings back the built-in one, which writes to standard error,
 /// answers OK to information and declines questions). Gives the one installed before.
 BoxPresenter* SetBoxPresenter(BoxPresenter* presenter);
+
+/// Installs a procedure that runs before any box or input box is presented, for example to let go of what
+/// must not be held while the operator thinks; null removes it. Gives the one installed before. The procedure
+/// may install another.
+std::function<void()> SetBoxObserver(std::function<void()> observer);
 
 /// Shows a box and gives the answer.
 BoxAnswer MsgBox(const QString& text, int flags = BoxFlags::Plain, const QString& title = QString());

@@ -1,14 +1,19 @@
 #pragma once
 
 #include "components/hvxdb/Catalogue.h"
+#include "components/hvxdb/DefinitionsIndex.h"
+#include "components/hvxdb/DefinitionsTypes.h"
 
-#include <QHash>
+#include <QString>
 #include <QStringView>
+
+#include <vector>
 
 /// Answers for one catalogue: types, waypoints, parameters, and what a target text means by them.
 ///
 /// Look-ups of short names, long names, waypoints and keywords ignore case. Those that find nothing raise
-/// ComponentError (Refused). Item lists as in HvxDatabase.
+/// ComponentError (Refused). Item lists as in HvxDatabase. All answers are composed once, at construction;
+/// the ones for a target take a time linear in its length, whatever the text is.
 class Definitions
 {
 public:
@@ -43,6 +48,23 @@ public:
     [[nodiscard]] const ParameterDefinition& Parameter(const QString& waypoint, const QString& keyword) const;
 
 private:
+    struct WaypointAnswers
+    {
+        QString parameters;
+        QString longNames;
+        /// For targets whose first hop it is; empty when no node type begins with it.
+        QString nodeType;
+    };
+
+    void FillWaypoints();
+    [[nodiscard]] size_t Waypoint(const QString& name) const;
+    [[nodiscard]] const WaypointDefinition* KnownWaypoint(QStringView name) const;
+    void RequireDefinitions() const;
+
     Catalogue m_catalogue;
-    QHash<QString, int> m_waypoints;
+    bool m_defined = false;
+    DefinitionsTypes m_conTypes{QStringLiteral("connection type")};
+    DefinitionsTypes m_nodeTypes{QStringLiteral("node type")};
+    DefinitionsIndex m_waypointIndex;
+    std::vector<WaypointAnswers> m_waypoints;
 };

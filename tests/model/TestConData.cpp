@@ -127,10 +127,10 @@ void TestConData::SetWpDataItem_Cell_IsWritten()
 void TestConData::Clear_UsedObject_KeepsOnlyTheSurvivingFields()
 {
     ConData con;
-    TreeEntries* const tree = reinterpret_cast<TreeEntries*>(&con);
+    TreeEntries tree;
     FillFields(con);
-    con.ConTree = tree;
-    con.NodesTree = tree;
+    con.ConTree = &tree;
+    con.NodesTree = &tree;
     con.NodeTreeFlag = true;
 
     con.Clear();
@@ -139,8 +139,8 @@ void TestConData::Clear_UsedObject_KeepsOnlyTheSurvivingFields()
     QVERIFY(con.ViewNodesChecked);
     QCOMPARE(con.SelectedTreeNodeIndex, 8);
     QVERIFY(con.Initialized);
-    QCOMPARE(con.ConTree, tree);
-    QCOMPARE(con.NodesTree, tree);
+    QCOMPARE(con.ConTree, &tree);
+    QCOMPARE(con.NodesTree, &tree);
     QVERIFY(con.NodeTreeFlag);
     QVERIFY(!con.SelectPressed && !con.NewCon && !con.NewNode && !con.SaveFromScan);
     for (const QString& text :
@@ -199,8 +199,9 @@ void TestConData::ClearWP_UsedObject_KeepsNamesAndLongNames()
 void TestConData::Copy_Fields_AreTheNarrowSet()
 {
     ConData source;
+    TreeEntries tree;
     FillFields(source);
-    source.ConTree = reinterpret_cast<TreeEntries*>(&source);
+    source.ConTree = &tree;
     ConData con;
 
     con.Copy(source);

@@ -1,0 +1,326 @@
+#include "browser/BrowserState.h"
+#include "browser/Gateway.h"
+#include "browser/T4ZelkaBrowser.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "database/ReadBracket.h"
+#include "model/LookupHelpers.h"
+#include "model/ModelState.h"
+#include "model/TextHelpers.h"
+#include "platform/MsgBox.h"
+
+// From a click on an entry to the target that the host reads.
+
+namespace {
+
+/// An id in the database equals the one in an entry's key.
+bool SameId(const QString& databaseId, qint32 entryId)
+{
+    return ValInt(databaseId) == qAbs(entryId);
+}
+
+QString StaleText(const QString& kind, const QString& name)
+{
+    return kind + name +
+           QStringLiteral(" cannot be accessed, because another application has changed it. Automatic update "
+                          "follows, try again.");
+}
+
+/// GetConPicture's answer where there is no picture.
+constexpr int NoPicture = -1;
+
+} // namespace
+
+// Stale entries ---------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::ConEntryChanged(Entry entry, bool& hasId, bool& changed)
+{
+    hasId = true;
+    changed = false;
+    if (GetItem(m_conTree->Key(entry), 2, QLatin1Char(',')).isEmpty()) {
+        hasId = false;
+        return;
+    }
+    changed = true;
+    QString id;
+    if (Gateway().GetParentIDDb(m_conTree->Text(entry), id) && SameId(id, m_conTree->Id(entry)))
+        changed = false;
+}
+
+void T4ZelkaBrowser::NodeEntryChanged(const TreeEntries& tree, Entry entry, bool& hasId, bool& changed)
+{
+    hasId = true;
+    changed = false;
+    if (GetItem(tree.Key(entry), 2, QLatin1Char(',')).isEmpty()) {
+        hasId = false;
+        return;
+    }
+    changed = true;
+    QString id;
+    if (Gateway().GetNodeIDDb(tree.Text(entry), id) && SameId(id, tree.Id(entry)))
+        changed = false;
+}
+
+bool T4ZelkaBrowser::ConnectionIsCurrent(Entry entry)
+{
+    bool hasId = false;
+    bool changed = false;
+    ConEntryChanged(entry, hasId, changed);
+    if (hasId && !changed)
+        return true;
+    TellStaleEntry(StaleText(QStringLiteral("Connection "), m_conTree->Text(entry)));
+    return false;
+}
+
+bool T4ZelkaBrowser::NodeIsCurrent(const TreeEntries& tree, Entry entry)
+{
+    bool hasId = false;
+    bool changed = false;
+    NodeEntryChanged(tree, entry, hasId, changed);
+    if (hasId && !changed)
+        return true;
+    TellStaleEntry(StaleText(QStringLiteral("Node "), tree.Text(entry)));
+    return false;
+}
+
+void T4ZelkaBrowser::TellStaleEntry(const QString& text)
+{
+    // The snapshot of the click is as old as the entry.
+    EndClickReads();
+    const BusyScope busy;
+    MsgBox(text);
+    cmdRefresh_Click();
+}
+
+void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
+{
+    if (!m_ui->optCon->isChecked() || !m_conTree->Exists(entry))
+        return;
+    bool current = true;
+    switch (m_conTree->Kind(entry).unicode()) {
+    case u'C':
+        current = ConnectionIsCurrent(entry);
+        break;
+    case u'W':
+        current = ConnectionIsCurrent(m_conTree->Parent(entry));
+        break;
+    case u'N':
+        current = ConnectionIsCurrent(m_conTree->Parent(entry)) && NodeIsCurrent(*m_conTree, entry);
+        break;
+    default:
+        break;
+    }
+    if (!current)
+        m_conTreeSkipClick = true;
+}
+
+void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
+{
+    if (!m_ui->optNodes->isChecked() || m_nodesTree->Kind(entry) != QLatin1Char('N'))
+        return;
+    if (!NodeIsCurrent(*m_nodesTree, entry))
+        m_nodesTreeSkipClick = true;
+}
+
+// Selection -------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::tvwConTree_Click()
+{
+    m_ui->tvwConTree->viewport()->update();
+    if (std::exchange(m_conTreeSkipClick, false))
+        return;
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    if (selected == 0 || !m_ui->optCon->isChecked())
+        return;
+    const ClickReads reads(*this);
+    switch (m_conTree->Kind(selected).unicode()) {
+    case u'C':
+        if (ShowConnection(m_conTree->Text(selected)) && SetConnectionTargetText(m_conTree->Text(selected)))
+            EnableCmdLoadMore(selected);
+        break;
+    case u'W': {
+        const QString name = m_conTree->Text(m_conTree->Parent(selected));
+        if (ShowConnection(name))
+            SetConnectionTargetText(name);
+        break;
+    }
+    case u'N':
+        if (ShowConnection(m_conTree->Text(m_conTree->Parent(selected)))) {
+            ConTreeSetTargetText();
+            EnableCmdLoadMore(m_conTree->Parent(selected));
+        }
+        break;
+    default:
+        ShowConPicture(NoConType);
+        ClearTarget();
+        EnableCmdLoadMore(selected);
+        m_ui->fraConData->SetCaption(QStringLiteral("Connections"));
+        break;
+    }
+}
+
+void T4ZelkaBrowser::tvwNodesTree_Click()
+{
+    m_ui->tvwNodesTree->viewport()->update();
+    if (std::exchange(m_nodesTreeSkipClick, false))
+        return;
+    const Entry selected = SelectedEntry(*m_ui->tvwNodesTree);
+    if (!m_ui->optNodes->isChecked() || selected == 0)
+        return;
+    const ClickReads reads(*this);
+    if (m_nodesTree->Kind(selected) != QLatin1Char('N')) {
+        EnableCmdLoadMore(selected);
+        ShowConPicture(NoConType);
+        ClearTarget();
+        m_ui->fraConData->SetCaption(QStringLiteral("Nodes"));
+        return;
+    }
+    QString parentName;
+    NodesTreeSetTargetText(parentName);
+    EnableCmdLoadMore(selected);
+    // Without a type the caption stays.
+    (void)ShowConnection(parentName);
+}
+
+bool T4ZelkaBrowser::ShowConnection(const QString& name)
+{
+    QString typeName;
+    const int picture = GetConPicture(name, typeName);
+    ShowConPicture(picture == NoPicture ? NoConType : picture);
+    QString longName;
+    if (!Gateway().GetConTypeLongNameDb(typeName, longName))
+        return false;
+    m_ui->fraConData->SetCaption(longName + QStringLiteral(": ") + name);
+    return true;
+}
+
+bool T4ZelkaBrowser::SetConnectionTargetText(const QString& name)
+{
+    if (!Model().ConObject || !Model().ConObject->GetParentWithoutDefaults(name, m_targetText))
+        return false;
+    m_ui->txtTarget->setText(m_targetText);
+    SetSobriquet(Trim(name));
+    SetNodeType(QString());
+    SetCommandLine(QString());
+    return true;
+}
+
+void T4ZelkaBrowser::ConTreeSetTargetText()
+{
+    ClearTarget();
+    QString parentName;
+    if (const Entry selected = SelectedEntry(*m_ui->tvwConTree))
+        SetNodeTargetText(m_conTree->Text(selected), parentName);
+}
+
+void T4ZelkaBrowser::NodesTreeSetTargetText(QString& parentName)
+{
+    ClearTarget();
+    if (const Entry selected = SelectedEntry(*m_ui->tvwNodesTree))
+        SetNodeTargetText(m_nodesTree->Text(selected), parentName);
+}
+
+void T4ZelkaBrowser::SetNodeTargetText(const QString& name, QString& parentName)
+{
+    // Only a complete target reaches the text box; what there is of it stays in m_targetText.
+    if (!Model().ConObject || !Gateway().GetNodeDb(name, parentName, m_targetText))
+        return;
+    m_targetText.clear();
+    if (!Model().ConObject->GetNodeWithoutDefaults(name, m_targetText))
+        return;
+    QString nodeType;
+    QString commandLine;
+    if (!Gateway().GetNodeNmaTagDb(name, nodeType, commandLine))
+        return;
+    QString parentTarget;
+    if (!Model().ConObject->GetParentWithoutDefaults(parentName, parentTarget))
+        return;
+    m_targetText = parentTarget + QLatin1Char(',') + m_targetText;
+    m_ui->txtTarget->setText(m_targetText);
+    SetSobriquet(Trim(name));
+    SetNodeType(nodeType);
+    SetCommandLine(commandLine);
+}
+
+void T4ZelkaBrowser::ClearTarget()
+{
+    m_targetText.clear();
+    m_ui->txtTarget->clear();
+    SetSobriquet(QString());
+    SetNodeType(QString());
+    SetCommandLine(QString());
+}
+
+int T4ZelkaBrowser::GetConPicture(const QString& name, QString& conTypeName)
+{
+    QString target;
+    QString result;
+    if (TrimBlanks(name).isEmpty() || !Gateway().GetParentDb(name, target) ||
+        !Gateway().AnalyzeConTypeDb(target, result))
+        return NoPicture;
+    conTypeName = GetItem(result, 2, TabChar);
+    return qMax(NoPicture, ValInt(GetItem(result, 1, TabChar)));
+}
+
+void T4ZelkaBrowser::SelectTreeEntry(TreeView& tree, Entry entry)
+{
+    if (!tree.isVisible() || !Browser().ControlInitialized)
+        return;
+    tree.setFocus(Qt::OtherFocusReason);
+    const auto& entries = static_cast<const TreeEntries&>(*tree.model());
+    const Entry wanted = entry == SelectedAgain ? SelectedEntry(tree) : entry;
+    if (entries.Exists(wanted))
+        tree.SelectIndex(entries.ModelIndex(wanted));
+}
+
+void T4ZelkaBrowser::RestoreViewSelection()
+{
+    if (m_ui->optCon->isChecked()) {
+        SelectTreeEntry(*m_ui->tvwConTree, SelectedAgain);
+        tvwConTree_Click();
+    } else {
+        SelectTreeEntry(*m_ui->tvwNodesTree, SelectedAgain);
+        tvwNodesTree_Click();
+    }
+}
+
+T4ZelkaBrowser::Entry T4ZelkaBrowser::SelectedEntry(const TreeView& tree) const
+{
+    const QModelIndex selected = tree.SelectedIndex();
+    return selected.isValid() ? TreeEntries::EntryOf(selected) : 0;
+}
+
+// Double clicks ---------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::tvwConTree_DblClick()
+{
+    m_conTreeSkipClick = true;
+    (void)OpenConEntry();
+}
+
+bool T4ZelkaBrowser::OpenConEntry()
+{
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    if (!m_ui->optCon->isChecked() || selected == 0 || selected == RootEntry ||
+        m_conTree->ChildCount(selected) > 0)
+        return false;
+    EndClickReads();
+    if (m_conTree->Kind(selected) != QLatin1Char('C')) {
+        m_ui->cmdDatabaseProp->click();
+        return true;
+    }
+    if (m_ui->chkViewNodes->isChecked()) {
+        LoadConNodes(selected);
+        EnableCmdLoadMore(selected);
+    } else {
+        LoadConWaypoints(selected);
+        m_conTreeSkipClick = false;
+    }
+    return false;
+}
+
+void T4ZelkaBrowser::tvwNodesTree_DblClick()
+{
+    m_nodesTreeSkipClick = true;
+    EndClickReads();
+    m_ui->cmdDatabaseProp->click();
+}

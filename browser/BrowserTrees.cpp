@@ -1,0 +1,237 @@
+#include "browser/BrowserState.h"
+#include "browser/Gateway.h"
+#include "browser/IntervalTimer.h"
+#include "browser/LoadState.h"
+#include "browser/T4ZelkaBrowser.h"
+#include "browser/frmConNodesProgress.h"
+#include "browser/frmLoadProgress.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "database/DatabaseState.h"
+#include "database/ReadBracket.h"
+#include "model/ModelState.h"
+#include "model/TreeFilling.h"
+#include "platform/MachineSeams.h"
+#include "platform/MsgBox.h"
+
+// The two views of the Database tab and what fills their trees.
+
+namespace {
+
+const QString ConnectionsText = QStringLiteral("Connections");
+const QString NodesText = QStringLiteral("Nodes");
+const QString NodeKeySuffix = QStringLiteral("N");
+
+/// Shows the wait cursor for as long as it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { Machine().ShowBusyPointer(true); }
+    ~BusyPointer() { Machine().ShowBusyPointer(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+} // namespace
+
+// Views -----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::optCon_Click()
+{
+    if (!m_ui->optCon->isChecked())
+        return;
+    m_ui->fraConData->SetCaption(ConnectionsText);
+    m_ui->chkViewNodes->setVisible(true);
+    m_ui->stkTrees->setCurrentWidget(m_ui->pagConTree);
+    if (!Model().ConObject)
+        return;
+    // A start fills the node tree alone.
+    if (m_pagesAnswer && m_conTree->Count() == 0 && Database().DatabaseOpen && !FillConnections())
+        return;
+    Model().ConObject->optCon = true;
+    SelectTreeEntry(*m_ui->tvwConTree, SelectedAgain);
+    if (m_conTree->Count() > 0)
+        EnableCmdLoadMore(RootEntry);
+    tvwConTree_Click();
+}
+
+void T4ZelkaBrowser::optNodes_Click()
+{
+    if (m_ui->optCon->isChecked())
+        return;
+    m_ui->fraConData->SetCaption(NodesText);
+    m_ui->chkViewNodes->setVisible(false);
+    m_ui->stkTrees->setCurrentWidget(m_ui->pagNodesTree);
+    if (!Model().ConObject)
+        return;
+    Model().ConObject->optCon = false;
+    SelectTreeEntry(*m_ui->tvwNodesTree, SelectedAgain);
+    if (m_nodesTree->Count() > 0)
+        EnableCmdLoadMore(RootEntry);
+    tvwNodesTree_Click();
+}
+
+bool T4ZelkaBrowser::FillConnections()
+{
+    const BusyScope busy;
+    const BusyPointer pointer;
+    QString list;
+    PairTable items;
+    int count = 0;
+    if (!Gateway().QueryParentsDb(list) || !ConvertItemListToArray(list, true, items, count))
+        return false;
+    FillConnectionTree(ConnectionsText, QStringLiteral("C"), count, items, *m_conTree, true);
+    return true;
+}
+
+void T4ZelkaBrowser::chkViewNodes_Click()
+{
+    if (!Model().ConObject)
+        return;
+    const BusyScope busy;
+    const bool viewNodes = m_ui->chkViewNodes->isChecked();
+    Model().ConObject->ViewNodesChecked = viewNodes;
+    const std::vector<Entry> connections = m_conTree->ParentsWithChildren();
+    for (const Entry connection : connections)
+        m_conTree->RemoveChildren(connection);
+    for (const Entry connection : connections) {
+        if (viewNodes) {
+            ShowConNodesProgress(connection);
+            m_conTree->SetExpanded(connection, true);
+        } else if (!RefillConEntry(*m_conTree, connection, false)) {
+            return;
+        }
+    }
+    SelectTreeEntry(*m_ui->tvwConTree, SelectedAgain);
+    if (const Entry selected = SelectedEntry(*m_ui->tvwConTree))
+        EnableCmdLoadMore(selected);
+}
+
+// Loads -----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::LoadConWaypoints(Entry connection)
+{
+    m_ui->tvwConTree->viewport()->update();
+    // A look-up that fails leaves the connection closed, without a message of its own.
+    if (!RefillConEntry(*m_conTree, connection, false))
+        return;
+}
+
+void T4ZelkaBrowser::LoadConNodes(Entry connection)
+{
+    m_ui->tvwConTree->viewport()->update();
+    ShowConNodesProgress(connection);
+    m_conTreeSkipClick = false;
+    m_conTree->SetExpanded(connection, true);
+}
+
+void T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
+{
+    LoadState& load = Load();
+    load.LoadRootKey = ConnectionsText;
+    load.LoadKeySuffix = NodeKeySuffix;
+    load.LoadTree = m_conTree;
+    load.LoadAddRoot = false;
+    load.LoadParentNode = connection;
+    frmConNodesProgress(this).exec();
+    load.LoadTree = nullptr;
+}
+
+void T4ZelkaBrowser::cmdLoadMore_Click()
+{
+    const BusyScope busy;
+    m_tmrRefreshTimer->SetEnabled(false);
+    const bool loaded = m_ui->optCon->isChecked() ? LoadMoreNodesOfConnection() : LoadMoreNodes();
+    if (loaded)
+        RestoreViewSelection();
+    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+}
+
+bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
+{
+    if (!m_ui->chkViewNodes->isChecked())
+        return true;
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    if (selected == 0 || m_conTree->Parent(selected) == 0)
+        return false;
+    const Entry connection =
+        m_conTree->Kind(selected) == QLatin1Char('N') ? m_conTree->Parent(selected) : selected;
+    ShowConNodesProgress(connection);
+    m_conTree->SetExpanded(connection, true);
+    EnableCmdLoadMore(selected);
+    return true;
+}
+
+bool T4ZelkaBrowser::LoadMoreNodes()
+{
+    LoadState& load = Load();
+    load.LoadRootKey = NodesText;
+    load.LoadKeySuffix = NodeKeySuffix;
+    load.LoadTree = m_nodesTree;
+    load.LoadAddRoot = false;
+    if (m_nodesTree->Count() > 0) {
+        load.LoadParentNode = RootEntry;
+        m_nodesTree->SetExpanded(RootEntry, false);
+        frmLoadProgress(this).exec();
+        // Sorted also behind a load that failed.
+        m_nodesTree->SetSorted(RootEntry, true);
+        m_nodesTree->SetExpanded(RootEntry, true);
+        EnableCmdLoadMore(RootEntry);
+    }
+    load.LoadTree = nullptr;
+    return true;
+}
+
+// Reload ----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::cmdRefresh_Click()
+{
+    const BusyScope busy;
+    m_tmrRefreshTimer->SetEnabled(false);
+    qint32 latestId = 0;
+    const bool nothingNew = !Database().DatabaseOpen ||
+                            (Gateway().GetJournalLastIdDb(latestId) && latestId == Load().JournalLastId);
+    if (!nothingNew) {
+        ReloadConnections();
+        ReloadNodes();
+    }
+    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+}
+
+void T4ZelkaBrowser::ReloadConnections()
+{
+    ReadJournalPosition();
+    QString list;
+    if (!Gateway().QueryParentsDb(list))
+        return;
+    PairTable items;
+    int count = 0;
+    if (ConvertItemListToArray(list, true, items, count))
+        FillConnectionTree(ConnectionsText, QStringLiteral("C"), count, items, *m_conTree, true);
+    else
+        MsgBox(QStringLiteral("ConvertItemListToArray Error"));
+}
+
+void T4ZelkaBrowser::ReloadNodes()
+{
+    ReadJournalPosition();
+    LoadState& load = Load();
+    load.LoadLimit = LoadState::FirstLimit;
+    if (!Gateway().GetNodeCountDb(load.NodeCount))
+        load.NodeCount = LoadState::FirstLimit;
+    load.LoadMoreId = 0;
+    load.LoadRootKey = NodesText;
+    load.LoadKeySuffix = NodeKeySuffix;
+    load.LoadTree = m_nodesTree;
+    load.LoadAddRoot = true;
+    frmLoadProgress(this).exec();
+    load.LoadTree = nullptr;
+    EnableCmdLoadMore(RootEntry);
+}
+
+void T4ZelkaBrowser::ReadJournalPosition()
+{
+    if (Gateway().GetJournalLastIdDb(Load().JournalLastId))
+        return;
+    MsgBox(QStringLiteral("Journal table access failure."));
+    Load().JournalLastId = 1;
+}

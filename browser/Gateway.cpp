@@ -1,0 +1,9 @@
+#include "browser/Gateway.h"
+
+#include "database/DatabaseState.h"
+
+DatabaseClass& Gateway()
+{
+    static DatabaseClass none;
+    return Database().DbObject ? *Database().DbObject : none;
+}

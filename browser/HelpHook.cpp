@@ -1,0 +1,7 @@
+#include "browser/HelpHook.h"
+
+HelpHook& Help()
+{
+    static HelpHook hook;
+    return hook;
+}

@@ -1,0 +1,59 @@
+#include "browser/LoadingProcedure.h"
+
+#include "browser/Gateway.h"
+#include "database/DatabaseError.h"
+#include "platform/MsgBox.h"
+
+#include <exception>
+
+LoadStep LoadingProcedure::Next()
+{
+    try {
+        return Step();
+    } catch (const std::exception&) {
+        return ReportFailure(CurrentErrorNumber());
+    }
+}
+
+bool LoadingProcedure::BeginTransaction()
+{
+    m_transactionOpen = false;
+    if (Gateway().BeginTransactionDb(m_transactionOpen))
+        return true;
+    ErrorBox(QStringLiteral("Database access is denied, because another application is using it."));
+    return false;
+}
+
+void LoadingProcedure::CommitTransaction()
+{
+    if (Gateway().CommitTransactionDb(m_transactionOpen))
+        return;
+    ErrorBox(QStringLiteral("Failure to commit database operations."));
+    throw DatabaseFailure(DbError::Reported);
+}
+
+void LoadingProcedure::FailLoading()
+{
+    ErrorBox(QStringLiteral("Database loading failure."));
+    throw DatabaseFailure(DbError::Reported);
+}
+
+LoadStep LoadingProcedure::ReportFailure(quint32 errorNumber)
+{
+    const bool wasOpen = m_transactionOpen;
+    const bool rolledBack = wasOpen && Gateway().RollbackTransactionDb();
+    m_transactionOpen = false;
+    const bool unreported = errorNumber == DbError::Unreported;
+
+    if (wasOpen && unreported && rolledBack) {
+        ErrorBox(
+            QStringLiteral("Failure in database operation. All modifications rolled back successfully."));
+    } else if (wasOpen && unreported) {
+        ErrorBox(QStringLiteral("Failure in a database operation and database also failed to roll back its "
+                                "changes. Warning, database may be corrupted."));
+    } else if (wasOpen && !rolledBack) {
+        ErrorBox(
+            QStringLiteral("Failure to roll back database changes. Warning, database may be corrupted."));
+    }
+    return unreported || errorNumber == DbError::Reported ? LoadStep::Done : LoadStep::GivenUp;
+}

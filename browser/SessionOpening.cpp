@@ -1,0 +1,111 @@
+#include "browser/SessionOpening.h"
+
+#include "browser/Gateway.h"
+#include "browser/LoadState.h"
+#include "database/DatabaseState.h"
+#include "model/ModelState.h"
+#include "platform/MsgBox.h"
+
+namespace {
+
+// The types that the browser offers, in its order, by their place in the database's list, and their pictures.
+const QString OfferedTypes = QStringLiteral("0,1,2,9,14,6,7");
+const QString OfferedPictures = QStringLiteral("0,1,2,9,16,6,7");
+
+} // namespace
+
+LoadStep SessionOpening::Step()
+{
+    switch (m_step++) {
+    case 0:
+        Display().ShowRange(1, 100);
+        Display().ShowLabel(QStringLiteral("Opening Database."));
+        return LoadStep::More;
+    case 1:
+        CreateGateway();
+        Display().ShowValue(10);
+        return LoadStep::More;
+    case 2:
+        OpenSession();
+        Display().ShowValue(20);
+        Display().ShowLabel(QStringLiteral("Checking security options."));
+        return LoadStep::More;
+    case 3:
+        ReadRights();
+        Display().ShowValue(40);
+        return LoadStep::More;
+    case 4:
+        ReadConnectionTypes();
+        Display().ShowValue(50);
+        Display().ShowLabel(QStringLiteral("Reading journal table."));
+        return LoadStep::More;
+    case 5:
+        ReadJournalPosition();
+        Display().ShowValue(80);
+        return LoadStep::More;
+    case 6:
+        CountNodes();
+        Display().ShowValue(90);
+        return LoadStep::More;
+    default:
+        SetLoadState();
+        Display().ShowValue(100);
+        Display().ShowLabel(QStringLiteral("Loading Nodes."));
+        return LoadStep::Done;
+    }
+}
+
+void SessionOpening::CreateGateway()
+{
+    // A further control in the process goes on with the session that is open.
+    if (!Database().DatabaseOpen || !Database().DbObject)
+        Database().DbObject = std::make_unique<DatabaseClass>();
+    Model().Database = Database().DbObject.get();
+}
+
+void SessionOpening::OpenSession()
+{
+    Database().DatabaseOpen = Gateway().OpenDb();
+}
+
+void SessionOpening::ReadRights()
+{
+    if (Gateway().SetUserSecurityDb())
+        return;
+    MsgBox(QStringLiteral("Failure in fetching RMX/30 privileges."));
+    Database().ScanRight = false;
+    Database().EditRight = false;
+}
+
+void SessionOpening::ReadConnectionTypes()
+{
+    Model().ConOrderObject = std::make_unique<ConOrderClass>();
+    Model().ConOrderObject->LoadConTypesInOrder(Gateway(), OfferedTypes, OfferedPictures);
+}
+
+void SessionOpening::ReadJournalPosition()
+{
+    if (!Database().DatabaseOpen || Gateway().GetJournalLastIdDb(Load().JournalLastId))
+        return;
+    MsgBox(QStringLiteral("Journal table access failure."));
+    Load().JournalLastId = 1;
+}
+
+void SessionOpening::CountNodes()
+{
+    Load().LoadLimit = LoadState::FirstLimit;
+    if (Database().DatabaseOpen && !Gateway().GetNodeCountDb(Load().NodeCount))
+        Load().NodeCount = LoadState::FirstLimit;
+}
+
+void SessionOpening::SetLoadState()
+{
+    LoadState& load = Load();
+    load.LoadMoreId = 0;
+    load.LoadRootKey = QStringLiteral("Nodes");
+    load.LoadKeySuffix = QStringLiteral("N");
+    load.LoadTree = Model().ConObject ? Model().ConObject->NodesTree : nullptr;
+    load.LoadAddRoot = true;
+    if (load.NodeCount > LoadState::FirstLimit)
+        load.LoadMoreId = LoadState::FirstLimitedPosition;
+}

@@ -1,0 +1,301 @@
+#include "browser/T4ZelkaBrowser.h"
+
+#include "browser/BrowserState.h"
+#include "browser/ConnectionPictures.h"
+#include "browser/Gateway.h"
+#include "browser/HelpHook.h"
+#include "browser/IntervalTimer.h"
+#include "browser/LoadState.h"
+#include "browser/frmLoadProgress.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "database/DatabaseState.h"
+#include "database/ReadBracket.h"
+#include "model/LookupHelpers.h"
+#include "model/ModelState.h"
+#include "platform/ComponentError.h"
+#include "platform/MachineSeams.h"
+#include "platform/MsgBox.h"
+
+#include <QCoreApplication>
+#include <QHideEvent>
+#include <QShortcut>
+#include <QShowEvent>
+
+#include <exception>
+
+namespace {
+
+std::unique_ptr<ConData> NewConData()
+{
+    auto data = std::make_unique<ConData>();
+    data->Initialize();
+    data->Clear();
+    return data;
+}
+
+QString HelpFilePath()
+{
+    return Help().HelpFilePath ? Help().HelpFilePath() : QString();
+}
+
+} // namespace
+
+T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::T4ZelkaBrowser>())
+{
+    RegisterPictures();
+    m_ui->setupUi(this);
+    // Made behind the views, which so go first.
+    m_conTree = new TreeEntries(this);
+    m_nodesTree = new TreeEntries(this);
+    m_tmrRefreshTimer = new IntervalTimer(this);
+    m_tmrRefreshTimer->setObjectName(QStringLiteral("tmrRefreshTimer"));
+    m_tmrRefreshTimer->SetInterval(m_refreshInterval);
+    auto* help = new QObject(this);
+    help->setObjectName(QStringLiteral("cdlBrowserHelp"));
+
+    m_ui->cmdRefresh->setVisible(m_refreshVisible);
+    m_ui->cmdDatabaseManage->setVisible(m_manageVisible);
+    m_ui->txtTarget->setMaxLength(std::numeric_limits<int>::max());
+    m_ui->updPort->SetBuddy(m_ui->txtPort, 0, 65535);
+    m_ui->UpDown1->SetBuddy(m_ui->txtSection, 0, 255);
+    m_ui->UpDown2->SetBuddy(m_ui->txtStation, 0, 255);
+    ShowConPicture(NoConType);
+    ConnectControls();
+    ConnectTrees();
+}
+
+T4ZelkaBrowser::~T4ZelkaBrowser()
+{
+    UserControl_Terminate();
+    // What the children tell while they go must not reach handlers of a control that is half gone.
+    for (QObject* child : findChildren<QObject*>())
+        child->disconnect(this);
+}
+
+void T4ZelkaBrowser::ConnectControls()
+{
+    const auto onClick = [this](QAbstractButton* button, void (T4ZelkaBrowser::*handler)()) {
+        connect(button, &QAbstractButton::clicked, this,
+                [this, handler] { Guarded([this, handler] { (this->*handler)(); }); });
+    };
+    onClick(m_ui->cmdLoadMore, &T4ZelkaBrowser::cmdLoadMore_Click);
+    onClick(m_ui->cmdRefresh, &T4ZelkaBrowser::cmdRefresh_Click);
+    onClick(m_ui->cmdDatabaseHelp, &T4ZelkaBrowser::cmdDatabaseHelp_Click);
+    onClick(m_ui->cmdDirectHelp, &T4ZelkaBrowser::cmdDirectHelp_Click);
+
+    const auto onToggle = [this](QAbstractButton* button, void (T4ZelkaBrowser::*handler)()) {
+        connect(button, &QAbstractButton::toggled, this,
+                [this, handler] { Guarded([this, handler] { (this->*handler)(); }); });
+    };
+    onToggle(m_ui->optCon, &T4ZelkaBrowser::optCon_Click);
+    onToggle(m_ui->optNodes, &T4ZelkaBrowser::optNodes_Click);
+    onToggle(m_ui->chkViewNodes, &T4ZelkaBrowser::chkViewNodes_Click);
+
+    connect(m_ui->tabMain, &QTabWidget::currentChanged, this, [this] {
+        const int previousTab = std::exchange(m_shownTab, m_ui->tabMain->currentIndex());
+        Guarded([this, previousTab] { tabMain_Click(previousTab); });
+    });
+    connect(m_ui->txtTarget, &QLineEdit::textChanged, this, &T4ZelkaBrowser::txtTarget_Change);
+    connect(m_tmrRefreshTimer, &IntervalTimer::Timer, this,
+            [this] { Guarded([this] { tmrRefreshTimer_Timer(); }); });
+
+    auto* find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
+    find->setContext(Qt::WidgetWithChildrenShortcut);
+    constexpr int ctrlF = 6;
+    connect(find, &QShortcut::activated, this, [this] { Guarded([this] { UserControl_KeyPress(ctrlF); }); });
+    m_ui->tabMain->tabBar()->installEventFilter(this);
+    m_ui->tabNode->tabBar()->installEventFilter(this);
+    m_ui->cmdScan->installEventFilter(this);
+}
+
+void T4ZelkaBrowser::Guarded(const std::function<void()>& handler)
+{
+    try {
+        handler();
+        return;
+    } catch (const ComponentError& error) {
+        m_clickReads.reset();
+        ErrorBox(error.Description());
+    } catch (const std::exception& error) {
+        m_clickReads.reset();
+        ErrorBox(QString::fromUtf8(error.what()));
+    }
+}
+
+// Container -------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    Guarded([this] {
+        if (!m_startRan)
+            StartControl();
+        UserControl_Show();
+    });
+}
+
+void T4ZelkaBrowser::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        UserControl_Hide();
+}
+
+void T4ZelkaBrowser::UserControl_Show()
+{
+    // A form editor shows the control as it is.
+    if (!m_userMode)
+        return;
+    m_ui->optNodes->setChecked(true);
+    optNodes_Click();
+    RestoreViewSelection();
+    const int tab = Browser().BrowserTabIndex == 1 ? 1 : 0;
+    {
+        const QSignalBlocker once(m_ui->tabMain);
+        m_ui->tabMain->setCurrentIndex(tab);
+        m_shownTab = tab;
+    }
+    tabMain_Click(tab);
+}
+
+void T4ZelkaBrowser::UserControl_Hide()
+{
+    for (int index = 0; index < ConnectionPictureCount; ++index)
+        Browser().ConPictures[static_cast<std::size_t>(index)] = QIcon();
+}
+
+void T4ZelkaBrowser::UserControl_Terminate()
+{
+    m_clickReads.reset();
+    if (Model().ConObject) {
+        Model().ConObject->ConTree = nullptr;
+        Model().ConObject->NodesTree = nullptr;
+    }
+    if (Database().DatabaseOpen)
+        FreeObjects();
+    if (Load().LoadTree == m_conTree || Load().LoadTree == m_nodesTree)
+        Load().LoadTree = nullptr;
+}
+
+void T4ZelkaBrowser::FreeObjects()
+{
+    const bool inUse = Browser().Busy > 0 || m_clickReads;
+    m_clickReads.reset();
+    DatabaseState& database = Database();
+    if (database.DbObject)
+        database.DbObject->CloseDb();
+    database.DatabaseOpen = false;
+    Load().LoadTree = nullptr;
+    Load().LoadParentNode = 0;
+    Model().Database = nullptr;
+    // A host may call while one of the gateway's operations stands further down the stack.
+    if (inUse && database.DbObject)
+        database.DbObject.release()->deleteLater();
+    database.DbObject.reset();
+}
+
+// Start -----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::StartControl()
+{
+    m_startRan = true;
+    m_tmrRefreshTimer->SetEnabled(false);
+    if (!m_userMode)
+        return;
+
+    const BusyScope busy;
+    m_pagesAnswer = false;
+    Browser().ControlInitialized = false;
+    m_ui->txtTarget->clear();
+    CreateWorkingObjects();
+    m_ui->optCon->setChecked(true);
+    Model().ConObject->ConTree = m_conTree;
+    Model().ConObject->NodesTree = m_nodesTree;
+    EnableByRights();
+
+    LoadAtStart();
+    if (!Database().DatabaseOpen) {
+        Database().EditRight = false;
+        SetRefreshTimer(false);
+    }
+    Load().LoadTree = nullptr;
+    Model().ConObject->ConTree = nullptr;
+    Model().ConObject->NodesTree = nullptr;
+
+    ShowConPicture(NoConType);
+    findChild<QObject*>(QStringLiteral("cdlBrowserHelp"))->setProperty("HelpFile", HelpFilePath());
+    InitializeDirectTab();
+    Browser().ControlInitialized = true;
+    m_conTreeSkipClick = false;
+    m_nodesTreeSkipClick = false;
+    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+    QCoreApplication::instance()->setProperty("HelpFile", HelpFilePath());
+    ReadSharedNames();
+    for (int index = 0; index < ConnectionPictureCount; ++index)
+        Browser().ConPictures[static_cast<std::size_t>(index)] = ConnectionPicture(index);
+
+    m_pagesAnswer = true;
+    if (!Database().DatabaseOpen)
+        EnterDirectOnly();
+}
+
+void T4ZelkaBrowser::CreateWorkingObjects()
+{
+    m_conTree->Clear();
+    m_nodesTree->Clear();
+    m_ui->tabMain->setTabEnabled(0, true);
+    ModelState& model = Model();
+    model.ConObject = NewConData();
+    model.DirectObject = NewConData();
+    model.NewDirectObject = NewConData();
+    model.SavedDirectObject = NewConData();
+}
+
+void T4ZelkaBrowser::LoadAtStart()
+{
+    {
+        frmLoadProgress form(this);
+        form.UpdateDataStatus(true);
+        form.exec();
+    }
+    if (Database().DatabaseOpen)
+        EnableCmdLoadMore(RootEntry);
+    if (Database().DbObject) {
+        disconnect(m_cursor);
+        m_cursor = connect(Database().DbObject.get(), &DatabaseClass::SetMousePointer, this,
+                           &T4ZelkaBrowser::mCursor_SetMousePointer);
+    }
+}
+
+void T4ZelkaBrowser::ReadSharedNames()
+{
+    auto& names = Model().TimeRetryNames;
+    if (!Gateway().GetWpLongNameDb(QStringLiteral("TIME"), names[0]))
+        names[0] = QStringLiteral("TIME OUT");
+    if (!Gateway().GetWpLongNameDb(QStringLiteral("RETRY"), names[1]))
+        names[1] = QStringLiteral("RETRY COUNT");
+}
+
+void T4ZelkaBrowser::EnterDirectOnly()
+{
+    m_ui->tabMain->setCurrentIndex(1);
+    m_ui->tabMain->setTabEnabled(0, false);
+    m_ui->tabNode->setCurrentIndex(0);
+}
+
+void T4ZelkaBrowser::mCursor_SetMousePointer(int pointer)
+{
+    Machine().ShowBusyPointer(pointer == DatabaseClass::BusyPointer);
+}
+
+void T4ZelkaBrowser::tmrRefreshTimer_Timer()
+{
+    if (!Database().DatabaseOpen || !m_userMode || Browser().Busy > 0)
+        return;
+    m_tmrRefreshTimer->SetEnabled(false);
+    cmdRefresh_Click();
+    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+}

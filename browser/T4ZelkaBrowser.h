@@ -1,0 +1,292 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class IntervalTimer;
+class PropertyBag;
+class QLabel;
+class ReadBracket;
+class TreeEntries;
+class TreeView;
+
+namespace Ui {
+class T4ZelkaBrowser;
+}
+
+/// The connection browser: the one object that a host creates. It shows a database of connections and nodes
+/// on one page and a direct target form on the other, and hands the host a target string.
+///
+/// A host either calls UserControl_InitProperties (a new control) or UserControl_ReadProperties (a stored
+/// one) before it shows the control, or sets the properties and shows it, which starts it as well. The
+/// control raises no events to its host but the notifications of its properties.
+/// Thread: the one of the user interface. The start shows a modal form while the database opens and loads.
+/// All controls of a process share one database session and one set of working objects.
+class T4ZelkaBrowser : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(bool UserMode READ UserMode WRITE SetUserMode DESIGNABLE false STORED false)
+    Q_PROPERTY(bool RefreshVisible READ RefreshVisible WRITE SetRefreshVisible NOTIFY RefreshVisibleChanged)
+    Q_PROPERTY(bool RefreshTimer READ RefreshTimer WRITE SetRefreshTimer NOTIFY RefreshTimerChanged)
+    Q_PROPERTY(
+        int RefreshInterval READ RefreshInterval WRITE SetRefreshInterval NOTIFY RefreshIntervalChanged)
+    Q_PROPERTY(bool ManageVisible READ ManageVisible WRITE SetManageVisible NOTIFY ManageVisibleChanged)
+    Q_PROPERTY(QString Sobriquet READ Sobriquet WRITE SetSobriquet NOTIFY SobriquetChanged)
+    Q_PROPERTY(QString CommandLine READ CommandLine WRITE SetCommandLine NOTIFY CommandLineChanged)
+    Q_PROPERTY(QString NodeType READ NodeType WRITE SetNodeType NOTIFY NodeTypeChanged)
+    Q_PROPERTY(
+        int JournalDayLimit READ JournalDayLimit WRITE SetJournalDayLimit NOTIFY JournalDayLimitChanged)
+    Q_PROPERTY(int JournalDaysToKeep READ JournalDaysToKeep WRITE SetJournalDaysToKeep NOTIFY
+                   JournalDaysToKeepChanged)
+    Q_PROPERTY(int JournalRecordLimit READ JournalRecordLimit WRITE SetJournalRecordLimit NOTIFY
+                   JournalRecordLimitChanged)
+    Q_PROPERTY(int JournalRecordsToKeep READ JournalRecordsToKeep WRITE SetJournalRecordsToKeep NOTIFY
+                   JournalRecordsToKeepChanged)
+    Q_PROPERTY(
+        int BrowserTabIndex READ BrowserTabIndex WRITE SetBrowserTabIndex NOTIFY BrowserTabIndexChanged)
+    Q_PROPERTY(bool DirectNodeTabEnabled READ DirectNodeTabEnabled WRITE SetDirectNodeTabEnabled
+                   DESIGNABLE false STORED false)
+
+public:
+    explicit T4ZelkaBrowser(QWidget* parent = nullptr);
+    ~T4ZelkaBrowser() override;
+
+    // What the container tells ------------------------------------------------------------------------------
+
+    /// False inside a form editor; to be set before the start. The database is then never touched.
+    [[nodiscard]] bool UserMode() const { return m_userMode; }
+    void SetUserMode(bool value) { m_userMode = value; }
+    /// Starts a new control: all properties at their defaults. On one that runs: starts it anew.
+    Q_INVOKABLE void UserControl_InitProperties();
+    /// Starts a stored control.
+    void UserControl_ReadProperties(const PropertyBag& bag);
+    void UserControl_WriteProperties(PropertyBag& bag) const;
+
+    // Results for the host ----------------------------------------------------------------------------------
+
+    /// The current target in the database's spelling. False: it is refused (`target` is empty then), or the
+    /// database cannot be asked (`target` as it was).
+    Q_INVOKABLE bool GetTarget(QString& target);
+    /// Makes a target the current one; nothing on screen changes. False: refused, all stays.
+    Q_INVOKABLE bool SetTarget(const QString& target);
+    /// The target of a stored node by its name: reduced connection part, ",", stored node part. False: no
+    /// such node or a failure, `target` as it was.
+    Q_INVOKABLE bool GetSobriquetTarget(const QString& sobriquet, QString& target);
+    /// The selected node has a manager.
+    Q_INVOKABLE bool NodeManagerExists();
+    /// Closes the database and frees what the control holds of it. The host may call it at any time.
+    Q_INVOKABLE void FreeObjects();
+    /// Takes the labels of the direct page from the database; without one they stay.
+    Q_INVOKABLE void InitializeDirectTab();
+    /// Doubles each occurrence of the first character of `character`, in `text` itself and as the result.
+    Q_INVOKABLE QString DoubleAnyChar(QString& text, const QString& character);
+    /// First character, and each behind a character of `separators`, in upper case; all others in lower case.
+    Q_INVOKABLE QString ConvertWordsBeginningUpperCase(const QString& text, const QString& separators);
+    Q_INVOKABLE bool testi();
+    /// Repaints the control.
+    Q_INVOKABLE void Refresh();
+
+    // Properties --------------------------------------------------------------------------------------------
+
+    [[nodiscard]] bool RefreshVisible() const { return m_refreshVisible; }
+    void SetRefreshVisible(bool value);
+    [[nodiscard]] bool RefreshTimer() const { return m_refreshTimer; }
+    void SetRefreshTimer(bool value);
+    /// Milliseconds; 0 or less: no refresh ever falls due.
+    [[nodiscard]] int RefreshInterval() const { return m_refreshInterval; }
+    void SetRefreshInterval(int value);
+    [[nodiscard]] bool ManageVisible() const { return m_manageVisible; }
+    void SetManageVisible(bool value);
+    /// Name of the selected node or connection.
+    [[nodiscard]] QString Sobriquet() const { return m_sobriquet; }
+    void SetSobriquet(const QString& value);
+    /// Command line of the selected node's manager.
+    [[nodiscard]] QString CommandLine() const { return m_commandLine; }
+    void SetCommandLine(const QString& value);
+    /// Device name of the selected node: the key of its manager.
+    [[nodiscard]] QString NodeType() const { return m_nodeType; }
+    void SetNodeType(const QString& value);
+    /// Days and records beyond which a refresh trims the Journal, and what it keeps; a limit of 0: never.
+    [[nodiscard]] int JournalDayLimit() const { return m_journalDayLimit; }
+    void SetJournalDayLimit(int value);
+    [[nodiscard]] int JournalDaysToKeep() const { return m_journalDaysToKeep; }
+    void SetJournalDaysToKeep(int value);
+    [[nodiscard]] int JournalRecordLimit() const { return m_journalRecordLimit; }
+    void SetJournalRecordLimit(int value);
+    [[nodiscard]] int JournalRecordsToKeep() const { return m_journalRecordsToKeep; }
+    void SetJournalRecordsToKeep(int value);
+    /// The page that the control opens with: 1 the direct one, any other the database. Shared by all
+    /// controls.
+    [[nodiscard]] int BrowserTabIndex() const;
+    void SetBrowserTabIndex(int value);
+    /// The fields of the first node page can be used. Shared by all controls; not stored.
+    [[nodiscard]] bool DirectNodeTabEnabled() const;
+    void SetDirectNodeTabEnabled(bool value);
+
+Q_SIGNALS:
+    void RefreshVisibleChanged(bool value);
+    void RefreshTimerChanged(bool value);
+    void RefreshIntervalChanged(int value);
+    void ManageVisibleChanged(bool value);
+    void SobriquetChanged(const QString& value);
+    void CommandLineChanged(const QString& value);
+    void NodeTypeChanged(const QString& value);
+    void JournalDayLimitChanged(int value);
+    void JournalDaysToKeepChanged(int value);
+    void JournalRecordLimitChanged(int value);
+    void JournalRecordsToKeepChanged(int value);
+    void BrowserTabIndexChanged(int value);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// Handle of a tree entry; 0: none.
+    using Entry = qint32;
+    static constexpr Entry RootEntry = 1;
+    /// Tells SelectTreeEntry to select what is selected.
+    static constexpr Entry SelectedAgain = -1;
+
+    /// Holds the reads of one click together, from the first that is made to the outermost that goes.
+    class ClickReads
+    {
+    public:
+        explicit ClickReads(T4ZelkaBrowser& control);
+        ~ClickReads();
+        ClickReads(const ClickReads&) = delete;
+        ClickReads& operator=(const ClickReads&) = delete;
+
+    private:
+        T4ZelkaBrowser& m_control;
+        bool m_outermost;
+    };
+
+    // Life cycle (T4ZelkaBrowser.cpp) -----------------------------------------------------------------------
+    void ConnectControls();
+    void StartControl();
+    void CreateWorkingObjects();
+    void LoadAtStart();
+    void ReadSharedNames();
+    void EnterDirectOnly();
+    void UserControl_Show();
+    void UserControl_Hide();
+    void UserControl_Terminate();
+    void mCursor_SetMousePointer(int pointer);
+    void tmrRefreshTimer_Timer();
+    /// Runs a handler; an error that reaches its edge is shown and the control lives on.
+    void Guarded(const std::function<void()>& handler);
+
+    // Pages, keys and labels (BrowserPages.cpp) -------------------------------------------------------------
+    void tabMain_Click(int previousTab);
+    void SetTabStops(int page, bool flag);
+    void UserControl_KeyPress(int keyAscii);
+    /// True: the key is used up.
+    [[nodiscard]] bool tabMain_KeyDown(int keyCode, int shift);
+    void tabMain_KeyUp(int keyCode);
+    [[nodiscard]] bool tabNode_KeyDown(int keyCode, int shift);
+    void tabNode_KeyUp(int keyCode);
+    [[nodiscard]] bool cmdScan_KeyPress(int keyCode, int shift);
+    void cmdDatabaseHelp_Click();
+    void cmdDirectHelp_Click();
+    void ShowTreeHelp();
+    void txtTarget_Change();
+    void ShowConPicture(int type);
+    void LabelFromParameter(QLabel& label, const QString& waypoint, const QString& keyword);
+
+    // Views and loads (BrowserTrees.cpp) --------------------------------------------------------------------
+    void optCon_Click();
+    void optNodes_Click();
+    void chkViewNodes_Click();
+    void cmdLoadMore_Click();
+    [[nodiscard]] bool LoadMoreNodesOfConnection();
+    [[nodiscard]] bool LoadMoreNodes();
+    [[nodiscard]] bool FillConnections();
+    void LoadConWaypoints(Entry connection);
+    void LoadConNodes(Entry connection);
+    void ShowConNodesProgress(Entry connection);
+    void cmdRefresh_Click();
+    void ReloadConnections();
+    void ReloadNodes();
+    void ReadJournalPosition();
+
+    // Selection (BrowserSelection.cpp) ----------------------------------------------------------------------
+    void tvwConTree_NodeClick(Entry entry);
+    void tvwConTree_Click();
+    void tvwConTree_DblClick();
+    void tvwNodesTree_NodeClick(Entry entry);
+    void tvwNodesTree_Click();
+    void tvwNodesTree_DblClick();
+    void ConEntryChanged(Entry entry, bool& hasId, bool& changed);
+    void NodeEntryChanged(const TreeEntries& tree, Entry entry, bool& hasId, bool& changed);
+    /// False: the entry is stale, the operator has been told and the trees are fresh.
+    [[nodiscard]] bool ConnectionIsCurrent(Entry entry);
+    [[nodiscard]] bool NodeIsCurrent(const TreeEntries& tree, Entry entry);
+    void TellStaleEntry(const QString& text);
+    /// Picture and caption of a connection. False: no type; the caption is as it was.
+    bool ShowConnection(const QString& name);
+    bool SetConnectionTargetText(const QString& name);
+    void ConTreeSetTargetText();
+    void NodesTreeSetTargetText(QString& parentName);
+    void SetNodeTargetText(const QString& name, QString& parentName);
+    void ClearTarget();
+    /// Type id of a stored connection; negative: unknown, or a look-up failed.
+    [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
+    void SelectTreeEntry(TreeView& tree, Entry entry);
+    void RestoreViewSelection();
+    /// Does what a double click on the selected entry does. True: it ran the properties command.
+    bool OpenConEntry();
+    [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;
+
+    // Events, buttons and keys of the trees (BrowserButtons.cpp) --------------------------------------------
+    void ConnectTrees();
+    void BeginClickReads();
+    void EndClickReads();
+    void EnableCmdLoadMore(Entry entry);
+    void EnableInConnectionView(Entry entry);
+    void EnableInNodeView();
+    void EnableByRights();
+    [[nodiscard]] bool IsSnmpConnection(const QString& name);
+    void tvwConTree_KeyDown(int keyCode, int shift);
+    void tvwConTree_KeyPress(int keyAscii);
+    /// True: the key is used up.
+    [[nodiscard]] bool tvwNodesTree_KeyDown(int keyCode, int shift);
+    [[nodiscard]] bool tvwNodesTree_KeyPress(int keyAscii);
+
+    std::unique_ptr<Ui::T4ZelkaBrowser> m_ui;
+    /// Children of the control, as the views that show them.
+    TreeEntries* m_conTree;
+    TreeEntries* m_nodesTree;
+    IntervalTimer* m_tmrRefreshTimer;
+    /// Open while a click reads, so that its reads are one snapshot and few round trips.
+    std::unique_ptr<ReadBracket> m_clickReads;
+
+    QMetaObject::Connection m_cursor;
+
+    QString m_targetText;
+    QString m_sobriquet;
+    QString m_commandLine;
+    QString m_nodeType;
+    bool m_manageVisible = false;
+    bool m_refreshVisible = true;
+    bool m_refreshTimer = false;
+    int m_refreshInterval = 30000;
+    int m_journalDayLimit = 2;
+    int m_journalDaysToKeep = 1;
+    int m_journalRecordLimit = 12000;
+    int m_journalRecordsToKeep = 2000;
+    /// The next Click of that tree does nothing.
+    bool m_nodesTreeSkipClick = false;
+    bool m_conTreeSkipClick = false;
+
+    bool m_userMode = true;
+    /// The container has started the control, or a first showing has.
+    bool m_startRan = false;
+    /// The start has come far enough for the pages to answer.
+    bool m_pagesAnswer = false;
+    int m_shownTab = 0;
+};

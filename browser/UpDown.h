@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QWidget>
+
+/// A pair of small arrow buttons that step the number in a text box.
+class UpDown : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit UpDown(QWidget* parent = nullptr);
+
+    /// The field to step, from `low` to `high`; a field without a number steps from `low`.
+    void SetBuddy(QLineEdit* field, int low, int high);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+private:
+    void Step(int by);
+
+    QPointer<QLineEdit> m_field;
+    int m_low = 0;
+    int m_high = 0;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "components/hvxdb/Catalogue.h"
+
+/// Makes a SQLite database: whole or not at all.
+///
+/// The file is built under another name in the same folder and takes its place when it is complete. What
+/// stood there is kept beside it under a name with the time. Failures: ComponentError.
+class DatabaseMaker
+{
+public:
+    explicit DatabaseMaker(const QString& source);
+
+    /// Gives the name under which the old file was kept; empty when there was none. Refuses an existing file
+    /// unless `force`.
+    QString Make(const Catalogue& catalogue, bool force);
+
+private:
+    void Build(const Catalogue& catalogue);
+    [[nodiscard]] QString KeepOld() const;
+    void TakePlace(const QString& kept) const;
+
+    QString m_source;
+    QString m_built;
+};

@@ -1,0 +1,19 @@
+#include "components/hvxdb/HvxEngine.h"
+
+#include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/SqliteEngine.h"
+
+std::unique_ptr<HvxEngine> HvxEngine::ForSource(const QString& source)
+{
+    const qsizetype scheme = source.indexOf(QStringLiteral("://"));
+    if (scheme > 1) {
+        RaiseFailure(DatabaseErrorNumber::SourceMissing,
+                     QStringLiteral("There is no database engine for %1 sources.").arg(source.left(scheme)));
+    }
+    return std::make_unique<SqliteEngine>();
+}
+
+QString HvxEngine::StatementText(HvxStatement statement) const
+{
+    return StandardStatementText(statement);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "components/hvxdb/HvxStatements.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+/// What differs between database engines: how a source is opened, SQL texts, scripts, error numbers.
+class HvxEngine
+{
+public:
+    virtual ~HvxEngine() = default;
+
+    /// The engine for a file path or a URL. Raises ComponentError (SourceMissing) for a URL of no engine.
+    static std::unique_ptr<HvxEngine> ForSource(const QString& source);
+
+    /// Name of the Qt SQL driver.
+    [[nodiscard]] virtual QString Driver() const = 0;
+    /// Raises ComponentError when the source is missing, no database or not writable. Changes nothing.
+    virtual void CheckSource(const QString& source) const = 0;
+    /// Opens the connection; raises ComponentError. The source is never created.
+    virtual void Connect(QSqlDatabase& database, const QString& source, int busyMs) const = 0;
+    /// What a session sets once its database has proved to be a good one. Counts as no statement.
+    virtual void Settle(QSqlDatabase& database) const = 0;
+
+    [[nodiscard]] virtual QString StatementText(HvxStatement statement) const;
+    /// A query for the names of all tables, indexes and triggers.
+    [[nodiscard]] virtual QString ObjectNamesText() const = 0;
+    /// Queries that look through the stored data; each row that is not "ok" tells a damage.
+    [[nodiscard]] virtual QStringList IntegrityTexts() const = 0;
+    /// Folder of the scripts, as a resource: schema.sql, upgrade-2.sql, …
+    [[nodiscard]] virtual QString ScriptFolder() const = 0;
+
+    /// The component's number for a failure of the engine.
+    [[nodiscard]] virtual quint32 ErrorNumber(const QSqlError& error) const = 0;
+
+    /// A number that changes when the database has changed, the own changes included; to be asked inside a
+    /// transaction, it costs no statement. Nothing when the engine cannot tell.
+    [[nodiscard]] virtual std::optional<quint32> DataVersion(QSqlDatabase& database) const = 0;
+    /// True when the engine undid the open transaction by itself, as it does when the disk is full.
+    [[nodiscard]] virtual bool HasLostTransaction(QSqlDatabase& database) const = 0;
+};

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QString>
+
+/// The statements of the database component, by what they do. All values are bound.
+enum class HvxStatement
+{
+    // Session
+    Begin,
+    Commit,
+    Rollback,
+    SessionState,
+    Versions,
+    RightsOfUser,
+    ReadCamLock,
+    TakeCamLock,
+    BeatCamLock,
+    RemoveCamLock,
+
+    // Lists
+    ConnectionList,
+    ConnectionListOfName,
+    NodeList,
+    NodeListOfConnection,
+    NodeListOfType,
+    NodeListOfConnectionAndType,
+    // The same lists a row a record: id, name.
+    ConnectionListRows,
+    ConnectionListOfNameRows,
+    NodeListRows,
+    NodeListOfConnectionRows,
+    NodeListOfTypeRows,
+    NodeListOfConnectionAndTypeRows,
+    NodeCount,
+    NodeCountOfConnection,
+
+    // Single records
+    NodeByName,
+    ConnectionByName,
+    ManagerByDevice,
+    ManagerList,
+    ManagerExists,
+    UsersText,
+
+    // Writes
+    InsertConnection,
+    InsertNode,
+    RenameConnection,
+    SetConnectionKey,
+    SetConnectionTarget,
+    RenameNode,
+    SetNodeKey,
+    SetNodeTarget,
+    SetNodeManager,
+    DeleteConnection,
+    DeleteNode,
+    DeleteNodesOfConnection,
+    DeleteUsersTextsOfNodes,
+    StoreUsersText,
+    DeleteUsersText,
+    MoveUsersText,
+
+    // Journal
+    JournalLastId,
+    JournalIdsAfter,
+    JournalRecord,
+    JournalCount,
+    JournalOldest,
+    JournalOldestId,
+    JournalFirstToKeep,
+    JournalFirstYoungerThan,
+    JournalDeleteBefore,
+    JournalMarkCleaned,
+
+    // Administration
+    AllConnections,
+    AllNodes,
+    AllNodesOfConnection,
+    ConnectionKey,
+    UpdateConnection,
+    BulkInsertNode,
+    UpdateNode,
+    SequenceLastId,
+    InsertManager,
+    DeleteManager,
+    ForgetManager,
+    StoreRights,
+    NamesInBothTables,
+    IdsInBothTables,
+
+    Count
+};
+
+/// The statement in the SQL that the engines share; where an engine needs another text it gives its own.
+QString StandardStatementText(HvxStatement statement);

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "components/hvxdb/Definitions.h"
+#include "components/hvxdb/RecordCache.h"
+#include "components/hvxdb/SqlSession.h"
+
+/// What the rights of one user are.
+struct UserRights
+{
+    bool mayScan = false;
+    bool mayEdit = false;
+};
+
+/// An opened database with what is kept of it in memory: definitions, rights, the rows of the open
+/// transaction. The parts of the component and of the administration work on one store each.
+///
+/// Thread: the one that opened it. Failures: ComponentError.
+class HvxStore
+{
+public:
+    void SetBusyTimeout(int ms) { m_session.SetBusyTimeout(ms); }
+
+    /// Opens the source. After InUse the source stays connected: Begin goes on where this ended.
+    void Open(const QString& source);
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return m_session.IsConnected(); }
+    [[nodiscard]] const QString& Source() const { return m_source; }
+
+    /// Opens a transaction or a level. Raises InUse while another program holds the database.
+    void Begin();
+    void Commit();
+    void Rollback();
+
+    /// Raises when nothing is open.
+    [[nodiscard]] SqlSession& Session();
+    [[nodiscard]] qint64 StatementCount() const { return m_session.StatementCount(); }
+    [[nodiscard]] const Definitions& CurrentDefinitions() const { return m_definitions; }
+    /// Rows read in the open transaction; empty outside.
+    [[nodiscard]] RecordCache& Cache() { return m_cache; }
+    [[nodiscard]] bool InTransaction() const { return m_session.Level() > 0; }
+
+    /// Reads the definitions again unless they have this version.
+    void UseDefinitionsVersion(qint32 version);
+    [[nodiscard]] UserRights ReadRights();
+    /// Raises Refused unless the operator may edit. To be asked inside a transaction.
+    void RequireEditRight();
+
+    /// The maintenance lock that this store itself holds does not keep it out.
+    void SetOwnLock(const QString& token);
+    /// To be called behind a change of lock, rights or definitions by this store.
+    void ForgetState();
+
+private:
+    void Load();
+    void CheckState();
+    void ReadState();
+    void EndTransaction();
+
+    SqlSession m_session;
+    QString m_source;
+    Definitions m_definitions;
+    qint32 m_definitionsVersion = 0;
+    RecordCache m_cache;
+    QString m_ownLock;
+    QString m_heldLock;
+    bool m_loaded = false;
+    /// The data version for which lock, definitions and rights are known.
+    std::optional<quint32> m_stateVersion;
+    std::optional<UserRights> m_rights;
+    QString m_rightsUser;
+};
+
+/// A transaction or level that is undone unless Commit is called: what happens in it happens whole or not at
+/// all.
+class StoreScope
+{
+public:
+    explicit StoreScope(HvxStore& store);
+    ~StoreScope();
+    StoreScope(const StoreScope&) = delete;
+    StoreScope& operator=(const StoreScope&) = delete;
+
+    void Commit();
+
+private:
+    HvxStore* m_store;
+    bool m_open = true;
+};
+
+/// The same for what only those may do who have the edit right; raises Refused for others.
+class WriteScope : public StoreScope
+{
+public:
+    explicit WriteScope(HvxStore& store);
+};

@@ -1,0 +1,41 @@
+#include "components/hvxdb/SqlScript.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+bool BeginsTrigger(const QString& statement)
+{
+    static const QRegularExpression trigger(QStringLiteral("^CREATE (TEMP(ORARY)? )?TRIGGER\\b"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return trigger.match(statement).hasMatch();
+}
+
+bool EndsStatement(const QString& statement, QStringView line)
+{
+    if (BeginsTrigger(statement))
+        return line.compare(QLatin1String("END;"), Qt::CaseInsensitive) == 0;
+    return line.endsWith(u';');
+}
+
+} // namespace
+
+QStringList SplitSqlScript(const QString& script)
+{
+    QStringList statements;
+    QString statement;
+    const QStringList lines = script.split(u'\n');
+    for (const QString& line : lines) {
+        const QStringView text = QStringView(line).trimmed();
+        if (text.isEmpty() || text.startsWith(QLatin1String("--")))
+            continue;
+        statement += line + u'\n';
+        if (EndsStatement(statement, text)) {
+            statements << statement.trimmed();
+            statement.clear();
+        }
+    }
+    if (!statement.isEmpty())
+        statements << statement.trimmed();
+    return statements;
+}

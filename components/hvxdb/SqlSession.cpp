@@ -1,0 +1,248 @@
+#include "components/hvxdb/SqlSession.h"
+
+#include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/SqlScript.h"
+
+#include <QUuid>
+
+namespace {
+
+/// The empty text is a value; a null text would become the database's NULL.
+QVariant BoundValue(const QVariant& value)
+{
+    if (value.userType() == QMetaType::QString && value.toString().isNull())
+        return QStringLiteral("");
+    return value;
+}
+
+} // namespace
+
+bool SqlRows::Next()
+{
+    if (m_query->next())
+        return true;
+    const QSqlError error = m_query->lastError();
+    if (error.isValid())
+        RaiseFailure(m_engine->ErrorNumber(error), error.text());
+    return false;
+}
+
+SqlSession::~SqlSession()
+{
+    Disconnect();
+}
+
+void SqlSession::Connect(const QString& source)
+{
+    std::unique_ptr<HvxEngine> engine = HvxEngine::ForSource(source);
+    engine->CheckSource(source);
+    const HvxEngine& opener = *engine;
+    Connect(std::move(engine), [&](QSqlDatabase& database) { opener.Connect(database, source, m_busyMs); });
+}
+
+void SqlSession::Connect(std::unique_ptr<HvxEngine> engine, const std::function<void(QSqlDatabase&)>& open)
+{
+    Disconnect();
+    m_name = QStringLiteral("hvxdb-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    m_engine = std::move(engine);
+    try {
+        QSqlDatabase database = QSqlDatabase::addDatabase(m_engine->Driver(), m_name);
+        open(database);
+    } catch (...) {
+        Disconnect();
+        throw;
+    }
+}
+
+void SqlSession::Disconnect()
+{
+    if (!m_engine)
+        return;
+    for (std::optional<QSqlQuery>& statement : m_statements)
+        statement.reset();
+    m_levels.clear();
+    m_lost = false;
+    // Closing undoes an open transaction.
+    Database().close();
+    QSqlDatabase::removeDatabase(m_name);
+    m_engine.reset();
+}
+
+std::optional<quint32> SqlSession::DataVersion() const
+{
+    QSqlDatabase database = Database();
+    return m_engine->DataVersion(database);
+}
+
+QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
+{
+    std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
+    if (!slot) {
+        QSqlQuery query(Database());
+        query.setForwardOnly(true);
+        if (!query.prepare(m_engine->StatementText(statement)))
+            Raise(query.lastError());
+        slot.emplace(std::move(query));
+    }
+    for (qsizetype i = 0; i < values.size(); ++i)
+        slot->bindValue(static_cast<int>(i), BoundValue(values[i]));
+    ++m_statementCount;
+    if (!slot->exec()) {
+        const QSqlError error = slot->lastError();
+        slot->finish();
+        Raise(error);
+    }
+    return *slot;
+}
+
+SqlRows SqlSession::Read(HvxStatement statement, const QVariantList& values)
+{
+    return SqlRows(Execute(statement, values), *m_engine);
+}
+
+int SqlSession::Write(HvxStatement statement, const QVariantList& values)
+{
+    EnsureSavepoints();
+    QSqlQuery& query = Execute(statement, values);
+    const int changed = query.numRowsAffected();
+    m_lastInsertId = query.lastInsertId().toLongLong();
+    query.finish();
+    return changed;
+}
+
+QSqlQuery SqlSession::ExecuteText(const QString& text, const QVariantList& values)
+{
+    QSqlQuery query(Database());
+    query.setForwardOnly(true);
+    if (!query.prepare(text))
+        Raise(query.lastError());
+    for (const QVariant& value : values)
+        query.addBindValue(BoundValue(value));
+    ++m_statementCount;
+    if (!query.exec())
+        Raise(query.lastError());
+    return query;
+}
+
+void SqlSession::RunText(const QString& text, const QVariantList& values)
+{
+    EnsureSavepoints();
+    ExecuteText(text, values);
+}
+
+void SqlSession::ReadText(const QString& text, const std::function<void(const QSqlQuery&)>& take)
+{
+    QSqlQuery query = ExecuteText(text, {});
+    while (query.next())
+        take(query);
+    if (query.lastError().isValid())
+        Raise(query.lastError());
+}
+
+qint64 SqlSession::NumberOfText(const QString& text)
+{
+    qint64 number = 0;
+    ReadText(text, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
+    return number;
+}
+
+void SqlSession::RunScript(const QString& script)
+{
+    EnsureSavepoints();
+    const QStringList statements = SplitSqlScript(script);
+    for (const QString& statement : statements) {
+        // Scripts define triggers, whose bodies a prepared statement of the driver could mistake for values.
+        QSqlQuery query(Database());
+        ++m_statementCount;
+        if (!query.exec(statement))
+            Raise(query.lastError());
+    }
+}
+
+void SqlSession::Begin()
+{
+    if (m_levels.empty())
+        Execute(HvxStatement::Begin, {}).finish();
+    m_levels.emplace_back();
+}
+
+void SqlSession::Commit()
+{
+    if (m_levels.empty())
+        RaiseRefusal(QStringLiteral("No transaction is open."));
+    CheckNotLost();
+    if (m_levels.size() == 1)
+        Execute(HvxStatement::Commit, {}).finish();
+    else if (m_levels.back().hasSavepoint)
+        ExecuteSavepoint(QStringLiteral("RELEASE"), m_levels.size());
+    m_levels.pop_back();
+}
+
+void SqlSession::Rollback()
+{
+    if (m_levels.empty())
+        return;
+    const size_t level = m_levels.size();
+    const bool hasSavepoint = m_levels.back().hasSavepoint;
+    const bool lost = m_lost;
+    m_levels.pop_back();
+    m_lost = lost && level > 1;
+    if (lost)
+        return;
+    if (level == 1) {
+        Execute(HvxStatement::Rollback, {}).finish();
+    } else if (hasSavepoint) {
+        ExecuteSavepoint(QStringLiteral("ROLLBACK TO"), level);
+        ExecuteSavepoint(QStringLiteral("RELEASE"), level);
+    }
+}
+
+void SqlSession::ExecuteSavepoint(const QString& verb, size_t level)
+{
+    ExecuteText(QStringLiteral("%1 level_%2").arg(verb).arg(level), {});
+}
+
+void SqlSession::EnsureSavepoints()
+{
+    CheckNotLost();
+    // Inner levels can have a savepoint only behind the outer ones.
+    for (size_t i = 1; i < m_levels.size(); ++i) {
+        if (!m_levels[i].hasSavepoint) {
+            ExecuteSavepoint(QStringLiteral("SAVEPOINT"), i + 1);
+            m_levels[i].hasSavepoint = true;
+        }
+    }
+}
+
+void SqlSession::CheckNotLost() const
+{
+    // What followed would be written outside any transaction.
+    if (m_lost)
+        RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
+}
+
+void SqlSession::Raise(const QSqlError& error)
+{
+    if (!m_levels.empty()) {
+        QSqlDatabase database = Database();
+        m_lost = m_lost || m_engine->HasLostTransaction(database);
+    }
+    RaiseFailure(m_engine->ErrorNumber(error), error.text());
+}
+
+TransactionScope::~TransactionScope()
+{
+    if (!m_open)
+        return;
+    try {
+        m_session->Rollback();
+    } catch (const ComponentError&) {
+        // The failure that led here is the one to tell; a connection that cannot undo is undone at its end.
+    }
+}
+
+void TransactionScope::Commit()
+{
+    m_session->Commit();
+    m_open = false;
+}

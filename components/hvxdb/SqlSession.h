@@ -1,0 +1,127 @@
+#pragma once
+
+#include "components/hvxdb/HvxEngine.h"
+
+#include <QSqlQuery>
+#include <QVariantList>
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// The rows of one statement, read forward; the statement is let go at the end of this object's life.
+///
+/// At most one object may live per statement at a time.
+class SqlRows
+{
+public:
+    SqlRows(QSqlQuery& query, const HvxEngine& engine) : m_query(&query), m_engine(&engine) {}
+    ~SqlRows() { m_query->finish(); }
+    SqlRows(const SqlRows&) = delete;
+    SqlRows& operator=(const SqlRows&) = delete;
+
+    /// False behind the last row. Raises ComponentError.
+    [[nodiscard]] bool Next();
+    [[nodiscard]] bool IsNull(int column) const { return m_query->isNull(column); }
+    [[nodiscard]] QString Text(int column) const { return m_query->value(column).toString(); }
+    [[nodiscard]] qint32 Number(int column) const { return m_query->value(column).toInt(); }
+    [[nodiscard]] qint64 LongNumber(int column) const { return m_query->value(column).toLongLong(); }
+
+private:
+    QSqlQuery* m_query;
+    const HvxEngine* m_engine;
+};
+
+/// One connection to a database: prepared statements, kept and counted, and transactions that nest.
+///
+/// Thread: the one that connected. Failures: ComponentError with the engine's words.
+class SqlSession
+{
+public:
+    SqlSession() = default;
+    ~SqlSession();
+    SqlSession(const SqlSession&) = delete;
+    SqlSession& operator=(const SqlSession&) = delete;
+
+    /// How long a begin or a write waits for another program, in milliseconds; from the next Connect on.
+    void SetBusyTimeout(int ms) { m_busyMs = ms; }
+    /// Opens the source after the engine's checks. Raises ComponentError and is then not connected.
+    void Connect(const QString& source);
+    /// The same with a connection that the caller opens: for making a database.
+    void Connect(std::unique_ptr<HvxEngine> engine, const std::function<void(QSqlDatabase&)>& open);
+    /// Undoes what is open and lets the source go.
+    void Disconnect();
+    [[nodiscard]] bool IsConnected() const { return m_engine != nullptr; }
+
+    [[nodiscard]] const HvxEngine& Engine() const { return *m_engine; }
+    [[nodiscard]] QSqlDatabase Database() const { return QSqlDatabase::database(m_name, false); }
+    /// See HvxEngine::DataVersion.
+    [[nodiscard]] std::optional<quint32> DataVersion() const;
+
+    /// Runs a statement for its rows.
+    [[nodiscard]] SqlRows Read(HvxStatement statement, const QVariantList& values = {});
+    /// Runs a statement that changes rows; gives how many. Inside a transaction the levels that have no
+    /// savepoint get theirs first.
+    int Write(HvxStatement statement, const QVariantList& values = {});
+    /// The key that the last insertion made.
+    [[nodiscard]] qint64 LastInsertId() const { return m_lastInsertId; }
+    /// Runs SQL that is not one of the component's statements and changes rows: definitions, upgrades.
+    void RunText(const QString& text, const QVariantList& values = {});
+    /// The same for rows; each goes to `take`.
+    void ReadText(const QString& text, const std::function<void(const QSqlQuery&)>& take);
+    /// The first column of the first row as a number; 0 without a row.
+    [[nodiscard]] qint64 NumberOfText(const QString& text);
+    /// Runs a script statement by statement.
+    void RunScript(const QString& script);
+
+    /// Opens a transaction, or a level inside the open one.
+    void Begin();
+    /// Ends the innermost level; the outermost commits.
+    void Commit();
+    /// Undoes the innermost level.
+    void Rollback();
+    [[nodiscard]] int Level() const { return static_cast<int>(m_levels.size()); }
+
+    /// Statements sent to the engine so far.
+    [[nodiscard]] qint64 StatementCount() const { return m_statementCount; }
+
+private:
+    struct TransactionLevel
+    {
+        bool hasSavepoint = false;
+    };
+
+    QSqlQuery ExecuteText(const QString& text, const QVariantList& values);
+    QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
+    void ExecuteSavepoint(const QString& verb, size_t level);
+    void EnsureSavepoints();
+    [[noreturn]] void Raise(const QSqlError& error);
+    void CheckNotLost() const;
+
+    std::unique_ptr<HvxEngine> m_engine;
+    QString m_name;
+    int m_busyMs = 2000;
+    std::array<std::optional<QSqlQuery>, static_cast<size_t>(HvxStatement::Count)> m_statements;
+    std::vector<TransactionLevel> m_levels;
+    /// The engine undid the transaction whose levels are still open here.
+    bool m_lost = false;
+    qint64 m_statementCount = 0;
+    qint64 m_lastInsertId = 0;
+};
+
+/// A level that is undone unless Commit is called: makes what happens in it all or nothing.
+class TransactionScope
+{
+public:
+    explicit TransactionScope(SqlSession& session) : m_session(&session) { session.Begin(); }
+    ~TransactionScope();
+    TransactionScope(const TransactionScope&) = delete;
+    TransactionScope& operator=(const TransactionScope&) = delete;
+
+    void Commit();
+
+private:
+    SqlSession* m_session;
+    bool m_open = true;
+};

@@ -1,0 +1,178 @@
+#include "components/hvxdb/SqliteEngine.h"
+
+#include "components/hvxdb/SqlFailure.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QUrl>
+
+#include <sqlite3.h>
+
+namespace {
+
+constexpr int PrimaryCodeMask = 0xff;
+
+/// Access as the file's bits tell it too: the system lets an administrator write everywhere, yet who took
+/// away all write bits wants nobody to write.
+bool MayWrite(const QFileInfo& info)
+{
+    const QFile::Permissions writers = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return info.isWritable() && (info.permissions() & writers);
+}
+
+void CheckHeader(const QString& source)
+{
+    QFile file(source);
+    if (!file.open(QIODevice::ReadOnly))
+        RaiseFailure(DatabaseErrorNumber::UnusableFile,
+                     QStringLiteral("%1 cannot be read: %2").arg(source, file.errorString()));
+    if (file.read(16) != QByteArray("SQLite format 3\0", 16))
+        RaiseFailure(DatabaseErrorNumber::UnusableFile, QStringLiteral("%1 is not a database.").arg(source));
+}
+
+QString FileUri(const QString& source, const QString& mode)
+{
+    const QByteArray path = QUrl::toPercentEncoding(QFileInfo(source).absoluteFilePath(), "/:");
+    return QStringLiteral("file:%1?mode=%2").arg(QString::fromLatin1(path), mode);
+}
+
+void Open(QSqlDatabase& database, const QString& source, const QString& mode, int busyMs,
+          const SqliteEngine& engine)
+{
+    database.setDatabaseName(FileUri(source, mode));
+    database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(busyMs));
+    if (!database.open()) {
+        const QSqlError error = database.lastError();
+        RaiseFailure(engine.ErrorNumber(error), error.text());
+    }
+}
+
+void RunPragma(QSqlDatabase& database, const QString& text)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    query.exec(text);
+}
+
+bool UsesWal(QSqlDatabase& database)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    return query.exec(QStringLiteral("PRAGMA journal_mode")) && query.next() &&
+           query.value(0).toString().compare(QLatin1String("wal"), Qt::CaseInsensitive) == 0;
+}
+
+/// The driver's own handle; null when the driver was built with another copy of the library than we were,
+/// since a handle must not cross from one copy to another.
+sqlite3* SharedHandle(QSqlDatabase& database)
+{
+    const QVariant handle = database.driver()->handle();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    static const bool sameLibrary = [&database] {
+        QSqlQuery query(database);
+        query.setForwardOnly(true);
+        return query.exec(QStringLiteral("SELECT sqlite_source_id()")) && query.next() &&
+               query.value(0).toString() == QLatin1String(sqlite3_sourceid());
+    }();
+    return sameLibrary ? *static_cast<sqlite3* const*>(handle.constData()) : nullptr;
+}
+
+} // namespace
+
+QString SqliteEngine::Driver() const
+{
+    return QStringLiteral("QSQLITE");
+}
+
+void SqliteEngine::CheckSource(const QString& source) const
+{
+    const QFileInfo info(source);
+    if (source.isEmpty() || !info.isFile())
+        RaiseFailure(DatabaseErrorNumber::SourceMissing, QStringLiteral("There is no file %1.").arg(source));
+    CheckHeader(source);
+    if (!MayWrite(info))
+        RaiseFailure(DatabaseErrorNumber::ReadOnly, QStringLiteral("The file %1 is read-only.").arg(source));
+    const QFileInfo folder(info.absolutePath());
+    if (!MayWrite(folder))
+        RaiseFailure(DatabaseErrorNumber::ReadOnly,
+                     QStringLiteral("The folder %1 is read-only.").arg(folder.absoluteFilePath()));
+}
+
+void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int busyMs) const
+{
+    Open(database, source, QStringLiteral("rw"), busyMs, *this);
+}
+
+void SqliteEngine::ConnectNew(QSqlDatabase& database, const QString& source) const
+{
+    Open(database, source, QStringLiteral("rwc"), 0, *this);
+}
+
+void SqliteEngine::Settle(QSqlDatabase& database) const
+{
+    // Readers go on beside a writer only with a write-ahead log. A database that cannot be switched now,
+    // because someone has it open, works without one.
+    if (!UsesWal(database))
+        RunPragma(database, QStringLiteral("PRAGMA journal_mode = WAL"));
+    // With a write-ahead log this spares the wait for the disk at each commit. A power failure can take back
+    // the last commits and can never damage the database, which is what operators need.
+    RunPragma(database, QStringLiteral("PRAGMA synchronous = NORMAL"));
+    RunPragma(database, QStringLiteral("PRAGMA foreign_keys = ON"));
+}
+
+QString SqliteEngine::ObjectNamesText() const
+{
+    return QStringLiteral("SELECT name FROM sqlite_master");
+}
+
+QStringList SqliteEngine::IntegrityTexts() const
+{
+    return {QStringLiteral("PRAGMA integrity_check")};
+}
+
+QString SqliteEngine::ScriptFolder() const
+{
+    return QStringLiteral(":/hvxdb/sqlite");
+}
+
+quint32 SqliteEngine::ErrorNumber(const QSqlError& error) const
+{
+    switch (error.nativeErrorCode().toInt() & PrimaryCodeMask) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return DatabaseErrorNumber::InUse;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return DatabaseErrorNumber::UnusableFile;
+    case SQLITE_READONLY:
+        return DatabaseErrorNumber::ReadOnly;
+    case SQLITE_CANTOPEN:
+        return DatabaseErrorNumber::SourceMissing;
+    case SQLITE_CONSTRAINT:
+        return DatabaseErrorNumber::Refused;
+    case SQLITE_ERROR:
+        // A table that vanished under an open session has no code of its own.
+        return error.text().contains(QLatin1String("no such table")) ? DatabaseErrorNumber::TablesMissing
+                                                                     : EngineFailure;
+    default:
+        return EngineFailure;
+    }
+}
+
+std::optional<quint32> SqliteEngine::DataVersion(QSqlDatabase& database) const
+{
+    sqlite3* handle = SharedHandle(database);
+    unsigned int version = 0;
+    if (!handle || sqlite3_file_control(handle, "main", SQLITE_FCNTL_DATA_VERSION, &version) != SQLITE_OK)
+        return std::nullopt;
+    return version;
+}
+
+bool SqliteEngine::HasLostTransaction(QSqlDatabase& database) const
+{
+    sqlite3* handle = SharedHandle(database);
+    return handle && sqlite3_get_autocommit(handle) != 0;
+}

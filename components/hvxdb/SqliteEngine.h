@@ -1,0 +1,22 @@
+#pragma once
+
+#include "components/hvxdb/HvxEngine.h"
+
+/// SQLite: the database is one file, with two more beside it while it is open.
+class SqliteEngine : public HvxEngine
+{
+public:
+    [[nodiscard]] QString Driver() const override;
+    void CheckSource(const QString& source) const override;
+    void Connect(QSqlDatabase& database, const QString& source, int busyMs) const override;
+    void Settle(QSqlDatabase& database) const override;
+    [[nodiscard]] QString ObjectNamesText() const override;
+    [[nodiscard]] QStringList IntegrityTexts() const override;
+    [[nodiscard]] QString ScriptFolder() const override;
+    [[nodiscard]] quint32 ErrorNumber(const QSqlError& error) const override;
+    [[nodiscard]] std::optional<quint32> DataVersion(QSqlDatabase& database) const override;
+    [[nodiscard]] bool HasLostTransaction(QSqlDatabase& database) const override;
+
+    /// Makes an empty file that becomes a database; for those who create one. Raises ComponentError.
+    void ConnectNew(QSqlDatabase& database, const QString& source) const;
+};

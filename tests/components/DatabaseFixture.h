@@ -1,0 +1,133 @@
+#pragma once
+
+#include "components/hvxdb/HvxAdministration.h"
+#include "components/hvxdb/HvxDatabaseComponent.h"
+#include "platform/ComponentError.h"
+
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QUuid>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+
+/// A small database with the built-in catalogue in a temporary folder, for tests of all folders.
+///
+/// Connections, in the order of ids: "Alpha" (T4 Bus), "Beta" (T4 Bus over TCP/IP), "Gamma" (SNMP Direct,
+/// without nodes). Nodes: "North" and "South" on Alpha, "East" on Beta. The device "NET4" has a manager,
+/// index 1, which is also chosen for North. The user of the process may scan and edit.
+class DatabaseFixture
+{
+public:
+    enum class Contents
+    {
+        /// The definitions and nothing else.
+        Empty,
+        /// The records told above.
+        Records,
+    };
+
+    static constexpr const char* AlphaTarget =
+        "WP=BUST4,ID=254,SPEED=9600,TIME=2000,RETRY=2,WP=OPT,PR=T4DT,DT=TEXT,"
+        "VERIFY=YES";
+    static constexpr const char* BetaTarget =
+        "WP=SOCKET,HOST=gateway-2,PORT=4004,TIME=2000,RETRY=2,WP=BUST4,ID=7,"
+        "SPEED=9600,TIME=2000,RETRY=2,WP=OPT,PR=T4DT,DT=TEXT,VERIFY=YES";
+    static constexpr const char* GammaTarget = "WP=SNMP,VERSION=2c,TIME=2000,RETRY=2";
+    static constexpr const char* NorthTarget = "WP=NET4,ADDR=17,SUB=0,PRIO=NORMAL,CRC=ON,TIME=2000,RETRY=2";
+    static constexpr const char* SouthTarget = "WP=NET4,ADDR=18,SUB=0,PRIO=NORMAL,CRC=ON,TIME=2000,RETRY=2";
+    static constexpr const char* EastTarget = "WP=NET4,ADDR=4094,SUB=0,PRIO=NORMAL,CRC=ON,TIME=2000,RETRY=2";
+
+    explicit DatabaseFixture(Contents contents = Contents::Records)
+    {
+        CreateHvxDatabase(Source(), BuiltInCatalogue(), false);
+        if (contents == Contents::Records)
+            AddRecords();
+    }
+
+    [[nodiscard]] QString Source() const { return m_folder.filePath(QStringLiteral("Dbs.mdb")); }
+    [[nodiscard]] QString Folder() const { return m_folder.path(); }
+
+    /// A component on this database, opened, that waits for nobody.
+    [[nodiscard]] std::unique_ptr<HvxDatabaseComponent> OpenComponent() const
+    {
+        auto component = std::make_unique<HvxDatabaseComponent>(Source());
+        component->SetBusyTimeout(0);
+        component->OpenDatabase();
+        return component;
+    }
+
+    /// Runs plain SQL as another program would. Gives the first value of the first row; invalid without one.
+    QVariant RunSql(const QString& text) const { return RunSqlOn(Source(), text); }
+
+    static QVariant RunSqlOn(const QString& source, const QString& text)
+    {
+        const QString name = QUuid::createUuid().toString();
+        QVariant value;
+        QString failure;
+        {
+            QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            database.setDatabaseName(source);
+            database.open();
+            QSqlQuery query(database);
+            if (!query.exec(text))
+                failure = query.lastError().text();
+            else if (query.next())
+                value = query.value(0);
+        }
+        QSqlDatabase::removeDatabase(name);
+        if (!failure.isEmpty())
+            throw ComponentError(1, QStringLiteral("SQL"), failure);
+        return value;
+    }
+
+    /// The number of the error that an action raises; 0 when it raises none.
+    template <typename Action>
+    static quint32 ErrorOf(Action action)
+    {
+        try {
+            action();
+        } catch (const ComponentError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    static const Catalogue& BuiltInCatalogue()
+    {
+        static const Catalogue catalogue = [] {
+            Catalogue read;
+            QStringList problems;
+            if (!ReadCatalogue(BuiltInCatalogueFile(), read, problems))
+                qFatal("%s", qPrintable(problems.join(u'\n')));
+            return read;
+        }();
+        return catalogue;
+    }
+
+private:
+    void AddRecords() const
+    {
+        const std::unique_ptr<HvxAdministration> administration = HvxAdministration::Open(Source());
+        const QString net4 = QStringLiteral("NET4");
+        const QString manager = administration->AddManager(net4, QStringLiteral("/opt/managers/net4"),
+                                                           QStringLiteral("-view full"));
+        const std::unique_ptr<HvxBulkWriter> writer = administration->BeginBulkWrite();
+        writer->AddConnection(QStringLiteral("Alpha"), QString::fromLatin1(AlphaTarget));
+        writer->AddConnection(QStringLiteral("Beta"), QString::fromLatin1(BetaTarget));
+        writer->AddConnection(QStringLiteral("Gamma"), QString::fromLatin1(GammaTarget));
+        writer->AddNode({0, QStringLiteral("North"), QStringLiteral("Alpha"), net4,
+                         QString::fromLatin1(NorthTarget), manager, QStringLiteral("-port 1")});
+        writer->AddNode({0, QStringLiteral("South"), QStringLiteral("Alpha"), net4,
+                         QString::fromLatin1(SouthTarget), QString(), QStringLiteral("-port 2")});
+        writer->AddNode({0, QStringLiteral("East"), QStringLiteral("Beta"), QString(),
+                         QString::fromLatin1(EastTarget), QString(), QString()});
+        writer->Commit();
+    }
+
+    QTemporaryDir m_folder;
+};

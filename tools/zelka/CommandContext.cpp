@@ -1,0 +1,28 @@
+#include "tools/zelka/CommandContext.h"
+
+#include "components/hvxdb/HvxAdministration.h"
+
+QString CommandContext::Source() const
+{
+    return DataSource(QString::fromStdString(source));
+}
+
+std::unique_ptr<HvxAdministration> CommandContext::OpenAdministration() const
+{
+    return HvxAdministration::Open(Source());
+}
+
+void CommandContext::AddSourceOption(CLI::App& command)
+{
+    command
+        .add_option("--source", source,
+                    "Database to work on: a file, or a URL of a server (default: the environment variable "
+                    "ZELKA_DBS32, else the workstation's setting ODBC/DBS32, else Dbs.mdb in the user's data "
+                    "folder)")
+        ->type_name("SOURCE");
+}
+
+void CommandContext::AddJsonOption(CLI::App& command)
+{
+    command.add_flag("--json", json, "Print JSON");
+}

@@ -1,0 +1,86 @@
+#include "tools/zelka/GatewaySession.h"
+
+#include "components/hvxdb/HvxAdministration.h"
+#include "database/DatabaseClass.h"
+#include "database/DatabaseState.h"
+#include "model/ModelState.h"
+#include "tools/zelka/CommandError.h"
+
+GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_before(SetBoxPresenter(this))
+{
+    SetDataSource(context.Source());
+    Database().DbObject = std::make_unique<DatabaseClass>();
+    Model().Database = Database().DbObject.get();
+    Model().ConObject = std::make_unique<ConData>();
+    try {
+        Require(Gateway().OpenDb());
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+GatewaySession::~GatewaySession()
+{
+    Close();
+}
+
+void GatewaySession::Close()
+{
+    if (Database().DatabaseOpen)
+        Gateway().CloseDb();
+    Database().DatabaseOpen = false;
+    Model().ConObject.reset();
+    Model().Database = nullptr;
+    Database().DbObject.reset();
+    SetBoxPresenter(m_before);
+}
+
+DatabaseClass& GatewaySession::Gateway() const
+{
+    return *Database().DbObject;
+}
+
+ConData& GatewaySession::Connection() const
+{
+    return *Model().ConObject;
+}
+
+void GatewaySession::Require(bool worked) const
+{
+    if (worked)
+        return;
+    if (m_lastText.isEmpty())
+        throw CommandError(ExitCode::DatabaseUnavailable, QStringLiteral("The database gave no answer."));
+    throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, m_lastTold);
+}
+
+void GatewaySession::RequireNoErrorBox() const
+{
+    if (m_errorShown)
+        throw CommandError(ExitCode::Refused, m_lastText, true);
+}
+
+BoxAnswer GatewaySession::ShowMsgBox(const QString& text, int flags, const QString& /*title*/)
+{
+    m_lastText = text;
+    switch (flags & BoxFlags::ButtonMask) {
+    case BoxFlags::OkCancel:
+    case BoxFlags::YesNoCancel:
+        m_lastTold = false;
+        return BoxAnswer::Cancel;
+    case BoxFlags::YesNo:
+        m_lastTold = false;
+        return BoxAnswer::No;
+    default:
+        m_context.output.Words(text);
+        m_lastTold = true;
+        m_errorShown = m_errorShown || (flags & ~BoxFlags::ButtonMask) == BoxFlags::Critical;
+        return BoxAnswer::Ok;
+    }
+}
+
+bool GatewaySession::ShowInputBox(const QString& /*prompt*/, const QString& /*title*/, QString& /*value*/)
+{
+    return false;
+}

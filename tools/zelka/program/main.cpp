@@ -1,0 +1,35 @@
+#include "tools/zelka/CommandLine.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <clocale>
+#include <cstdio>
+#include <langinfo.h>
+#include <string_view>
+
+namespace {
+
+/// Names and targets are UTF-8 whatever the shell says; scheduled scripts often run without a locale.
+void ChooseUtf8Locale()
+{
+    std::setlocale(LC_CTYPE, "");
+    if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ChooseUtf8Locale();
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("zelka"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZELKA_VERSION));
+
+    QFile data;
+    QFile words;
+    if (!data.open(stdout, QIODevice::WriteOnly) || !words.open(stderr, QIODevice::WriteOnly))
+        return static_cast<int>(ExitCode::Refused);
+    return static_cast<int>(RunCommandLine(argc, argv, data, words));
+}
