@@ -150,11 +150,9 @@ TreeText& TreeText::operator=(TreeText&& other) noexcept
     return *this;
 }
 
-TreeTextView TreeText::View() const
+TreeTextView TreeText::WideView() const
 {
     const uchar form = m_bytes[FormByte];
-    if (form < WideForm)
-        return TreeTextView(m_bytes, form);
     if (form < BlockForm)
         return QStringView(reinterpret_cast<const char16_t*>(m_bytes), form - WideForm);
     const Block block = BlockOf();

@@ -46,7 +46,11 @@ public:
     TreeText(TreeText&& other) noexcept;
     TreeText& operator=(TreeText&& other) noexcept;
 
-    [[nodiscard]] TreeTextView View() const;
+    [[nodiscard]] TreeTextView View() const
+    {
+        const uchar form = m_bytes[FormByte];
+        return form < WideForm ? TreeTextView(m_bytes, form) : WideView();
+    }
     /// Bytes held outside of the 24.
     [[nodiscard]] qint64 BlockBytes() const;
 
@@ -59,6 +63,7 @@ private:
     };
 
     void Free();
+    [[nodiscard]] TreeTextView WideView() const;
     [[nodiscard]] Block BlockOf() const;
 
     static constexpr int Size = 24;
