@@ -189,7 +189,7 @@ bool T4ZelkaBrowser::SetConnectionTargetText(const QString& name)
 {
     if (!Model().ConObject || !Model().ConObject->GetParentWithoutDefaults(name, m_targetText))
         return false;
-    m_ui->txtTarget->setText(m_targetText);
+    ShowTarget();
     SetSobriquet(Trim(name));
     SetNodeType(QString());
     SetCommandLine(QString());
@@ -227,10 +227,17 @@ void T4ZelkaBrowser::SetNodeTargetText(const QString& name, QString& parentName)
     if (!Model().ConObject->GetParentWithoutDefaults(parentName, parentTarget))
         return;
     m_targetText = parentTarget + QLatin1Char(',') + m_targetText;
-    m_ui->txtTarget->setText(m_targetText);
+    ShowTarget();
     SetSobriquet(Trim(name));
     SetNodeType(nodeType);
     SetCommandLine(commandLine);
+}
+
+void T4ZelkaBrowser::ShowTarget()
+{
+    m_ui->txtTarget->setText(m_targetText);
+    // A long target shows its beginning.
+    m_ui->txtTarget->setCursorPosition(0);
 }
 
 void T4ZelkaBrowser::ClearTarget()

@@ -234,6 +234,7 @@ private:
     void ConTreeSetTargetText();
     void NodesTreeSetTargetText(QString& parentName);
     void SetNodeTargetText(const QString& name, QString& parentName);
+    void ShowTarget();
     void ClearTarget();
     /// Type id of a stored connection; negative: unknown, or a look-up failed.
     [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
