@@ -13,7 +13,11 @@ std::optional<QString> NamedValues::Read(const QString& name) const
 {
     if (!m_settings->contains(name))
         return std::nullopt;
-    return m_settings->value(name).toString();
+    const QVariant value = m_settings->value(name);
+    // Without quotes around it, a value with commas, which an administrator may well write, reads as a list.
+    if (value.userType() == QMetaType::QStringList)
+        return value.toStringList().join(u',');
+    return value.toString();
 }
 
 void NamedValues::Write(const QString& name, const QString& value)

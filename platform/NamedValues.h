@@ -8,7 +8,8 @@
 
 /// The store of named values: what a workstation's administrator sets, such as `ODBC/DBS32`.
 ///
-/// Names are paths with "/". Values are text. Over QSettings: the user's file first, then the machine's.
+/// Names are paths with "/". Values are text. Over QSettings: the user's file first, then the machine's. Who
+/// writes such a file by hand puts a value with a semicolon, or with blanks behind a comma, in quotes.
 class NamedValues
 {
 public:

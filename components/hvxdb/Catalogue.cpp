@@ -8,7 +8,7 @@
 namespace {
 
 /// A catalogue within its limits has a fraction of this; a larger file is something else.
-constexpr qint64 LargestFile = 4 * 1024 * 1024;
+constexpr qint64 LargestFile = qint64(4) * 1024 * 1024;
 
 } // namespace
 

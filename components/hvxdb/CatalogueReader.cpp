@@ -190,7 +190,7 @@ void CatalogueReader::ReadKind(const QJsonObject& row, const QString& where, Par
     } else if (!list.isUndefined()) {
         parameter.kind = ParameterKind::List;
         const QJsonArray values = Array(row, where, QStringLiteral("list"));
-        for (const QJsonValue& value : values) {
+        for (const auto& value : values) {
             if (!value.isString())
                 Problem(where, QStringLiteral("each value of \"list\" must be a text"));
             parameter.values << value.toString();

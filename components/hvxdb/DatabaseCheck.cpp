@@ -1,10 +1,19 @@
 #include "components/hvxdb/DatabaseCheck.h"
 
+#include "components/hvxdb/DefinitionTables.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxSchema.h"
 #include "components/hvxdb/JournalTable.h"
+#include "platform/ComponentError.h"
+
+#include <algorithm>
 
 namespace {
+
+QString FileProblem(const QString& text)
+{
+    return QStringLiteral("File: %1").arg(text);
+}
 
 bool NamesType(const std::vector<TypeDefinition>& types, const QString& name)
 {
@@ -18,15 +27,20 @@ bool NamesType(const std::vector<TypeDefinition>& types, const QString& name)
 QStringList DatabaseCheck::Run()
 {
     m_problems.clear();
-    CheckFile();
-    CheckSchema();
-    CheckReferences();
-    CheckNames();
-    m_lastId = m_store->Session().NumberOfText(QStringLiteral("SELECT last_id FROM record_sequence"));
-    ReadManagers();
-    CheckConnections();
-    CheckNodes();
-    CheckJournal();
+    for (const auto step :
+         {&DatabaseCheck::CheckFile, &DatabaseCheck::CheckSchema, &DatabaseCheck::CheckDefinitions,
+          &DatabaseCheck::CheckReferences, &DatabaseCheck::CheckNames, &DatabaseCheck::ReadSequence,
+          &DatabaseCheck::ReadManagers, &DatabaseCheck::CheckConnections, &DatabaseCheck::CheckNodes,
+          &DatabaseCheck::CheckJournal}) {
+        try {
+            (this->*step)();
+        } catch (const ComponentError& error) {
+            // What one step cannot read does not keep the others from theirs.
+            const QString problem = FileProblem(error.Description());
+            if (!m_problems.contains(problem))
+                Report(problem);
+        }
+    }
     return m_problems;
 }
 
@@ -36,7 +50,7 @@ void DatabaseCheck::CheckFile()
         m_store->Session().ReadText(text, [this](const QSqlQuery& row) {
             const QString answer = row.value(0).toString();
             if (answer != QLatin1String("ok"))
-                Report(QStringLiteral("File: %1").arg(answer));
+                Report(FileProblem(answer));
         });
     }
 }
@@ -52,8 +66,14 @@ void DatabaseCheck::CheckSchema()
     }
     for (const QString& object : schema.MissingObjects())
         Report(QStringLiteral("Schema: %1 is missing.").arg(object));
-    for (const QString& problem : CheckCatalogue(m_store->CurrentDefinitions().Data()))
+}
+
+void DatabaseCheck::CheckDefinitions()
+{
+    Catalogue catalogue = ReadDefinitions(m_store->Session());
+    for (const QString& problem : CheckCatalogue(catalogue))
         Report(QStringLiteral("Definitions: %1").arg(problem));
+    m_definitions = Definitions(std::move(catalogue));
 }
 
 void DatabaseCheck::CheckReferences()
@@ -83,6 +103,11 @@ void DatabaseCheck::CheckNames()
         Report(QStringLiteral("Id %1: a connection and a node have it.").arg(ids.Number(0)));
 }
 
+void DatabaseCheck::ReadSequence()
+{
+    m_lastId = m_store->Session().NumberOfText(QStringLiteral("SELECT last_id FROM record_sequence"));
+}
+
 void DatabaseCheck::ReadManagers()
 {
     m_devices.clear();
@@ -105,7 +130,7 @@ void DatabaseCheck::CheckConnections()
 void DatabaseCheck::CheckNodes()
 {
     const QString kind = QStringLiteral("Node");
-    const std::vector<TypeDefinition>& types = m_store->CurrentDefinitions().Data().nodeTypes;
+    const std::vector<TypeDefinition>& types = m_definitions.Data().nodeTypes;
     m_store->Session().ReadText(
         QStringLiteral("SELECT id, name, name_key, target, node_type FROM node ORDER BY id"),
         [&](const QSqlQuery& row) {
@@ -129,7 +154,7 @@ void DatabaseCheck::CheckRecord(const QString& kind, qint64 id, const QString& n
     if (key != FoldedName(name))
         Report(QStringLiteral("%1 %2: its name key is %3.").arg(kind, name, key));
     QString reformatted;
-    if (!m_store->CurrentDefinitions().CheckTarget(target, reformatted))
+    if (!m_definitions.CheckTarget(target, reformatted))
         Report(QStringLiteral("%1 %2: its target %3 cannot be read.").arg(kind, name, target));
 }
 

@@ -4,9 +4,7 @@
 
 #include <QStringList>
 
-/// Looks through a whole database for damage: one text per problem.
-///
-/// Only reads. Raises ComponentError when the database cannot be read at all.
+/// Looks through a whole database for damage: one text per problem, what cannot be read included. Only reads.
 class DatabaseCheck
 {
 public:
@@ -17,6 +15,7 @@ public:
 private:
     void CheckFile();
     void CheckSchema();
+    void CheckDefinitions();
     void CheckReferences();
     void CheckNames();
     void CheckConnections();
@@ -24,11 +23,14 @@ private:
     void CheckJournal();
     void CheckRecord(const QString& kind, qint64 id, const QString& name, const QString& key,
                      const QString& target);
+    void ReadSequence();
     void ReadManagers();
     void Report(const QString& problem) { m_problems << problem; }
 
     HvxStore* m_store;
     QStringList m_problems;
+    /// As they are stored now.
+    Definitions m_definitions;
     QStringList m_devices;
     qint64 m_lastId = 0;
 };

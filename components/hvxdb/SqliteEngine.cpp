@@ -18,8 +18,7 @@ constexpr int PrimaryCodeMask = 0xff;
 /// away all write bits wants nobody to write.
 bool MayWrite(const QFileInfo& info)
 {
-    const QFile::Permissions writers =
-        QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const QFile::Permissions writers = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return info.isWritable() && (info.permissions() & writers);
 }
 

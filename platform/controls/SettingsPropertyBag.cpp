@@ -34,7 +34,7 @@ QVariant SettingsPropertyBag::ReadProperty(const QString& name, const QVariant& 
 {
     if (!Holds(name))
         return defaultValue;
-    const QVariant stored = m_settings.value(Key(name));
+    QVariant stored = m_settings.value(Key(name));
     if (!defaultValue.isValid() || stored.metaType() == defaultValue.metaType())
         return stored;
     const QVariant value = FromText(stored.toString(), defaultValue.metaType());

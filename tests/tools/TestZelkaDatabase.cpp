@@ -31,6 +31,7 @@ private Q_SLOTS:
     void Init_BadArguments_AreUsage_data();
     void Init_BadArguments_AreUsage();
     void Init_FolderMissing_IsTold();
+    void Init_DiskFull_IsToldAndLeavesNothingHalf();
 
     void Check_GoodDatabase_FindsNothing();
     void Check_DamagedDatabase_ListsProblems();
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void Unavailable_AnyCommand_EndsWithThree();
     void Unavailable_LockedByAnother_EndsWithThree_data();
     void Unavailable_LockedByAnother_EndsWithThree();
+    void Unavailable_Maintenance_EndsWithThree();
 };
 
 void TestZelkaDatabase::Init_Empty_MakesAUsableDatabase()
@@ -273,6 +275,21 @@ void TestZelkaDatabase::Init_FolderMissing_IsTold()
     QCOMPARE(ZelkaRunner::Read(file), QByteArray("text"));
 }
 
+void TestZelkaDatabase::Init_DiskFull_IsToldAndLeavesNothingHalf()
+{
+    // A limit on the size of files fails as a full disk does.
+    const ZelkaRunner zelka;
+
+    const ZelkaResult result = zelka.RunInShell("trap '' XFSZ; ulimit -f 2000; exec \"$@\"",
+                                                {"db", "init", "--nodes", "50000", "--json"});
+
+    QVERIFY(result.code == 1 || result.code == 3);
+    QVERIFY(!result.Json().object().value("error").toString().isEmpty());
+    QVERIFY2(result.Words().contains("was made but not filled"), result.words.constData());
+    QCOMPARE(zelka.Run({"list", "nodes"}).data, QByteArray());
+    QCOMPARE(zelka.Run({"db", "check"}).code, 0);
+}
+
 void TestZelkaDatabase::Check_GoodDatabase_FindsNothing()
 {
     const ZelkaRunner zelka;
@@ -462,13 +479,21 @@ void TestZelkaDatabase::Unavailable_AnyCommand_EndsWithThree()
 void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("list") << QStringList{"list", "nodes"};
-    QTest::newRow("import") << QStringList{"db", "import", "-"};
+    QTest::addColumn<QString>("words");
+    const QString denied = "Database access is denied, because another application is using it.";
+    const QString inUse = "The database is in use by another program: ";
+    QTest::newRow("list connections") << QStringList{"list", "connections"} << denied;
+    QTest::newRow("list nodes") << QStringList{"list", "nodes"} << denied;
+    QTest::newRow("target") << QStringList{"target", "Tower"} << denied;
+    QTest::newRow("import") << QStringList{"db", "import", "-"} << inUse;
+    QTest::newRow("rights") << QStringList{"db", "rights", "u", "--scan", "no", "--edit", "no"} << inUse;
+    QTest::newRow("managers") << QStringList{"db", "managers", "add", "x", "y"} << inUse;
 }
 
 void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree()
 {
     QFETCH(QStringList, arguments);
+    QFETCH(QString, words);
     const ZelkaRunner zelka;
     zelka.MakeSmallDatabase();
     sqlite3* other = nullptr;
@@ -477,13 +502,33 @@ void TestZelkaDatabase::Unavailable_LockedByAnother_EndsWithThree()
         sqlite3_exec(other, "BEGIN EXCLUSIVE; UPDATE setting SET value = value;", nullptr, nullptr, nullptr),
         SQLITE_OK);
 
-    const ZelkaResult result = zelka.Run(arguments, "kind,name,target\nconnection,x,WP=LAN\n");
+    const ZelkaResult result =
+        zelka.Run(arguments + QStringList{"--json"}, "kind,name,target\nconnection,x,WP=LAN\n");
     sqlite3_exec(other, "ROLLBACK;", nullptr, nullptr, nullptr);
     sqlite3_close(other);
 
     QCOMPARE(result.code, 3);
-    QVERIFY2(result.words.startsWith("zelka: "), result.words.constData());
+    QVERIFY2(result.Words().startsWith("zelka: " + words), result.words.constData());
+    QCOMPARE(result.words.count('\n'), 1);
+    QVERIFY2(result.Json().object().value("error").toString().startsWith(words), result.data.constData());
     QCOMPARE(zelka.Run({"list", "nodes"}).Lines(), QStringList{"Tower"});
+}
+
+void TestZelkaDatabase::Unavailable_Maintenance_EndsWithThree()
+{
+    const ZelkaRunner zelka;
+    zelka.MakeSmallDatabase();
+    zelka.Sql("INSERT INTO cam_lock VALUES (1, 'token', 'somebody', 'elsewhere', 1, unixepoch() * 1000);");
+
+    const ZelkaResult list = zelka.Run({"list", "nodes"});
+    const ZelkaResult import = zelka.Run({"db", "import", "-"}, "kind,name,target\nconnection,x,WP=LAN\n");
+
+    QCOMPARE(list.code, 3);
+    QVERIFY2(list.words.startsWith("zelka: "), list.words.constData());
+    QCOMPARE(import.code, 3);
+    QCOMPARE(import.words.count('\n'), 1);
+    zelka.Sql("DELETE FROM cam_lock;");
+    QCOMPARE(zelka.Run({"list", "connections"}).Lines(), QStringList{"Bus"});
 }
 
 QTEST_GUILESS_MAIN(TestZelkaDatabase)

@@ -14,7 +14,11 @@ private Q_SLOTS:
 
     void Usage_WrongArguments_EndWithTwo_data();
     void Usage_WrongArguments_EndWithTwo();
+    void Usage_Json_StaysADocument_data();
     void Usage_Json_StaysADocument();
+    void Usage_UnknownWord_IsNamed();
+    void Output_DeviceFull_IsRefused_data();
+    void Output_DeviceFull_IsRefused();
     void Help_EveryCommand_HasOne_data();
     void Help_EveryCommand_HasOne();
     void Version_IsPrinted();
@@ -85,12 +89,48 @@ void TestZelkaTargets::Usage_WrongArguments_EndWithTwo()
     QCOMPARE(result.words.count('\n'), 1);
 }
 
+void TestZelkaTargets::Usage_Json_StaysADocument_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("name missing") << QStringList{"target", "--json"};
+    QTest::newRow("value missing") << QStringList{"list", "nodes", "--json", "--match"};
+    QTest::newRow("unknown command") << QStringList{"delete", "--json"};
+}
+
 void TestZelkaTargets::Usage_Json_StaysADocument()
 {
-    const ZelkaResult result = m_zelka.Run({"target", "--json"});
+    QFETCH(QStringList, arguments);
+
+    const ZelkaResult result = m_zelka.Run(arguments);
 
     QCOMPARE(result.code, 2);
     QVERIFY(!result.Json().object().value("error").toString().isEmpty());
+}
+
+void TestZelkaTargets::Usage_UnknownWord_IsNamed()
+{
+    QCOMPARE(m_zelka.Run({"list", "types"}).Words(),
+             QStringLiteral("zelka: Unknown argument: types. Run with --help for more information.\n"));
+}
+
+void TestZelkaTargets::Output_DeviceFull_IsRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("target") << QStringList{"target", "Bus"};
+    QTest::newRow("list") << QStringList{"list", "nodes", "--json"};
+    QTest::newRow("export") << QStringList{"db", "export"};
+    QTest::newRow("help") << QStringList{"--help"};
+}
+
+void TestZelkaTargets::Output_DeviceFull_IsRefused()
+{
+    QFETCH(QStringList, arguments);
+
+    const ZelkaResult result = m_zelka.RunInShell("exec \"$@\" >/dev/full", arguments);
+
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.words.startsWith("zelka: The output cannot be written"), result.words.constData());
+    QCOMPARE(result.words.count('\n'), 1);
 }
 
 void TestZelkaTargets::Help_EveryCommand_HasOne_data()

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void Import_OnConflict_DoesAsTold();
     void Import_Update_UnchangedRecordsKeepTheirId();
     void Import_Rename_IsReported();
+    void Import_DiskFull_WritesNothing();
     void Import_FileMissing_IsRefused();
     void Import_Folder_IsRefused();
     void Import_BadArguments_AreUsage_data();
@@ -385,6 +386,23 @@ void TestZelkaTransfer::Import_Rename_IsReported()
     QCOMPARE(json.Json().object().value("renamed").toArray(),
              (QJsonArray{QJsonObject{{"line", 2}, {"from", "Tower"}, {"to", "Tower (2)"}}}));
     QCOMPARE(zelka.Run({"list", "connections"}).Lines(), (QStringList{"Bus", "Tower (2)"}));
+}
+
+void TestZelkaTransfer::Import_DiskFull_WritesNothing()
+{
+    const ZelkaRunner zelka;
+    zelka.MakeSmallDatabase();
+    QByteArray records = "kind,name,target,connection\n";
+    for (int i = 0; i < 30'000; ++i)
+        records += "node,Node " + QByteArray::number(i) + ",WP=NET4,Bus\n";
+
+    const ZelkaResult result =
+        zelka.RunInShell("trap '' XFSZ; ulimit -f 2000; exec \"$@\"", {"db", "import", "-"}, records);
+
+    QVERIFY(result.code == 1 || result.code == 3);
+    QCOMPARE(result.words.count('\n'), 1);
+    QCOMPARE(zelka.Run({"db", "export"}).data, SmallRecords);
+    QCOMPARE(zelka.Run({"db", "check"}).code, 0);
 }
 
 void TestZelkaTransfer::Import_FileMissing_IsRefused()

@@ -22,6 +22,19 @@ ZelkaRunner::ZelkaRunner()
 
 ZelkaResult ZelkaRunner::Run(const QStringList& arguments, const QByteArray& input) const
 {
+    return RunProgram(QStringLiteral(ZELKA_PROGRAM), arguments, input);
+}
+
+ZelkaResult ZelkaRunner::RunInShell(const QString& line, const QStringList& arguments,
+                                    const QByteArray& input) const
+{
+    const QStringList shell{QStringLiteral("-c"), line, QStringLiteral("sh"), QStringLiteral(ZELKA_PROGRAM)};
+    return RunProgram(QStringLiteral("/bin/sh"), shell + arguments, input);
+}
+
+ZelkaResult ZelkaRunner::RunProgram(const QString& program, const QStringList& arguments,
+                                    const QByteArray& input) const
+{
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("ZELKA_DBS32"), Database());
     for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS"})
@@ -32,7 +45,7 @@ ZelkaResult ZelkaRunner::Run(const QStringList& arguments, const QByteArray& inp
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_folder.path());
-    process.start(QStringLiteral(ZELKA_PROGRAM), arguments);
+    process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished(100'000))

@@ -32,6 +32,10 @@ public:
 
     ZelkaResult Run(const QStringList& arguments, const QByteArray& input = {}) const;
 
+    /// The same through a shell command line, in which "$@" stands for the program and its arguments.
+    ZelkaResult RunInShell(const QString& line, const QStringList& arguments,
+                           const QByteArray& input = {}) const;
+
     /// Makes the database with one connection "Bus" that has the node "Tower", and one manager, "Radio".
     void MakeSmallDatabase() const;
     void MakeDemoDatabase() const;
@@ -45,5 +49,8 @@ public:
     [[nodiscard]] QByteArray Query(const QByteArray& text) const;
 
 private:
+    ZelkaResult RunProgram(const QString& program, const QStringList& arguments,
+                           const QByteArray& input) const;
+
     QTemporaryDir m_folder;
 };

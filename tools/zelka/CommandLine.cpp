@@ -10,13 +10,33 @@
 #include "tools/zelka/TargetCommands.h"
 #include "tools/zelka/TransferCommands.h"
 
+#include <algorithm>
+#include <optional>
 #include <sstream>
+#include <string_view>
 
 namespace {
 
 ExitCode ExitCodeOf(const ComponentError& error)
 {
     return error.Number() == DatabaseErrorNumber::Refused ? ExitCode::Refused : ExitCode::DatabaseUnavailable;
+}
+
+/// The engine's words for a busy database say little to an operator.
+QString WordsOf(const ComponentError& error)
+{
+    if (error.Number() == DatabaseErrorNumber::InUse)
+        return QStringLiteral("The database is in use by another program: %1").arg(error.Description());
+    return error.Description();
+}
+
+/// An unknown word in place of a command reads better than the command that is missing then.
+std::string FailureText(const CLI::App* app, const CLI::Error& error)
+{
+    const std::vector<std::string> unknown = app->remaining(true);
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr && !unknown.empty())
+        return "Unknown argument: " + unknown.front() + ". Run with --help for more information.";
+    return std::string(error.what()) + ". Run with --help for more information.";
 }
 
 /// Gives Usage for wrong arguments, Done for a help text, nothing when a command was chosen.
@@ -32,7 +52,8 @@ std::optional<ExitCode> Parse(CLI::App& app, int argc, const char* const* argv, 
         context.output.Bytes(QByteArray::fromStdString(data.str()));
         if (code == 0)
             return ExitCode::Done;
-        context.output.SetJson(context.json);
+        // Values are stored only when all arguments are right.
+        context.output.SetJson(std::find(argv + 1, argv + argc, std::string_view("--json")) != argv + argc);
         context.output.Failure(QString::fromStdString(words.str()).trimmed(), false);
         return ExitCode::Usage;
     }
@@ -48,7 +69,7 @@ ExitCode Run(CommandContext& context)
         output.Failure(error.Text(), error.Told());
         return error.Code();
     } catch (const ComponentError& error) {
-        output.Failure(error.Description(), false);
+        output.Failure(WordsOf(error), false);
         return ExitCodeOf(error);
     } catch (const std::bad_alloc&) {
         output.Failure(QStringLiteral("There is not enough memory for this."), false);
@@ -71,6 +92,7 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
                  "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable.",
                  "zelka");
     app.set_version_flag("--version", "zelka " ZELKA_VERSION);
+    app.failure_message(FailureText);
     app.require_subcommand(1);
     CLI::App& db = *app.add_subcommand("db", "Work on the database as a whole");
     db.require_subcommand(1);

@@ -6,6 +6,8 @@
 #include "tools/zelka/ImportResolver.h"
 #include "tools/zelka/Progress.h"
 
+#include <QSet>
+
 namespace {
 
 constexpr qsizetype PieceBytes = 1 << 16;
@@ -20,6 +22,7 @@ ExportReport ExportRun::Run(const QString& under)
 {
     ExportReport report;
     QString conName = under;
+    QSet<QString> connections;
     m_text.clear();
     AppendCsvRecord(m_text, {"kind", "name", "target", "connection", "manager", "command"});
     m_database.ForEachConnection([&](const ConnectionRecord& record) {
@@ -28,6 +31,7 @@ ExportReport ExportRun::Run(const QString& under)
         if (!under.isEmpty())
             conName = record.name;
         AppendCsvRecord(m_text, {"connection", record.name.toUtf8(), record.target.toUtf8(), "", "", ""});
+        connections.insert(record.name);
         GiveLargePiece();
         ++report.connections;
     });
@@ -36,6 +40,11 @@ ExportReport ExportRun::Run(const QString& under)
 
     Progress progress(QStringLiteral("Exporting"), 0);
     m_database.ForEachNode(conName, [&](const NodeRecord& record) {
+        // The two lists are read one after the other; between them another program may have written.
+        if (!connections.contains(record.conName))
+            throw CommandError(
+                ExitCode::Refused,
+                QStringLiteral("Another program changed the database during the export; try again."));
         AppendCsvRecord(m_text, {"node", record.name.toUtf8(), record.target.toUtf8(),
                                  record.conName.toUtf8(), record.nodeType.toUtf8(),
                                  JoinCommand(record.managerIndex, record.commandTail).toUtf8()});

@@ -24,7 +24,7 @@ public:
     ExportRun(HvxAdministration& database, TakeText takeText);
 
     /// `under`: only this connection and its nodes; empty: all. Raises CommandError (Refused) when there is
-    /// no such connection.
+    /// no such connection, and when a node's connection came while the export was under way.
     ExportReport Run(const QString& under);
 
 private:

@@ -52,7 +52,7 @@ void GatewaySession::Require(bool worked) const
         return;
     if (m_lastText.isEmpty())
         throw CommandError(ExitCode::DatabaseUnavailable, QStringLiteral("The database gave no answer."));
-    throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, true);
+    throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, m_lastTold);
 }
 
 void GatewaySession::RequireNoErrorBox() const
@@ -63,23 +63,24 @@ void GatewaySession::RequireNoErrorBox() const
 
 BoxAnswer GatewaySession::ShowMsgBox(const QString& text, int flags, const QString& /*title*/)
 {
-    m_context.output.Words(text);
     m_lastText = text;
-    if ((flags & BoxFlags::Critical) != 0 && (flags & BoxFlags::Question) == 0)
-        m_errorShown = true;
     switch (flags & BoxFlags::ButtonMask) {
     case BoxFlags::OkCancel:
     case BoxFlags::YesNoCancel:
+        m_lastTold = false;
         return BoxAnswer::Cancel;
     case BoxFlags::YesNo:
+        m_lastTold = false;
         return BoxAnswer::No;
     default:
+        m_context.output.Words(text);
+        m_lastTold = true;
+        m_errorShown = m_errorShown || (flags & ~BoxFlags::ButtonMask) == BoxFlags::Critical;
         return BoxAnswer::Ok;
     }
 }
 
-bool GatewaySession::ShowInputBox(const QString& prompt, const QString& /*title*/, QString& /*value*/)
+bool GatewaySession::ShowInputBox(const QString& /*prompt*/, const QString& /*title*/, QString& /*value*/)
 {
-    m_context.output.Words(prompt);
     return false;
 }

@@ -8,7 +8,8 @@ class DatabaseClass;
 
 /// The gateway and the model as the control uses them, open for the time that the object lives.
 ///
-/// Boxes go to standard error as they come; questions are declined.
+/// Boxes go to standard error as they come. Questions are declined and not shown, since nobody can answer;
+/// the gateway tells what follows from the refusal.
 class GatewaySession : private BoxPresenter
 {
 public:
@@ -34,5 +35,6 @@ private:
     CommandContext& m_context;
     BoxPresenter* m_before = nullptr;
     QString m_lastText;
+    bool m_lastTold = true;
     bool m_errorShown = false;
 };

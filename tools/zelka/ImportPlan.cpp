@@ -187,7 +187,7 @@ QString ImportPlan::CheckName(const QString& name, ImportKind kind) const
 
 QString ImportPlan::TakeName(qint64 line, QByteArrayView text, ImportKind kind)
 {
-    const QString name = QString::fromUtf8(TrimmedBlanks(text));
+    QString name = QString::fromUtf8(TrimmedBlanks(text));
     const QString problem = CheckName(name, kind);
     if (problem.isEmpty())
         return name;

@@ -155,7 +155,7 @@ QString ImportResolver::FreeName(const QString& name) const
         qsizetype length = std::min(name.size(), ImportPlan::MaxNameLength - suffix.size());
         if (length < name.size() && name[length - 1].isHighSurrogate())
             --length;
-        const QString candidate = name.first(length) + suffix;
+        QString candidate = name.first(length) + suffix;
         const QString folded = FoldedName(candidate);
         if (!m_plan.FindRow(folded) && !m_storedNumberedNames.contains(folded) &&
             !m_givenNames.contains(folded))

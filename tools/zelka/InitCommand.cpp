@@ -98,8 +98,13 @@ void InitCommand::Init() const
     const QString kept = CreateHvxDatabase(source, catalogue, m_force);
     if (!kept.isEmpty())
         m_context.output.Words(QStringLiteral("The old database is kept as \"%1\".").arg(kept));
-    if (!IsEmpty())
-        Fill(source);
+    try {
+        if (!IsEmpty())
+            Fill(source);
+    } catch (const std::exception&) {
+        m_context.output.Words(QStringLiteral("The database \"%1\" was made but not filled.").arg(source));
+        throw;
+    }
     Report(source, kept);
 }
 

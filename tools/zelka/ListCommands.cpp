@@ -49,13 +49,16 @@ void ListCommands::ListNodes() const
             throw CommandError(ExitCode::Refused,
                                QStringLiteral("There is no connection \"%1\".").arg(under));
     }
-    if (m_context.output.Json())
-        m_context.output.BeginArray();
-    // The database answers in parts; a position above 0 says that more nodes follow.
+    // The database answers in parts; a position above 0 says that more nodes follow. Nothing is printed
+    // before the first part is there.
     qint32 position = 0;
+    bool first = true;
     do {
         QString list;
         session.Require(session.Gateway().QueryNodesDb(under, QString(), list, position));
+        if (first && m_context.output.Json())
+            m_context.output.BeginArray();
+        first = false;
         PrintMatching(list);
     } while (position > 0);
     if (m_context.output.Json())

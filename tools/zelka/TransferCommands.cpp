@@ -32,6 +32,15 @@ CommandError CannotWrite(const QSaveFile& file)
         QStringLiteral("The file \"%1\" cannot be written: %2.").arg(file.fileName(), file.errorString())};
 }
 
+ConflictRule RuleNamed(const std::string& name)
+{
+    if (name == "skip")
+        return ConflictRule::Skip;
+    if (name == "update")
+        return ConflictRule::Update;
+    return name == "rename" ? ConflictRule::Rename : ConflictRule::Fail;
+}
+
 QString Plural(qint64 count, const QString& noun)
 {
     return QString::number(count) + u' ' + (count == 1 ? noun : noun + u's');
@@ -47,10 +56,6 @@ TransferCommands::TransferCommands(CLI::App& db, CommandContext& context) : m_co
 
 void TransferCommands::AddImport(CLI::App& db)
 {
-    static const std::map<std::string, ConflictRule> rules = {{"fail", ConflictRule::Fail},
-                                                              {"skip", ConflictRule::Skip},
-                                                              {"update", ConflictRule::Update},
-                                                              {"rename", ConflictRule::Rename}};
     CLI::App& command = *db.add_subcommand(
         "import", "Import connections and nodes from comma-separated values (UTF-8), all or nothing.\n"
                   "Columns, named in a header: kind (connection or node), name, target, connection, manager "
@@ -63,8 +68,7 @@ void TransferCommands::AddImport(CLI::App& db)
         .add_option("--on-conflict", m_rule,
                     "What to do with a name that is stored: fail (default), skip the row, update the stored "
                     "record, rename the imported one")
-        ->transform(CLI::CheckedTransformer(rules))
-        ->type_name("fail|skip|update|rename")
+        ->check(CLI::IsMember({"fail", "skip", "update", "rename"}))
         ->option_text("fail|skip|update|rename");
     m_context.AddSourceOption(command);
     m_context.AddJsonOption(command);
@@ -88,7 +92,7 @@ void TransferCommands::Import() const
     QFile file;
     OpenInput(file, m_importFile);
     const std::unique_ptr<HvxAdministration> database = m_context.OpenAdministration();
-    const ImportReport report = ImportRun(*database, m_rule, m_dryRun).Run(file);
+    const ImportReport report = ImportRun(*database, RuleNamed(m_rule), m_dryRun).Run(file);
     if (report.problems.Empty())
         PrintReport(report);
     else

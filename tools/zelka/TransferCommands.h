@@ -23,6 +23,6 @@ private:
     std::string m_importFile;
     std::string m_exportFile;
     std::string m_under;
-    ConflictRule m_rule = ConflictRule::Fail;
+    std::string m_rule = "fail";
     bool m_dryRun = false;
 };

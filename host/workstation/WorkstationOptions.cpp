@@ -1,0 +1,47 @@
+#include "host/workstation/WorkstationOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+namespace {
+
+std::string NotEmpty(const std::string& value)
+{
+    return value.empty() ? "it must not be empty" : std::string();
+}
+
+} // namespace
+
+std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& options)
+{
+    CLI::App app("Shows the connection browser and hands over the target that is selected in it.",
+                 "zelka-workstation");
+    app.footer(
+        "Without a display the program selects the first node, prints its target and writes pictures of\n"
+        "its pages to a folder that it names on standard error.\n\n"
+        "Exit codes: 0 done, 1 refused or no node, 2 usage, 3 database unavailable.");
+    app.set_version_flag("-V,--version", "zelka-workstation " ZELKA_VERSION, "Print the version and end");
+
+    std::string database;
+    std::string screenshots;
+    app.add_option("-d,--database", database,
+                   "Database to open; else the one that ZELKA_DBS32 or the machine's settings name")
+        ->type_name("SOURCE")
+        ->check(NotEmpty);
+    app.add_option("--screenshots", screenshots,
+                   "Do what is done without a display, writing the pictures to this folder")
+        ->type_name("FOLDER")
+        ->check(NotEmpty);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (app.exit(error) == 0)
+            return ExitCode::Done;
+        std::cerr << app.help();
+        return ExitCode::Usage;
+    }
+    options.database = QString::fromStdString(database);
+    options.screenshots = QString::fromStdString(screenshots);
+    return std::nullopt;
+}

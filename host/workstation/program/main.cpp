@@ -1,0 +1,87 @@
+#include "components/hvxdb/HvxAdministration.h"
+#include "host/workstation/ScriptedRun.h"
+#include "host/workstation/WorkstationOptions.h"
+#include "host/workstation/WorkstationWindow.h"
+#include "platform/MsgBox.h"
+#include "platform/controls/Display.h"
+#include "platform/controls/WindowBoxPresenter.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+/// The folder for the pictures, made where it is missing; empty when that fails.
+QString PictureFolder(const QString& chosen)
+{
+    if (!chosen.isEmpty())
+        return QDir().mkpath(chosen) ? QDir(chosen).absolutePath() : QString();
+    QTemporaryDir folder(QDir::temp().filePath(QStringLiteral("zelka-workstation-XXXXXX")));
+    folder.setAutoRemove(false);
+    return folder.isValid() ? folder.path() : QString();
+}
+
+int RunScripted(QSettings& settings, const QString& source, const QString& chosenFolder)
+{
+    const QString folder = PictureFolder(chosenFolder);
+    if (folder.isEmpty()) {
+        std::fprintf(stderr, "zelka-workstation: cannot make the folder for the screenshots %s\n",
+                     qUtf8Printable(chosenFolder));
+        return ExitCode::Refused;
+    }
+    // Nobody could press a button: boxes go to standard error, which is what the built-in presenter does.
+    WorkstationWindow window(settings, source, WorkstationWindow::Place::Default);
+    window.show();
+    window.Start();
+    const int code = ScriptedRun(window, folder).Run();
+    window.close();
+    return code;
+}
+
+int RunForOperator(QSettings& settings, const QString& source)
+{
+    WindowBoxPresenter presenter;
+    SetBoxPresenter(&presenter);
+    int code = ExitCode::Done;
+    {
+        WorkstationWindow window(settings, source);
+        window.StartWhenPainted();
+        window.show();
+        code = QApplication::exec();
+    }
+    SetBoxPresenter(nullptr);
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    UseOffscreenWithoutDisplay();
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zelka-workstation"));
+    QApplication::setApplicationVersion(QStringLiteral(ZELKA_VERSION));
+
+    WorkstationOptions options;
+    if (const std::optional<int> code = ReadOptions(argc, argv, options))
+        return *code;
+
+    Q_INIT_RESOURCE(pictures);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/zelka/pictures/zelka.svg")));
+    InstallWindowSeams();
+    RegisterHvxDatabase();
+    if (!options.database.isEmpty())
+        SetDataSource(options.database);
+
+    QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Zelka"),
+                       QStringLiteral("Workstation"));
+    const QString source = DataSource(options.database);
+    if (IsOffscreen() || !options.screenshots.isEmpty())
+        return RunScripted(settings, source, options.screenshots);
+    return RunForOperator(settings, source);
+}
