@@ -65,10 +65,7 @@ bool T4ZelkaBrowser::ConnectionIsCurrent(Entry entry)
     bool hasId = false;
     bool changed = false;
     ConEntryChanged(entry, hasId, changed);
-    if (hasId && !changed)
-        return true;
-    TellStaleEntry(StaleText(QStringLiteral("Connection "), m_conTree->Text(entry)));
-    return false;
+    return hasId && !changed;
 }
 
 bool T4ZelkaBrowser::NodeIsCurrent(const TreeEntries& tree, Entry entry)
@@ -76,10 +73,7 @@ bool T4ZelkaBrowser::NodeIsCurrent(const TreeEntries& tree, Entry entry)
     bool hasId = false;
     bool changed = false;
     NodeEntryChanged(tree, entry, hasId, changed);
-    if (hasId && !changed)
-        return true;
-    TellStaleEntry(StaleText(QStringLiteral("Node "), tree.Text(entry)));
-    return false;
+    return hasId && !changed;
 }
 
 void T4ZelkaBrowser::TellStaleEntry(const QString& text)
@@ -95,30 +89,28 @@ void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
 {
     if (!m_ui->optCon->isChecked() || !m_conTree->Exists(entry))
         return;
-    bool current = true;
-    switch (m_conTree->Kind(entry).unicode()) {
-    case u'C':
-        current = ConnectionIsCurrent(entry);
-        break;
-    case u'W':
-        current = ConnectionIsCurrent(m_conTree->Parent(entry));
-        break;
-    case u'N':
-        current = ConnectionIsCurrent(m_conTree->Parent(entry)) && NodeIsCurrent(*m_conTree, entry);
-        break;
-    default:
-        break;
-    }
-    if (!current)
-        m_conTreeSkipClick = true;
+    const QChar kind = m_conTree->Kind(entry);
+    if (kind == QLatin1Char('R'))
+        return;
+    // The node first, whose record brings its connection's along; the connection's message goes before.
+    const bool nodeIsCurrent = kind != QLatin1Char('N') || NodeIsCurrent(*m_conTree, entry);
+    const Entry connection = kind == QLatin1Char('C') ? entry : m_conTree->Parent(entry);
+    if (!ConnectionIsCurrent(connection))
+        TellStaleEntry(StaleText(QStringLiteral("Connection "), m_conTree->Text(connection)));
+    else if (!nodeIsCurrent)
+        TellStaleEntry(StaleText(QStringLiteral("Node "), m_conTree->Text(entry)));
+    else
+        return;
+    m_conTreeSkipClick = true;
 }
 
 void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
 {
-    if (!m_ui->optNodes->isChecked() || m_nodesTree->Kind(entry) != QLatin1Char('N'))
+    if (!m_ui->optNodes->isChecked() || m_nodesTree->Kind(entry) != QLatin1Char('N') ||
+        NodeIsCurrent(*m_nodesTree, entry))
         return;
-    if (!NodeIsCurrent(*m_nodesTree, entry))
-        m_nodesTreeSkipClick = true;
+    TellStaleEntry(StaleText(QStringLiteral("Node "), m_nodesTree->Text(entry)));
+    m_nodesTreeSkipClick = true;
 }
 
 // Selection -------------------------------------------------------------------------------------------------
@@ -197,7 +189,7 @@ bool T4ZelkaBrowser::SetConnectionTargetText(const QString& name)
 {
     if (!Model().ConObject || !Model().ConObject->GetParentWithoutDefaults(name, m_targetText))
         return false;
-    m_ui->txtTarget->setText(m_targetText);
+    ShowTarget();
     SetSobriquet(Trim(name));
     SetNodeType(QString());
     SetCommandLine(QString());
@@ -235,10 +227,17 @@ void T4ZelkaBrowser::SetNodeTargetText(const QString& name, QString& parentName)
     if (!Model().ConObject->GetParentWithoutDefaults(parentName, parentTarget))
         return;
     m_targetText = parentTarget + QLatin1Char(',') + m_targetText;
-    m_ui->txtTarget->setText(m_targetText);
+    ShowTarget();
     SetSobriquet(Trim(name));
     SetNodeType(nodeType);
     SetCommandLine(commandLine);
+}
+
+void T4ZelkaBrowser::ShowTarget()
+{
+    m_ui->txtTarget->setText(m_targetText);
+    // A long target shows its beginning.
+    m_ui->txtTarget->setCursorPosition(0);
 }
 
 void T4ZelkaBrowser::ClearTarget()

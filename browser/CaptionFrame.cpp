@@ -1,6 +1,7 @@
 #include "browser/CaptionFrame.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 
@@ -21,7 +22,9 @@ void CaptionFrame::SetCaption(const QString& caption)
 
 QSize CaptionFrame::minimumSizeHint() const
 {
-    return {QWidget::minimumSizeHint().width(), QGroupBox::minimumSizeHint().height()};
+    // That of a group box counts its title.
+    const int contents = layout() ? layout()->totalMinimumSize().width() : 0;
+    return {contents, QGroupBox::minimumSizeHint().height()};
 }
 
 void CaptionFrame::resizeEvent(QResizeEvent* event)

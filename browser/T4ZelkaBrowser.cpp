@@ -61,6 +61,7 @@ T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent)
     m_ui->UpDown1->SetBuddy(m_ui->txtSection, 0, 255);
     m_ui->UpDown2->SetBuddy(m_ui->txtStation, 0, 255);
     ShowConPicture(NoConType);
+    m_ui->imgDirArray->setPixmap(m_ui->imgConArray->pixmap());
     ConnectControls();
     ConnectTrees();
 }

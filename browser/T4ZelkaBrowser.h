@@ -223,9 +223,10 @@ private:
     void tvwNodesTree_DblClick();
     void ConEntryChanged(Entry entry, bool& hasId, bool& changed);
     void NodeEntryChanged(const TreeEntries& tree, Entry entry, bool& hasId, bool& changed);
-    /// False: the entry is stale, the operator has been told and the trees are fresh.
+    /// The id in an entry's key is that of its record.
     [[nodiscard]] bool ConnectionIsCurrent(Entry entry);
     [[nodiscard]] bool NodeIsCurrent(const TreeEntries& tree, Entry entry);
+    /// Tells the operator and brings the trees up to date.
     void TellStaleEntry(const QString& text);
     /// Picture and caption of a connection. False: no type; the caption is as it was.
     bool ShowConnection(const QString& name);
@@ -233,6 +234,7 @@ private:
     void ConTreeSetTargetText();
     void NodesTreeSetTargetText(QString& parentName);
     void SetNodeTargetText(const QString& name, QString& parentName);
+    void ShowTarget();
     void ClearTarget();
     /// Type id of a stored connection; negative: unknown, or a look-up failed.
     [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);

@@ -399,7 +399,7 @@ private Q_SLOTS:
         }
     }
 
-    void Captions_Told_AreThere()
+    void Captions_AllControls_AreThere()
     {
         ButtonsFixture f;
         const QList<std::pair<const char*, QString>> captions = {

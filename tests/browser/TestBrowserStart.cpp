@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(f.Operator.Texts(), QStringList());
     }
 
-    void Start_WithDatabase_LeavesTheTreesAndFlagsTold()
+    void Start_WithDatabase_LeavesTreesFlagsAndObjects()
     {
         BrowserFixture f;
         f.Component.Store.AddConnection(QStringLiteral("Alpha"), AlphaTarget);

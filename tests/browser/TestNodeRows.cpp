@@ -21,6 +21,8 @@ private Q_SLOTS:
         QTest::newRow("separator alone") << QStringLiteral("\t");
         QTest::newRow("two separators") << QStringLiteral("\t\t");
         QTest::newRow("no number") << QStringLiteral("a\tx\tb\t7y");
+        QTest::newRow("large ids") << QStringLiteral("a\t999999999\tb\t1234567890\tc\t99999999999");
+        QTest::newRow("other numbers") << QStringLiteral("a\t-5\tb\t 7\tc\t1.5\td\t");
         QTest::newRow("beyond the basic plane") << QStringLiteral("caf\u00e9 \U0001F4E1\t9");
     }
     void Next_AnyList_GivesTheRowsOfThePairTable()
