@@ -74,8 +74,8 @@ QString TreeKey::Format() const
 
 quint32 TreeKey::Hash() const
 {
-    // Ids that follow each other stay neighbours in the index: a load in the order of ids then works on memory
-    // that the processor has at hand, and each bucket still gets its share.
+    // Ids that follow each other stay neighbours in the index: a load in the order of ids then works on
+    // memory that the processor has at hand, and each bucket still gets its share.
     constexpr quint32 SecondStride = 0x85ebca77;
     constexpr quint32 KindStride = 0x9e3779b1;
     return quint32(qAbs(id)) + quint32(second) * SecondStride + quint32(kind) * KindStride;
