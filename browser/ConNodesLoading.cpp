@@ -3,7 +3,6 @@
 #include "browser/Gateway.h"
 #include "browser/LoadState.h"
 #include "database/DatabaseError.h"
-#include "database/DatabaseState.h"
 #include "model/TreeFilling.h"
 
 namespace {
@@ -11,22 +10,6 @@ namespace {
 constexpr int RowsBetweenEvents = 50;
 
 } // namespace
-
-LoadStep ConNodesLoading::Step()
-{
-    // The host may have freed the control's objects between two steps.
-    if (!Database().DatabaseOpen || !Load().LoadTree)
-        return LoadStep::Done;
-    switch (m_state) {
-    case State::Start:
-        return Prepare();
-    case State::Reading:
-        return ReadRows();
-    case State::Adding:
-        break;
-    }
-    return AddRows();
-}
 
 LoadStep ConNodesLoading::Prepare()
 {

@@ -2,29 +2,12 @@
 
 #include "browser/Gateway.h"
 #include "browser/LoadState.h"
-#include "database/DatabaseState.h"
 
 namespace {
 
 constexpr int RowsBetweenEvents = 100;
 
 } // namespace
-
-LoadStep NodesLoading::Step()
-{
-    // The host may have freed the control's objects between two steps.
-    if (!Database().DatabaseOpen || !Load().LoadTree)
-        return LoadStep::Done;
-    switch (m_state) {
-    case State::Start:
-        return Prepare();
-    case State::Reading:
-        return ReadRows();
-    case State::Adding:
-        break;
-    }
-    return AddRows();
-}
 
 LoadStep NodesLoading::Prepare()
 {

@@ -1,36 +1,22 @@
 #pragma once
 
-#include "browser/LoadingProcedure.h"
-#include "browser/NodeRows.h"
+#include "browser/RowsLoading.h"
 
 /// Loads nodes into the tree that Load() names, up to its limit, from the position that it holds.
 ///
 /// Leaves the position and the limit of the next load in Load().
-class NodesLoading : public LoadingProcedure
+class NodesLoading : public RowsLoading
 {
 public:
-    using LoadingProcedure::LoadingProcedure;
+    using RowsLoading::RowsLoading;
 
 protected:
-    LoadStep Step() override;
+    LoadStep Prepare() override;
+    LoadStep ReadRows() override;
+    LoadStep AddRows() override;
 
 private:
-    LoadStep Prepare();
-    LoadStep ReadRows();
-    LoadStep AddRows();
     LoadStep EndOfAnswer();
     LoadStep EndBehindLastRow();
     LoadStep End();
-
-    enum class State
-    {
-        Start,
-        Reading,
-        Adding,
-    };
-    State m_state = State::Start;
-    NodeRows m_rows;
-    qint32 m_lastId = 0;
-    int m_barMax = 0;
-    int m_barValue = 0;
 };

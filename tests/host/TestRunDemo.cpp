@@ -1,22 +1,12 @@
+#include "tests/host/RunProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
-
-namespace {
-
-struct Outcome
-{
-    int code = -1;
-    QString output;
-    QString errors;
-};
-
-} // namespace
 
 /// The script behind `make run`, on a machine without a display.
 class TestRunDemo : public QObject
@@ -56,28 +46,7 @@ void TestRunDemo::init()
 
 Outcome TestRunDemo::Run(const QStringList& arguments, const QString& source) const
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32"})
-        environment.remove(QLatin1String(name));
-    environment.insert(QStringLiteral("HOME"), m_home->path());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), Home(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), Home(QStringLiteral("data")));
-    environment.insert(QStringLiteral("TMPDIR"), Home(QStringLiteral("temp")));
-    if (!source.isEmpty())
-        environment.insert(QStringLiteral("ZELKA_DBS32"), source);
-
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ZELKA_RUN_DEMO), arguments);
-    constexpr int longest = 60000;
-    if (!process.waitForFinished(longest)) {
-        process.kill();
-        process.waitForFinished();
-        return {-1, QString(), QStringLiteral("did not end: ") + process.errorString()};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return RunWithoutDisplay(QStringLiteral(ZELKA_RUN_DEMO), arguments, m_home->path(), source);
 }
 
 void TestRunDemo::Run_NoDatabase_MakesTheDemoAndPrintsATarget()

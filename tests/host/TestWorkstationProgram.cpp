@@ -1,9 +1,9 @@
 #include "tests/components/DatabaseFixture.h"
+#include "tests/host/RunProgram.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -12,13 +12,6 @@
 #include <memory>
 
 namespace {
-
-struct Outcome
-{
-    int code = -1;
-    QString output;
-    QString errors;
-};
 
 /// A picture that shows something: many colours, not one plain area.
 bool ShowsSomething(const QImage& image)
@@ -86,28 +79,8 @@ void TestWorkstationProgram::init()
 
 Outcome TestWorkstationProgram::Run(const QStringList& arguments, const QString& sourceInEnvironment) const
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32"})
-        environment.remove(QLatin1String(name));
-    environment.insert(QStringLiteral("HOME"), m_home->path());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), Home(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), Home(QStringLiteral("data")));
-    environment.insert(QStringLiteral("TMPDIR"), Home(QStringLiteral("temp")));
-    if (!sourceInEnvironment.isEmpty())
-        environment.insert(QStringLiteral("ZELKA_DBS32"), sourceInEnvironment);
-
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ZELKA_WORKSTATION_PROGRAM), arguments);
-    constexpr int longest = 60000;
-    if (!process.waitForFinished(longest)) {
-        process.kill();
-        process.waitForFinished();
-        return {-1, QString(), QStringLiteral("did not end: ") + process.errorString()};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return RunWithoutDisplay(QStringLiteral(ZELKA_WORKSTATION_PROGRAM), arguments, m_home->path(),
+                             sourceInEnvironment);
 }
 
 Outcome TestWorkstationProgram::RunOn(const QString& source) const
