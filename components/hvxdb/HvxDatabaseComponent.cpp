@@ -374,7 +374,8 @@ void HvxDatabaseComponent::GetNMANames(QString& list)
 
 void HvxDatabaseComponent::GetSecRights(qint32& first, qint32& second)
 {
-    const UserRights rights = m_store.ReadRights();
+    // Whoever has no database may do nothing with it; that is no failure.
+    const UserRights rights = m_store.IsLoaded() ? m_store.ReadRights() : UserRights();
     first = rights.mayScan ? 1 : 0;
     second = rights.mayEdit ? 1 : 0;
 }
