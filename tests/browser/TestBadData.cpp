@@ -20,6 +20,10 @@ private Q_SLOTS:
     void Click_LimitsJustReached_GivesTheTarget_data();
     void Click_LimitsJustReached_GivesTheTarget();
     void Click_UnknownWaypoint_GivesNoTargetAndNoBox();
+    void DoubleClick_DamagedConnection_StillOpens();
+    void ShowAgain_DamagedEntrySelected_IsToldAndLivesOn();
+    void Click_UnreadableRecord_LeavesTheOthersUsable_data();
+    void Click_UnreadableRecord_LeavesTheOthersUsable();
     void StrangeNames_NodeClicked_GivesItsTarget_data();
     void StrangeNames_NodeClicked_GivesItsTarget();
     void StrangeNames_ConnectionClicked_GivesItsTarget_data();
@@ -136,6 +140,10 @@ void DamageRows()
         "node Mml", MmlReduced);
     row("a hundred parameters", Parameters(QStringLiteral("SOCKET"), 100), "node East", parameter,
         "node North", AlphaReduced + QStringLiteral(",WP=NET4,ADDR=17"));
+    row("eleven waypoints of no type",
+        QStringLiteral("UPDATE connection SET target = '%1' WHERE name = 'Gamma'")
+            .arg(QStringList(11, QStringLiteral("WP=SNMP")).join(QLatin1Char(','))),
+        "connection Gamma", waypoint, "connection Alpha", AlphaReduced);
     row("target of more than a hundred items", LongTarget(49), "connection Gamma", item, "connection Alpha",
         AlphaReduced);
 }
@@ -267,6 +275,95 @@ void TestBadData::Click_UnknownWaypoint_GivesNoTargetAndNoBox()
     QCOMPARE(f.Control->Sobriquet(), QString());
     f.ClickNode(QStringLiteral("North"));
     QCOMPARE(f.HostTarget(), AlphaReduced + QStringLiteral(",WP=NET4,ADDR=17"));
+    QCOMPARE(f.Operator.Texts(), QStringList());
+}
+
+void TestBadData::DoubleClick_DamagedConnection_StillOpens()
+{
+    SqliteFixture f;
+    f.Database.RunSql(Hops(11));
+    f.Start();
+    f.ShowConnections();
+    auto& view = f.Find<TreeView>("tvwConTree");
+    const TreeEntries& entries = f.Entries("tvwConTree");
+    const TreeEntries::Index alpha = entries.FindByText(QStringLiteral("Alpha"), false);
+    f.ClickConnection(QStringLiteral("Alpha"));
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {},
+                       view.visualRect(entries.ModelIndex(alpha)).center());
+    QCOMPARE(entries.ChildCount(alpha), 2);
+    QCOMPARE(f.Operator.Texts().value(0), QStringLiteral("Index out of range: waypoint 11, allowed 1 to 10"));
+
+    f.Operator.Boxes.clear();
+    f.ClickConnection(QStringLiteral("Beta"));
+    QCOMPARE(f.HostTarget(), BetaReduced);
+    QCOMPARE(f.Operator.Texts(), QStringList());
+}
+
+void TestBadData::ShowAgain_DamagedEntrySelected_IsToldAndLivesOn()
+{
+    SqliteFixture f;
+    f.Database.RunSql(NodeWaypoints(11));
+    f.Start();
+    f.ClickNode(QStringLiteral("North"));
+    f.Operator.Boxes.clear();
+
+    f.Control->hide();
+    f.Control->show();
+    QCOMPARE(f.Operator.Texts(),
+             QStringList{QStringLiteral("Index out of range: waypoint 11, allowed 1 to 10")});
+    QVERIFY(f.Find<QTabWidget>("tabMain").isTabEnabled(0));
+    QCOMPARE(f.Find<QTabWidget>("tabMain").currentIndex(), 0);
+    ClickEntry(f, QStringLiteral("connection Alpha"));
+    QCOMPARE(f.HostTarget(), AlphaReduced);
+    QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
+}
+
+void TestBadData::Click_UnreadableRecord_LeavesTheOthersUsable_data()
+{
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QString>("target");
+    const QString setTarget = QStringLiteral("UPDATE %1 SET target = '%2' WHERE name = '%3'");
+    const QString north = QStringLiteral("node North");
+    const QString gamma = QStringLiteral("connection Gamma");
+    const QStringList nodeFailure{QStringLiteral("Failure to get node data from database.")};
+    const QStringList nothing;
+    QTest::newRow("node of no target")
+        << setTarget.arg("node", "", "North") << north << nodeFailure << AlphaReduced + QLatin1Char(',');
+    QTest::newRow("node target that is none") << setTarget.arg("node", "no target", "North") << north
+                                              << nodeFailure << AlphaReduced + QLatin1Char(',');
+    QTest::newRow("node target of unknown waypoint")
+        << setTarget.arg("node", "WP=NOWHERE,ADDR=1", "North") << north << nodeFailure
+        << AlphaReduced + QLatin1Char(',');
+    QTest::newRow("unknown parameter") << setTarget.arg("node", "WP=NET4,ADDR=17,COLOUR=red", "North")
+                                       << north << QStringList{QStringLiteral("Unknown parameter:COLOUR")}
+                                       << AlphaReduced + QStringLiteral(",WP=NET4,ADDR=17");
+    QTest::newRow("connection of no target")
+        << setTarget.arg("connection", "", "Gamma") << gamma << nothing << QString();
+    QTest::newRow("connection target that is none")
+        << setTarget.arg("connection", "no target", "Gamma") << gamma << nothing << QString();
+    QTest::newRow("node of no connection")
+        << QStringLiteral("UPDATE node SET connection_key = 4711 WHERE name = 'North'") << north << nothing
+        << QString();
+}
+
+void TestBadData::Click_UnreadableRecord_LeavesTheOthersUsable()
+{
+    QFETCH(const QString, sql);
+    QFETCH(const QString, entry);
+    QFETCH(const QStringList, texts);
+    QFETCH(const QString, target);
+    SqliteFixture f;
+    f.Database.RunSql(sql);
+    f.Start();
+    ClickEntry(f, entry);
+    QCOMPARE(f.Operator.Texts(), texts);
+    QCOMPARE(f.Find<QLineEdit>("txtTarget").text(), target);
+
+    f.Operator.Boxes.clear();
+    ClickEntry(f, QStringLiteral("node East"));
+    QCOMPARE(f.HostTarget(), EastReduced);
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 

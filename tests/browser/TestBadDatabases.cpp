@@ -38,6 +38,14 @@ const RecordedBox SharingPrompt{
     QStringLiteral("Database is in use by another application, do you want to try again ?"),
     BoxFlags::OkCancel, QStringLiteral("Database sharing problem")};
 
+QByteArray HashOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+               ? QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex()
+               : QByteArray();
+}
+
 /// Each file and folder below a folder, with the hash of its contents.
 QMap<QString, QByteArray> ContentsOf(const QString& folder)
 {
@@ -45,11 +53,8 @@ QMap<QString, QByteArray> ContentsOf(const QString& folder)
     QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                          QDirIterator::Subdirectories);
     while (entries.hasNext()) {
-        QFile file(entries.next());
-        const bool read = !entries.fileInfo().isDir() && file.open(QIODevice::ReadOnly);
-        contents[entries.filePath()] =
-            read ? QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex()
-                 : QByteArray();
+        const QString path = entries.next();
+        contents[path] = entries.fileInfo().isDir() ? QByteArray("folder") : HashOf(path);
     }
     return contents;
 }
@@ -312,7 +317,8 @@ void TestBadDatabases::Start_UnusableDatabase_IsDirectOnlyAndHarmsNothing()
     const auto before = ContentsOf(place.Folder());
 
     f.Start();
-    QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>{RecordedBox::Error(text)});
+    QCOMPARE(f.Operator.Texts(), QStringList{text});
+    QCOMPARE(f.Operator.Boxes.front(), RecordedBox::Error(text));
     VerifyDirectOnly(f);
     QCOMPARE(ContentsOf(place.Folder()), before);
 
@@ -373,7 +379,7 @@ void TestBadDatabases::Start_OtherProcessWrites_AsksUntilItEnds()
     FakeMachine machine;
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
-    const auto before = ContentsOf(f.Database.Source());
+    const auto before = HashOf(f.Database.Source());
     const qint64 end = machine.NowMs + seconds * 1000;
     // An operator who answers OK after five seconds each time.
     f.Operator.WhileOpen = [&](const RecordedBox&) {
@@ -386,13 +392,14 @@ void TestBadDatabases::Start_OtherProcessWrites_AsksUntilItEnds()
     QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>(static_cast<std::size_t>(prompts), SharingPrompt));
     VerifyDatabaseWorks(f);
     f.Control.reset();
-    QCOMPARE(ContentsOf(f.Database.Source()), before);
+    QCOMPARE(HashOf(f.Database.Source()), before);
     QCOMPARE(f.Database.RunSql(QStringLiteral("SELECT count(*) FROM connection")).toInt(), 3);
 }
 
 void TestBadDatabases::Start_OtherProcessWritesAndOperatorGivesUp_ControlLivesOn()
 {
     SqliteFixture f;
+    const QByteArray before = HashOf(f.Database.Source());
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
     f.Operator.Answers = {BoxAnswer::Cancel, BoxAnswer::Ok,     BoxAnswer::Ok, BoxAnswer::Cancel,
@@ -417,6 +424,8 @@ void TestBadDatabases::Start_OtherProcessWritesAndOperatorGivesUp_ControlLivesOn
     f.Find<QPushButton>("cmdRefresh").click();
     VerifyDatabaseWorks(f);
     QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>());
+    f.Control.reset();
+    QCOMPARE(HashOf(f.Database.Source()), before);
 }
 
 void TestBadDatabases::Click_OtherProcessWrites_AsksAndThenGivesTheTarget()
