@@ -35,7 +35,7 @@ void CompareReads(const QString& file, const std::vector<QString>& names)
     BareDatabase bare(file);
     sqlite3_stmt* begin = bare.Prepare("BEGIN IMMEDIATE");
     sqlite3_stmt* commit = bare.Prepare("COMMIT");
-    sqlite3_stmt* select = bare.Prepare(StatementText(HvxStatement::NodeByName).toUtf8());
+    sqlite3_stmt* select = bare.Prepare(StandardStatementText(HvxStatement::NodeByName).toUtf8());
     qint64 characters = 0;
     const Bench::Sides sides = Bench::Compare(
         5,

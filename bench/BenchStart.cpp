@@ -55,6 +55,7 @@ int ShowNodes(const QString& file)
     RegisterHvxDatabase();
     SetDataSource(file);
     T4ZelkaBrowser browser;
+    browser.SetBrowserTabIndex(0);
     browser.resize(WindowSize);
     auto* tree = browser.findChild<TreeView*>(QStringLiteral("tvwNodesTree"));
     LeaveWhenPainted leave(tree->model());

@@ -374,7 +374,8 @@ void HvxDatabaseComponent::GetNMANames(QString& list)
 
 void HvxDatabaseComponent::GetSecRights(qint32& first, qint32& second)
 {
-    // Whoever has no database may do nothing with it; that is no failure.
+    // Asked without a database too, or while another program keeps it from being read: who may do what is
+    // then unknown, so nobody may do anything.
     const UserRights rights = m_store.IsLoaded() ? m_store.ReadRights() : UserRights();
     first = rights.mayScan ? 1 : 0;
     second = rights.mayEdit ? 1 : 0;

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+/// Stands between the fields of a packed row; a row that holds it itself is read in columns.
+inline constexpr QChar PackedFieldSeparator{u'\x1f'};
+
 /// The statements of the database component, by what they do. All values are bound.
 enum class HvxStatement
 {
@@ -35,7 +38,9 @@ enum class HvxStatement
     NodeCountOfConnection,
 
     // Single records
+    /// One column: the fields of NodeByNameInColumns, separated by PackedFieldSeparator.
     NodeByName,
+    NodeByNameInColumns,
     ConnectionByName,
     ManagerByDevice,
     ManagerList,

@@ -4,10 +4,12 @@
 #include "components/hvxdb/ItemText.h"
 #include "components/hvxdb/SqlFailure.h"
 
+#include <array>
+
 namespace {
 
-/// Columns of HvxStatement::NodeByName.
-enum NodeColumn
+/// Fields of HvxStatement::NodeByName.
+enum NodeField
 {
     NodeId,
     NodeTarget,
@@ -21,18 +23,52 @@ enum NodeColumn
     ManagerPath,
     ManagerText,
     NodeDefinitionsVersion,
+    NodeFieldCount,
 };
 
-NodeRow NodeOfRow(const SqlRows& rows)
+using NodeFields = std::array<QString, NodeFieldCount>;
+
+/// Takes the fields of a packed row apart. False: a stored text holds the separator.
+bool Unpack(QStringView packed, NodeFields& fields)
+{
+    for (int field = 0; field < NodeFieldCount; ++field) {
+        const qsizetype end = packed.indexOf(PackedFieldSeparator);
+        if ((end < 0) != (field == NodeFieldCount - 1))
+            return false;
+        fields[static_cast<size_t>(field)] = (end < 0 ? packed : packed.first(end)).toString();
+        packed = end < 0 ? QStringView() : packed.sliced(end + 1);
+    }
+    return true;
+}
+
+/// The fields of the node under that key. False: there is none.
+bool ReadNodeFields(SqlSession& session, const QString& key, NodeFields& fields)
+{
+    {
+        SqlRows packed = session.Read(HvxStatement::NodeByName, {key});
+        if (!packed.Next())
+            return false;
+        if (Unpack(packed.Text(0), fields))
+            return true;
+    }
+    SqlRows columns = session.Read(HvxStatement::NodeByNameInColumns, {key});
+    if (!columns.Next())
+        return false;
+    for (int field = 0; field < NodeFieldCount; ++field)
+        fields[static_cast<size_t>(field)] = columns.Text(field);
+    return true;
+}
+
+NodeRow NodeOfFields(const NodeFields& fields)
 {
     NodeRow node;
     node.exists = true;
-    node.id = rows.Number(NodeId);
-    node.target = rows.Text(NodeTarget);
-    node.nodeType = rows.Text(NodeType);
-    node.commandTail = rows.Text(NodeTail);
-    node.managerIndex = rows.Text(NodeManager);
-    node.conName = rows.Text(ConName);
+    node.id = fields[NodeId].toInt();
+    node.target = fields[NodeTarget];
+    node.nodeType = fields[NodeType];
+    node.commandTail = fields[NodeTail];
+    node.managerIndex = fields[NodeManager];
+    node.conName = fields[ConName];
     return node;
 }
 
@@ -44,27 +80,21 @@ NodeRow RecordReader::Node(const QString& name) const
     RecordCache& cache = m_store->Cache();
     if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
         return known->second;
+    NodeFields fields;
     NodeRow node;
-    ConnectionRow connection;
-    ManagerRow manager;
-    qint32 definitionsVersion = 0;
-    {
-        SqlRows rows = m_store->Session().Read(HvxStatement::NodeByName, {key});
-        if (rows.Next()) {
-            node = NodeOfRow(rows);
-            connection = {!rows.IsNull(ConId), rows.Number(ConId), rows.Text(ConTarget)};
-            manager = {rows.Text(ManagerIndex), rows.Text(ManagerPath), rows.Text(ManagerText)};
-            definitionsVersion = rows.Number(NodeDefinitionsVersion);
-        }
+    if (ReadNodeFields(m_store->Session(), key, fields)) {
+        node = NodeOfFields(fields);
+        m_store->UseDefinitionsVersion(fields[NodeDefinitionsVersion].toInt());
     }
-    if (node.exists)
-        m_store->UseDefinitionsVersion(definitionsVersion);
     if (m_store->InTransaction()) {
         cache.nodes.emplace(key, node);
-        if (connection.exists)
-            cache.connections.insert_or_assign(FoldedName(node.conName), connection);
-        if (node.exists)
-            cache.managers.insert_or_assign(node.nodeType, manager);
+        if (node.exists) {
+            if (!fields[ConId].isEmpty())
+                cache.connections.insert_or_assign(
+                    FoldedName(node.conName), ConnectionRow{true, fields[ConId].toInt(), fields[ConTarget]});
+            cache.managers.insert_or_assign(
+                node.nodeType, ManagerRow{fields[ManagerIndex], fields[ManagerPath], fields[ManagerText]});
+        }
     }
     return node;
 }

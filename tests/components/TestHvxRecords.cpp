@@ -17,6 +17,7 @@ private Q_SLOTS:
     void GetNode_Missing_RaisesAndLeavesArguments();
     void GetNodeEx_WithManager_GivesIndexAndTail();
     void GetNodeEx_WithoutManager_GivesTailAlone();
+    void GetNodeEx_TextWithTheSeparatorOfPackedRows_ComesWhole();
     void GetNodeEx_Missing_GivesEmptyTexts();
     void GetNodeNmaTag_Known_GivesTypeAndTail();
     void GetNodeNmaTag_Missing_Raises();
@@ -173,6 +174,22 @@ void TestHvxRecords::GetNodeEx_WithoutManager_GivesTailAlone()
     QString commandLine;
     m_component->GetNodeEx(South, text, text, text, commandLine);
     QCOMPARE(commandLine, QStringLiteral("-port 2"));
+}
+
+void TestHvxRecords::GetNodeEx_TextWithTheSeparatorOfPackedRows_ComesWhole()
+{
+    const QString odd = QStringLiteral("WP=NET4,ADDR=1\x1f\x1f");
+    m_component->ReplaceNodeTarget(North, Alpha, odd);
+
+    QString conName;
+    QString target;
+    QString nodeType;
+    QString commandLine;
+    m_component->GetNodeEx(North, conName, target, nodeType, commandLine);
+    QCOMPARE(conName, Alpha);
+    QCOMPARE(target, odd);
+    QCOMPARE(nodeType, QStringLiteral("NET4"));
+    QCOMPARE(commandLine, QStringLiteral("1|-port 1"));
 }
 
 void TestHvxRecords::GetNodeEx_Missing_GivesEmptyTexts()
