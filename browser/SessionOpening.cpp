@@ -4,6 +4,7 @@
 #include "browser/LoadState.h"
 #include "database/DatabaseState.h"
 #include "model/ModelState.h"
+#include "platform/IndexError.h"
 #include "platform/MsgBox.h"
 
 namespace {
@@ -80,7 +81,12 @@ void SessionOpening::ReadRights()
 void SessionOpening::ReadConnectionTypes()
 {
     Model().ConOrderObject = std::make_unique<ConOrderClass>();
-    Model().ConOrderObject->LoadConTypesInOrder(Gateway(), OfferedTypes, OfferedPictures);
+    try {
+        Model().ConOrderObject->LoadConTypesInOrder(Gateway(), OfferedTypes, OfferedPictures);
+    } catch (const IndexError& error) {
+        // The types alone are damaged: the records can still be shown and used.
+        ErrorBox(QString::fromUtf8(error.what()));
+    }
 }
 
 void SessionOpening::ReadJournalPosition()

@@ -374,8 +374,9 @@ void HvxDatabaseComponent::GetNMANames(QString& list)
 
 void HvxDatabaseComponent::GetSecRights(qint32& first, qint32& second)
 {
-    // Asked without a database too: who may do what is then unknown, so nobody may do anything.
-    const UserRights rights = m_store.IsOpen() ? m_store.ReadRights() : UserRights();
+    // Asked without a database too, or while another program keeps it from being read: who may do what is
+    // then unknown, so nobody may do anything.
+    const UserRights rights = m_store.IsLoaded() ? m_store.ReadRights() : UserRights();
     first = rights.mayScan ? 1 : 0;
     second = rights.mayEdit ? 1 : 0;
 }

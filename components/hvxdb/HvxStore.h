@@ -24,6 +24,8 @@ public:
     void Open(const QString& source);
     void Close();
     [[nodiscard]] bool IsOpen() const { return m_session.IsConnected(); }
+    /// False also while the opened source could not be read yet because another program has it.
+    [[nodiscard]] bool IsLoaded() const { return m_loaded; }
     [[nodiscard]] const QString& Source() const { return m_source; }
 
     /// Opens a transaction or a level. Raises InUse while another program holds the database.

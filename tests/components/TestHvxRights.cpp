@@ -17,6 +17,7 @@ private Q_SLOTS:
     void Rights_OwnRowBeforeEveryone_data();
     void Rights_OwnRowBeforeEveryone();
     void Rights_NoRowAtAll_NoRights();
+    void ClosedDatabase_NoRights();
     void Write_WithoutEditRight_RefusedAndNothingChanged_data();
     void Write_WithoutEditRight_RefusedAndNothingChanged();
     void BulkWriter_WithoutEditRight_Refused();
@@ -119,6 +120,17 @@ void TestHvxRights::Rights_OwnRowBeforeEveryone()
 void TestHvxRights::Rights_NoRowAtAll_NoRights()
 {
     m_fixture->RunSql(QStringLiteral("DELETE FROM user_rights"));
+
+    qint32 scan = 7;
+    qint32 edit = 7;
+    m_component->GetSecRights(scan, edit);
+    QCOMPARE(scan, 0);
+    QCOMPARE(edit, 0);
+}
+
+void TestHvxRights::ClosedDatabase_NoRights()
+{
+    m_component->CloseDatabase();
 
     qint32 scan = 7;
     qint32 edit = 7;

@@ -439,7 +439,8 @@ void TestZelkaDatabase::Unavailable_AnyCommand_EndsWithThree_data()
         {"db managers", {"db", "managers", "list"}}};
     for (auto command = commands.begin(); command != commands.end(); ++command)
         QTest::addRow("missing, %s", qUtf8Printable(command.key())) << "missing" << command.value();
-    for (const char* kind : {"zeros", "text", "folder", "newer"}) {
+    for (const char* kind : {"zeros", "text", "folder", "newer", "read-only", "read-only folder", "foreign",
+                             "no definitions", "cut"}) {
         QTest::addRow("%s, list", kind) << kind << commands["list nodes"];
         QTest::addRow("%s, export", kind) << kind << commands["db export"];
     }
@@ -459,12 +460,29 @@ void TestZelkaDatabase::Unavailable_AnyCommand_EndsWithThree()
     } else if (kind == "newer") {
         zelka.MakeSmallDatabase();
         zelka.Sql("UPDATE setting SET value = 99 WHERE name = 'schema_version';");
+    } else if (kind == "read-only") {
+        zelka.MakeSmallDatabase();
+        QVERIFY(QFile::setPermissions(zelka.Database(), QFile::ReadOwner));
+    } else if (kind == "read-only folder") {
+        zelka.MakeSmallDatabase();
+        QVERIFY(QFile::setPermissions(zelka.Path("."), QFile::ReadOwner | QFile::ExeOwner));
+    } else if (kind == "foreign") {
+        zelka.Write("Dbs.mdb", QByteArray());
+        zelka.Sql("CREATE TABLE recipe (title TEXT);");
+    } else if (kind == "no definitions") {
+        zelka.MakeSmallDatabase();
+        zelka.Sql("DELETE FROM con_type;");
+    } else if (kind == "cut") {
+        zelka.MakeSmallDatabase();
+        const QByteArray whole = ZelkaRunner::Read(zelka.Database());
+        zelka.Write("Dbs.mdb", whole.left(whole.size() / 2));
     }
     const QByteArray before = ZelkaRunner::Read(zelka.Database());
     const QStringList filesBefore = QDir(zelka.Path(".")).entryList(QDir::Files);
 
     const ZelkaResult lines = zelka.Run(arguments);
     const ZelkaResult json = zelka.Run(arguments + QStringList{"--json"});
+    QVERIFY(QFile::setPermissions(zelka.Path("."), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 
     QCOMPARE(lines.code, 3);
     QCOMPARE(lines.data, QByteArray());
