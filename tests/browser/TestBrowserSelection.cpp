@@ -75,6 +75,8 @@ private Q_SLOTS:
     void ClickConnection_Current_ShowsItsReducedTarget()
     {
         SelectionFixture f;
+        f.Control->SetNodeType(QStringLiteral("DEV1"));
+        f.Control->SetCommandLine(QStringLiteral("-port 1"));
         f.ClickConnection("Beta");
         const QString target = QStringLiteral("WP=SOCKET,HOST=gw-2,WP=BUST4,ID=7");
         QCOMPARE(f.TargetText(), target);
@@ -84,6 +86,15 @@ private Q_SLOTS:
         QCOMPARE(f.Control->CommandLine(), QString());
         QCOMPARE(f.Caption(), QStringLiteral("T4 Bus over TCP/IP: Beta"));
         QCOMPARE(f.Picture(), 1);
+    }
+
+    void Click_NameWithBlanksAtItsEnds_GivesTheTrimmedSobriquet()
+    {
+        SelectionFixture f;
+        f.Component.Store.AddConnection(QStringLiteral(" Padded "), AlphaTarget);
+        f.ClickConnection(" Padded ");
+        QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Padded"));
+        QCOMPARE(f.Caption(), QStringLiteral("T4 Bus:  Padded "));
     }
 
     void ClickWaypoint_OfAConnection_ShowsTheWholeConnectionsTarget()
@@ -321,6 +332,11 @@ private Q_SLOTS:
         QVERIFY(!f.Control->GetTarget(target)); // nothing is selected
         QCOMPARE(target, QString());
         target = QStringLiteral("before");
+        f.Component.AnswerOnce(QStringLiteral("CheckTargetSyntax"),
+                               {QStringLiteral("rewritten"), QStringLiteral("ERROR")});
+        QVERIFY(!f.Control->GetTarget(target));
+        QCOMPARE(target, QString());
+        target = QStringLiteral("before");
         f.Component.Fail(QStringLiteral("CheckTargetSyntax"));
         QVERIFY(!f.Control->GetTarget(target));
         QCOMPARE(target, QStringLiteral("before"));
@@ -415,6 +431,27 @@ private Q_SLOTS:
         QCOMPARE(f.Control->NodeManagerExists(), exists);
     }
 
+    void NodeManagerExists_NeedsATypeAndAPath_data()
+    {
+        QTest::addColumn<QString>("nodeType");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("both") << QStringLiteral("DEV9") << QStringLiteral("/opt/dev9") << true;
+        QTest::newRow("empty type") << QString() << QStringLiteral("/opt/dev9") << false;
+        QTest::newRow("blank type") << QStringLiteral("  ") << QStringLiteral("/opt/dev9") << false;
+        QTest::newRow("blank path") << QStringLiteral("DEV9") << QStringLiteral("  ") << false;
+    }
+    void NodeManagerExists_NeedsATypeAndAPath()
+    {
+        QFETCH(const QString, nodeType);
+        QFETCH(const QString, path);
+        QFETCH(const bool, exists);
+        SelectionFixture f;
+        f.Component.Answer(QStringLiteral("GetNMAInfo"), {path, QString(), QStringLiteral("1")});
+        f.Control->SetNodeType(nodeType);
+        QCOMPARE(f.Control->NodeManagerExists(), exists);
+    }
+
     void SmallMethods_GiveTheirTexts()
     {
         SelectionFixture f;
@@ -471,6 +508,70 @@ private Q_SLOTS:
         QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Alpha"));
     }
 
+    void DoubleClick_ClosedConnection_DoesNotSkipTheNextClick_data()
+    {
+        QTest::addColumn<bool>("nodes");
+        QTest::newRow("waypoints") << false;
+        QTest::newRow("nodes") << true;
+    }
+    void DoubleClick_ClosedConnection_DoesNotSkipTheNextClick()
+    {
+        QFETCH(const bool, nodes);
+        SelectionFixture f;
+        f.ShowConnections();
+        f.Find<QCheckBox>("chkViewNodes").setChecked(nodes);
+        f.Click("tvwConTree", f.Con("Alpha"));
+        QCOMPARE(f.Enabled("cmdLoadMore"), nodes);
+        Q_EMIT f.Find<TreeView>("tvwConTree").DblClick();
+        // All its nodes are in.
+        QVERIFY(!f.Enabled("cmdLoadMore"));
+        f.Find<QLineEdit>("txtTarget").clear();
+        Q_EMIT f.Find<TreeView>("tvwConTree").Click();
+        QCOMPARE(f.TargetText(), QStringLiteral("WP=BUST4,ID=254"));
+    }
+
+    void DoubleClick_AnyOther_SkipsTheNextClickAlone_data()
+    {
+        QTest::addColumn<bool>("connections");
+        QTest::newRow("connection view") << true;
+        QTest::newRow("node view") << false;
+    }
+    void DoubleClick_AnyOther_SkipsTheNextClickAlone()
+    {
+        QFETCH(const bool, connections);
+        SelectionFixture f;
+        auto& view = f.Find<TreeView>(connections ? "tvwConTree" : "tvwNodesTree");
+        if (connections) {
+            f.OpenConnection("Alpha", true);
+            f.Click("tvwConTree", f.ConNode("North"));
+        } else {
+            f.Click("tvwNodesTree", f.Node("North"));
+        }
+        const QString target = f.TargetText();
+        f.Find<QLineEdit>("txtTarget").clear();
+        Q_EMIT view.DblClick();
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), QString());
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), target);
+    }
+
+    void ChangeOfView_StartedControl_FocusesTheTree_data()
+    {
+        QTest::addColumn<bool>("started");
+        QTest::newRow("started") << true;
+        QTest::newRow("not yet") << false;
+    }
+    void ChangeOfView_StartedControl_FocusesTheTree()
+    {
+        QFETCH(const bool, started);
+        SelectionFixture f;
+        f.Find<QLineEdit>("txtTarget").setFocus();
+        Browser().ControlInitialized = started;
+        f.ShowConnections();
+        QCOMPARE(f.Control->focusWidget() == &f.Find<TreeView>("tvwConTree"), started);
+    }
+
     void DoubleClick_NodeOrWaypoint_PressesProperties_data()
     {
         QTest::addColumn<QByteArray>("kind");
@@ -497,6 +598,18 @@ private Q_SLOTS:
         else
             f.Click("tvwConTree", f.Con("Beta"));
         QCOMPARE(f.Control->Sobriquet(), kind == "n" ? QStringLiteral("South") : QStringLiteral("Beta"));
+    }
+
+    void DoubleClick_WaypointBehindTheRoot_RunsPropertiesThoughTheButtonIsDisabled()
+    {
+        SelectionFixture f;
+        f.OpenConnection("Alpha", false);
+        f.Click("tvwConTree", 1);
+        int ran = 0;
+        connect(&f.Find<QPushButton>("cmdDatabaseProp"), &QPushButton::clicked, [&] { ++ran; });
+        f.DoubleClick("tvwConTree", f.ConEntries().Child(f.Con("Alpha"), 0));
+        QVERIFY(!f.Enabled("cmdDatabaseProp"));
+        QCOMPARE(ran, 1);
     }
 };
 
