@@ -67,6 +67,20 @@ private Q_SLOTS:
         QCOMPARE(Browser().Busy, 0);
     }
 
+    void Start_ConnectionTypes_AreOfferedInTheBrowsersOrder()
+    {
+        BrowserFixture f;
+        f.Start();
+        const QList<std::pair<int, int>> picturesOfTypes = {{0, 0},   {1, 1}, {2, 2}, {9, 9},
+                                                            {14, 16}, {6, 6}, {7, 7}};
+        int browserPosition = 0;
+        for (const auto& [type, picture] : picturesOfTypes) {
+            QCOMPARE(Model().ConOrderObject->GetPicIndxByResourcePos(type), picture);
+            QCOMPARE(Model().ConOrderObject->GetPicIndxByBrowserPos(browserPosition++), picture);
+        }
+        QCOMPARE(Model().ConOrderObject->GetPicIndxByResourcePos(3), 14);
+    }
+
     void Start_SharedNames_FallBackWhereTheDatabaseHasNone()
     {
         BrowserFixture f;
@@ -195,6 +209,7 @@ private Q_SLOTS:
         f.Component.Fail(QStringLiteral("OpenDatabase"), number);
         f.Control = std::make_unique<T4ZelkaBrowser>();
         f.Control->SetRefreshTimer(true);
+        f.Find<QTabWidget>("tabNode").setCurrentIndex(2);
         f.Start();
 
         QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>{RecordedBox::Error(text)});
@@ -290,6 +305,36 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("CloseDatabase"), QStringLiteral("OpenDatabase")}));
         QVERIFY(Database().DatabaseOpen);
         QCOMPARE(f.NodeEntries().Count(), 1);
+    }
+
+    void InitProperties_NotShownYet_StandsAtTheRootOfTheConnectionView()
+    {
+        BrowserFixture f;
+        f.AddNodes(QStringLiteral("Alpha"), 3);
+        f.Control = std::make_unique<T4ZelkaBrowser>();
+        f.Control->UserControl_InitProperties();
+        QVERIFY(f.Find<QRadioButton>("optCon").isChecked());
+        QVERIFY(Model().ConObject->optCon);
+        QCOMPARE(f.ConEntries().Count(), 0);
+        QVERIFY(f.Enabled("cmdDatabaseAdd"));
+        for (const char* button :
+             {"cmdDatabaseProp", "cmdDatabaseRemove", "cmdDbScan", "cmdDatabaseManage", "cmdLoadMore"})
+            QVERIFY2(!f.Enabled(button), button);
+        QCOMPARE(f.Picture(), 14);
+    }
+
+    void InitProperties_BehindADoubleClick_SkipsNoClick()
+    {
+        BrowserFixture f;
+        f.Component.Store.AddConnection(QStringLiteral("Alpha"), AlphaTarget);
+        f.AddNodes(QStringLiteral("Alpha"), 1);
+        f.StartOnDatabasePage();
+        auto& view = f.Find<TreeView>("tvwNodesTree");
+        Q_EMIT view.DblClick();
+        f.Control->UserControl_InitProperties();
+        view.SelectIndex(f.NodeEntries().ModelIndex(f.NodeEntries().Child(1, 0)));
+        f.Find<QRadioButton>("optNodes").setChecked(true);
+        QVERIFY(!f.TargetText().isEmpty());
     }
 
     void SecondControl_InTheProcess_UsesTheOpenDatabase()
