@@ -323,6 +323,33 @@ private Q_SLOTS:
         QCOMPARE(f.Picture(), 14);
     }
 
+    void InitProperties_TargetThatTheHostSet_IsForgotten()
+    {
+        BrowserFixture f;
+        f.Start();
+        QVERIFY(f.Control->SetTarget(AlphaTarget));
+        f.Control->UserControl_InitProperties();
+        QString target = QStringLiteral("before");
+        QVERIFY(!f.Control->GetTarget(target));
+        QCOMPARE(target, QString());
+    }
+
+    void Methods_BeforeTheStart_GiveFalse()
+    {
+        BrowserFixture f;
+        f.Control = std::make_unique<T4ZelkaBrowser>();
+        QString target = QStringLiteral("before");
+        QVERIFY(!f.Control->GetTarget(target));
+        QVERIFY(!f.Control->SetTarget(AlphaTarget));
+        QVERIFY(!f.Control->GetSobriquetTarget(QStringLiteral("North"), target));
+        QVERIFY(!f.Control->NodeManagerExists());
+        f.Control->InitializeDirectTab();
+        f.Control->FreeObjects();
+        QCOMPARE(target, QStringLiteral("before"));
+        QCOMPARE(f.Operator.Texts(), QStringList());
+        QCOMPARE(f.Component.Created, 0);
+    }
+
     void InitProperties_BehindADoubleClick_SkipsNoClick()
     {
         BrowserFixture f;
