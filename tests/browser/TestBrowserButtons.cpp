@@ -260,6 +260,11 @@ private Q_SLOTS:
         f.Find<QLineEdit>("txtTarget").clear();
         f.Key("tvwNodesTree", Qt::Key_Shift);
         QVERIFY(!f.TargetText().isEmpty());
+
+        f.Select(true, false, QStringLiteral("con/Alpha"));
+        f.Find<QLineEdit>("txtTarget").clear();
+        f.Key("tvwConTree", Qt::Key_Shift);
+        QVERIFY(!f.TargetText().isEmpty());
     }
 
     void EnterOnAClosedConnection_OpensIt()

@@ -585,7 +585,14 @@ private Q_SLOTS:
         f.Component.Store.MaxRows = 100;
         f.Start();
         f.ShowNodesOfConnections();
+        bool sortedMeanwhile = false;
+        f.Component.BeforeCall = [&](const QString& call) {
+            if (call.startsWith(QLatin1String("GetParentNodesWithIdEx")))
+                sortedMeanwhile = sortedMeanwhile || f.ConEntries().Sorted(f.Alpha());
+        };
         f.DoubleClick("tvwConTree", f.Alpha());
+        f.Component.BeforeCall = nullptr;
+        QVERIFY(!sortedMeanwhile && f.ConEntries().Sorted(f.Alpha()));
         QCOMPARE(f.ConEntries().ChildCount(f.Alpha()), 250);
         QCOMPARE(f.Component.Count(QStringLiteral("GetParentNodesWithIdEx")), 3);
     }

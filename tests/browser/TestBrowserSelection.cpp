@@ -1,5 +1,6 @@
 #include "tests/browser/BrowserTestSupport.h"
 
+#include <QTabWidget>
 #include <QTest>
 
 namespace {
@@ -298,6 +299,37 @@ private Q_SLOTS:
         Q_EMIT f.Find<TreeView>("tvwNodesTree").NodeClick(f.NodeEntries().ModelIndex(f.Node("North")));
         Q_EMIT f.Find<TreeView>("tvwNodesTree").Click();
         QCOMPARE(f.Component.Calls, QStringList());
+
+        f.Find<QRadioButton>("optNodes").setChecked(true);
+        f.Component.TakeCalls();
+        Q_EMIT f.Find<TreeView>("tvwConTree").NodeClick(f.ConEntries().ModelIndex(f.Con("Alpha")));
+        Q_EMIT f.Find<TreeView>("tvwConTree").Click();
+        QCOMPARE(f.Component.Calls, QStringList());
+    }
+
+    void NodeClick_StaleConnection_SkipsTheNextClickAlone()
+    {
+        SelectionFixture f;
+        f.ShowConnections();
+        f.Component.Store.ReplaceParentTarget(QStringLiteral("Alpha"), AlphaTarget);
+        auto& view = f.Find<TreeView>("tvwConTree");
+        Q_EMIT view.NodeClick(f.ConEntries().ModelIndex(f.Con("Alpha")));
+        view.SelectIndex(f.ConEntries().ModelIndex(f.Con("Beta")));
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), QString());
+        Q_EMIT view.Click();
+        QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Beta"));
+    }
+
+    void TurnBackToTheDatabasePage_SelectedNode_ShowsItsTargetAgain()
+    {
+        SelectionFixture f;
+        f.Click("tvwNodesTree", f.Node("North"));
+        const QString target = f.TargetText();
+        f.Find<QTabWidget>("tabMain").setCurrentIndex(1);
+        f.Find<QLineEdit>("txtTarget").clear();
+        f.Find<QTabWidget>("tabMain").setCurrentIndex(0);
+        QCOMPARE(f.TargetText(), target);
     }
 
     // Targets ----------------------------------------------------------------------------------------------
@@ -598,6 +630,18 @@ private Q_SLOTS:
         else
             f.Click("tvwConTree", f.Con("Beta"));
         QCOMPARE(f.Control->Sobriquet(), kind == "n" ? QStringLiteral("South") : QStringLiteral("Beta"));
+    }
+
+    void DoubleClick_RootWithoutChildren_DoesNothing()
+    {
+        BrowserFixture f;
+        f.StartOnDatabasePage();
+        f.ShowConnections();
+        QCOMPARE(f.ConEntries().Count(), 1);
+        int ran = 0;
+        connect(&f.Find<QPushButton>("cmdDatabaseProp"), &QPushButton::clicked, [&] { ++ran; });
+        f.DoubleClick("tvwConTree", 1);
+        QCOMPARE(ran, 0);
     }
 
     void DoubleClick_WaypointBehindTheRoot_RunsPropertiesThoughTheButtonIsDisabled()

@@ -252,6 +252,32 @@ private Q_SLOTS:
         QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
     }
 
+    void TabMain_DatabasePageWithoutDatabaseAndTabIndexZero_IsTakenAwaySilently()
+    {
+        BrowserFixture f;
+        f.Component.Fail(QStringLiteral("OpenDatabase"), DatabaseErrorNumber::SourceMissing);
+        f.Start();
+        f.Operator.Boxes.clear();
+        Browser().BrowserTabIndex = 0;
+        auto& tabMain = f.Find<QTabWidget>("tabMain");
+        tabMain.setTabEnabled(0, true);
+        tabMain.setCurrentIndex(0);
+        QCOMPARE(tabMain.currentIndex(), 1);
+        QVERIFY(!tabMain.isTabEnabled(0));
+        QCOMPARE(f.Operator.Texts(), QStringList());
+    }
+
+    void MousePointer_OfTheDatabase_IsBusyForElevenAlone()
+    {
+        BrowserFixture f;
+        f.Start();
+        QList<bool> pointers;
+        Machine().ShowBusyPointer = [&](bool busy) { pointers << busy; };
+        for (const int pointer : {11, 1, 0, 5})
+            Q_EMIT Database().DbObject->SetMousePointer(pointer);
+        QCOMPARE(pointers, QList<bool>({true, false, false, false}));
+    }
+
     void TabMain_DatabasePageWithoutDatabase_IsDenied()
     {
         BrowserFixture f;
@@ -300,7 +326,14 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         f.Component.TakeCalls();
+        bool initializedMeanwhile = false;
+        f.Component.BeforeCall = [&](const QString& call) {
+            if (call.startsWith(QLatin1String("OpenDatabase")))
+                initializedMeanwhile = Browser().ControlInitialized;
+        };
         f.Control->UserControl_InitProperties();
+        f.Component.BeforeCall = nullptr;
+        QVERIFY(!initializedMeanwhile);
         QCOMPARE(f.Methods().mid(0, 2),
                  QStringList({QStringLiteral("CloseDatabase"), QStringLiteral("OpenDatabase")}));
         QVERIFY(Database().DatabaseOpen);
@@ -386,8 +419,12 @@ private Q_SLOTS:
     {
         BrowserFixture f;
         f.StartOnDatabasePage();
+        Load().LoadTree = &f.NodeEntries();
+        Load().LoadParentNode = 1;
         f.Control->FreeObjects();
         QCOMPARE(f.Methods(), QStringList{QStringLiteral("CloseDatabase")});
+        QVERIFY(!Load().LoadTree);
+        QCOMPARE(Load().LoadParentNode, 0);
         QVERIFY(!Database().DatabaseOpen && !Database().DbObject && !Model().Database);
         QVERIFY(Model().ConObject);
 
@@ -422,11 +459,12 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         Model().ConObject->ConTree = &f.ConEntries();
+        Model().ConObject->NodesTree = &f.NodeEntries();
         Load().LoadTree = &f.NodeEntries();
         f.Component.TakeCalls();
         f.Control.reset();
         QCOMPARE(f.Methods(), QStringList{QStringLiteral("CloseDatabase")});
-        QVERIFY(!Model().ConObject->ConTree);
+        QVERIFY(!Model().ConObject->ConTree && !Model().ConObject->NodesTree);
         QVERIFY(!Load().LoadTree);
     }
 
