@@ -304,7 +304,8 @@ bool T4ZelkaBrowser::OpenConEntry()
         return false;
     EndClickReads();
     if (m_conTree->Kind(selected) != QLatin1Char('C')) {
-        m_ui->cmdDatabaseProp->click();
+        // Also while the button is disabled, as it stays for a waypoint that is selected behind the root.
+        Q_EMIT m_ui->cmdDatabaseProp->clicked();
         return true;
     }
     if (m_ui->chkViewNodes->isChecked()) {

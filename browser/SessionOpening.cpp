@@ -33,7 +33,7 @@ LoadStep SessionOpening::Step()
         return LoadStep::More;
     case 3:
         ReadRights();
-        Display().ShowValue(40);
+        ShowValues({30, 40});
         return LoadStep::More;
     case 4:
         ReadConnectionTypes();
@@ -42,7 +42,7 @@ LoadStep SessionOpening::Step()
         return LoadStep::More;
     case 5:
         ReadJournalPosition();
-        Display().ShowValue(80);
+        ShowValues({60, 70, 80});
         return LoadStep::More;
     case 6:
         CountNodes();
@@ -54,6 +54,12 @@ LoadStep SessionOpening::Step()
         Display().ShowLabel(QStringLiteral("Loading Nodes."));
         return LoadStep::Done;
     }
+}
+
+void SessionOpening::ShowValues(std::initializer_list<int> values)
+{
+    for (const int value : values)
+        Display().ShowValue(value);
 }
 
 void SessionOpening::CreateGateway()

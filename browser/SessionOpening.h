@@ -2,6 +2,8 @@
 
 #include "browser/LoadingProcedure.h"
 
+#include <initializer_list>
+
 /// Opens the database at a control's start and reads what the loading of the nodes needs: rights, connection
 /// types, position in the Journal, number of nodes. Leaves Load() set for the first load of the node tree.
 ///
@@ -15,6 +17,7 @@ protected:
     LoadStep Step() override;
 
 private:
+    void ShowValues(std::initializer_list<int> values);
     void CreateGateway();
     void OpenSession();
     void ReadRights();

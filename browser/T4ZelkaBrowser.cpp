@@ -211,6 +211,8 @@ void T4ZelkaBrowser::StartControl()
     m_pagesAnswer = false;
     Browser().ControlInitialized = false;
     m_ui->txtTarget->clear();
+    // An empty box that is cleared tells nothing, and a host may have set a target that it does not show.
+    m_targetText.clear();
     CreateWorkingObjects();
     m_ui->optCon->setChecked(true);
     Model().ConObject->ConTree = m_conTree;

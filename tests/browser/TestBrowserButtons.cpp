@@ -136,6 +136,40 @@ private Q_SLOTS:
         QCOMPARE(f.Buttons(), QStringLiteral("APRS--"));
     }
 
+    void ViewNodes_Switched_JudgesTheSelectedConnectionAnew()
+    {
+        ButtonsFixture f;
+        f.ShowConnections();
+        f.Click("tvwConTree", f.Con(QStringLiteral("Alpha")));
+        QCOMPARE(f.Buttons(), QStringLiteral("APRS--"));
+        f.Find<QCheckBox>("chkViewNodes").setChecked(true);
+        QCOMPARE(f.Buttons(), QStringLiteral("APRS-L"));
+        f.Find<QCheckBox>("chkViewNodes").setChecked(false);
+        QCOMPARE(f.Buttons(), QStringLiteral("APRS--"));
+    }
+
+    void SnmpFamily_ByIdOrName_OffersNoScan_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("scan");
+        QTest::newRow("its id") << QStringLiteral("15\tOTHER") << false;
+        QTest::newRow("its name") << QStringLiteral("0\tmySnmp2") << false;
+        QTest::newRow("neither") << QStringLiteral("0\tT4BUS") << true;
+    }
+    void SnmpFamily_ByIdOrName_OffersNoScan()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const bool, scan);
+        ButtonsFixture f;
+        f.Component.Answer(QStringLiteral("AnalyzeConType"), {type});
+        f.Component.Answer(QStringLiteral("GetConTypeLongName"), {QStringLiteral("Type")});
+        f.Component.Answer(QStringLiteral("GetConTypeWpList"), {QStringLiteral("BUST4\t1")});
+        f.ShowConnections();
+        f.Click("tvwConTree", f.Con(QStringLiteral("Alpha")));
+        QVERIFY(f.Enabled("cmdDatabaseProp"));
+        QCOMPARE(f.Enabled("cmdDbScan"), scan);
+    }
+
     void NothingSelected_AddAndManageStay_ViewNodesDecidesOnManage()
     {
         ButtonsFixture f;
@@ -225,6 +259,11 @@ private Q_SLOTS:
         f.Select(false, false, QStringLiteral("node/North"));
         f.Find<QLineEdit>("txtTarget").clear();
         f.Key("tvwNodesTree", Qt::Key_Shift);
+        QVERIFY(!f.TargetText().isEmpty());
+
+        f.Select(true, false, QStringLiteral("con/Alpha"));
+        f.Find<QLineEdit>("txtTarget").clear();
+        f.Key("tvwConTree", Qt::Key_Shift);
         QVERIFY(!f.TargetText().isEmpty());
     }
 
@@ -374,6 +413,8 @@ private Q_SLOTS:
                 QCOMPARE(bool(f.Find<QWidget>(name).focusPolicy() & Qt::TabFocus), page == 0);
             for (const QByteArray& name : direct)
                 QCOMPARE(bool(f.Find<QWidget>(name).focusPolicy() & Qt::TabFocus), page == 1);
+            const QWidget* nodeTabs = f.Find<QTabWidget>("tabNode").tabBar();
+            QCOMPARE(bool(nodeTabs->focusPolicy() & Qt::TabFocus), page == 1);
         }
     }
 

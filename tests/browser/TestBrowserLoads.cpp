@@ -195,6 +195,7 @@ private Q_SLOTS:
     {
         LoadsFixture f(300);
         QStringList labels;
+        QList<int> openingValues;
         QList<int> values;
         f.Forms.Shown = [&](ProgressForm& form) {
             auto* label = form.findChild<QLabel*>(QStringLiteral("lblLoadLabel1"));
@@ -206,8 +207,7 @@ private Q_SLOTS:
             QObject::connect(bar, &QProgressBar::valueChanged, &form, [&, label, bar](int value) {
                 if (labels.last() != label->text())
                     labels << label->text();
-                if (bar->maximum() == 300)
-                    values << value;
+                (bar->maximum() == 300 ? values : openingValues) << value;
             });
         };
         f.Start();
@@ -216,7 +216,43 @@ private Q_SLOTS:
             QStringList({QStringLiteral("Database loading in progress."), QStringLiteral("Opening Database."),
                          QStringLiteral("Checking security options."),
                          QStringLiteral("Reading journal table."), QStringLiteral("Loading Nodes.")}));
+        QCOMPARE(openingValues, QList<int>({1, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}));
         QCOMPARE(values, QList<int>({1, 101, 201, 300}));
+    }
+
+    void NodeLoad_LimitAndCount_SetTheBarsEnd_data()
+    {
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("end");
+        QTest::newRow("no node") << 5000 << 0 << 2;
+        QTest::newRow("two nodes") << 1 << 2 << 2;
+        QTest::newRow("three nodes") << 5000 << 3 << 3;
+        QTest::newRow("large limit") << 1000 << 7000 << 7000;
+        QTest::newRow("small limit") << 999 << 7000 << 999;
+        QTest::newRow("small limit, fewer nodes") << 999 << 300 << 300;
+    }
+    void NodeLoad_LimitAndCount_SetTheBarsEnd()
+    {
+        QFETCH(const int, limit);
+        QFETCH(const int, count);
+        QFETCH(const int, end);
+        LoadsFixture f(5);
+        f.Start();
+        Load().LoadTree = &f.NodeEntries();
+        Load().LoadAddRoot = true;
+        Load().LoadLimit = limit;
+        Load().NodeCount = count;
+        QPair<int, int> range;
+        f.Forms.Shown = [&](ProgressForm& form) {
+            const auto* bar = form.findChild<QProgressBar*>(QStringLiteral("LoadPrgBar"));
+            QObject::connect(&form, &QDialog::finished, &form, [&range, bar] {
+                range = {bar->minimum(), bar->maximum()};
+            });
+        };
+        frmLoadProgress form;
+        form.exec();
+        QCOMPARE(range, qMakePair(1, end));
     }
 
     // Cancel -----------------------------------------------------------------------------------------------
@@ -388,6 +424,26 @@ private Q_SLOTS:
         QCOMPARE(Browser().Busy, 1); // the form's own
     }
 
+    void NodeLoad_OuterCommitFails_TellsRollsBackAndUnloads()
+    {
+        LoadsFixture f(10);
+        f.Start();
+        Load().LoadTree = &f.NodeEntries();
+        Load().LoadParentNode = 1;
+        // The query's own commit works.
+        int commits = 0;
+        f.Component.BeforeCall = [&](const QString& call) {
+            if (call.startsWith(QLatin1String("CommitTransaction")) && ++commits == 2)
+                f.Component.FailTimes(QStringLiteral("CommitTransaction"), 1);
+        };
+        frmLoadProgress form;
+        form.exec();
+        f.Component.BeforeCall = nullptr;
+        QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>{RecordedBox::Error(CommitFailure)});
+        QVERIFY(!form.isVisible());
+        QCOMPARE(f.Component.Store.Levels(), 0);
+    }
+
     void NodeLoad_NoDatabase_UnloadsAtOnce()
     {
         BrowserFixture f;
@@ -395,6 +451,18 @@ private Q_SLOTS:
         form.exec();
         QCOMPARE(f.Operator.Texts(), QStringList());
         QCOMPARE(f.Component.Calls, QStringList());
+    }
+
+    void LoadMore_InTheNodeView_RestoresTheSelectionsTarget()
+    {
+        LoadsFixture f(5002);
+        f.Start();
+        f.Click("tvwNodesTree", f.NodeEntries().Child(1, 0));
+        const QString target = f.TargetText();
+        QVERIFY(!target.isEmpty());
+        f.Find<QLineEdit>("txtTarget").clear();
+        f.Find<QPushButton>("cmdLoadMore").click();
+        QCOMPARE(f.TargetText(), target);
     }
 
     void LoadMore_Failed_LeavesTheTreeSortedAndExpanded()
@@ -517,7 +585,14 @@ private Q_SLOTS:
         f.Component.Store.MaxRows = 100;
         f.Start();
         f.ShowNodesOfConnections();
+        bool sortedMeanwhile = false;
+        f.Component.BeforeCall = [&](const QString& call) {
+            if (call.startsWith(QLatin1String("GetParentNodesWithIdEx")))
+                sortedMeanwhile = sortedMeanwhile || f.ConEntries().Sorted(f.Alpha());
+        };
         f.DoubleClick("tvwConTree", f.Alpha());
+        f.Component.BeforeCall = nullptr;
+        QVERIFY(!sortedMeanwhile && f.ConEntries().Sorted(f.Alpha()));
         QCOMPARE(f.ConEntries().ChildCount(f.Alpha()), 250);
         QCOMPARE(f.Component.Count(QStringLiteral("GetParentNodesWithIdEx")), 3);
     }
@@ -542,6 +617,25 @@ private Q_SLOTS:
         QCOMPARE(caption, QStringLiteral("Cancel"));
         QCOMPARE(f.ConEntries().ChildCount(empty), 0);
         QVERIFY(!f.Enabled("cmdLoadMore"));
+    }
+
+    void ConNodes_WithRoot_ReplaceTheTree()
+    {
+        LoadsFixture f(3);
+        f.Start();
+        f.ShowNodesOfConnections();
+        Load().LoadTree = &f.ConEntries();
+        Load().LoadParentNode = f.Alpha();
+        Load().LoadAddRoot = true;
+        Load().LoadRootKey = QStringLiteral("Connections");
+        Load().LoadKeySuffix = QStringLiteral("N");
+        frmConNodesProgress form;
+        form.exec();
+        QCOMPARE(f.ConEntries().Count(), 4);
+        QCOMPARE(f.ConEntries().Key(1), QStringLiteral("R,0"));
+        QCOMPARE(f.ConEntries().Text(1), QStringLiteral("Connections"));
+        QCOMPARE(f.ConEntries().ChildCount(1), 3);
+        QVERIFY(f.ConEntries().Sorted(1) && f.ConEntries().Expanded(1));
     }
 
     void LoadMore_ConnectionViewWithoutNodesChosen_LoadsNothing()
@@ -611,6 +705,22 @@ private Q_SLOTS:
         QVERIFY(!f.Find<TreeView>("tvwConTree").isVisible() && f.Find<TreeView>("tvwNodesTree").isVisible());
         f.ShowConnections();
         QCOMPARE(f.Component.Count(QStringLiteral("QueryParentsWithID")), 1);
+    }
+
+    void OptCon_FirstTime_ShowsTheBusyPointerBeforeItAsks()
+    {
+        LoadsFixture f(3);
+        f.Start();
+        QList<bool> pointers;
+        Machine().ShowBusyPointer = [&](bool busy) { pointers << busy; };
+        bool busyBefore = false;
+        f.Component.BeforeCall = [&](const QString&) {
+            busyBefore = !pointers.isEmpty() && pointers.first();
+            f.Component.BeforeCall = nullptr;
+        };
+        f.ShowConnections();
+        QVERIFY(busyBefore);
+        QCOMPARE(pointers.last(), false);
     }
 
     void OptCon_QueryFails_PutsThePointerBackAndTellsNothingOfItsOwn()

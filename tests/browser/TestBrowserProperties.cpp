@@ -3,6 +3,7 @@
 #include "tests/browser/BrowserTestSupport.h"
 #include "tests/support/RecordingPresenter.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -55,6 +56,30 @@ private Q_SLOTS:
         }
         QCOMPARE(control->UserMode(), false);
         QCOMPARE(T4ZelkaBrowser().UserMode(), true);
+    }
+
+    void NewControl_Captions_AreThere()
+    {
+        const auto control = DesignedControl();
+        const QList<std::pair<const char*, QString>> labels = {
+            {"Label2", QStringLiteral("Target:")},     {"Label3", QStringLiteral("Name:")},
+            {"Label1", QStringLiteral("Type:")},       {"lblAddr", QStringLiteral("Address:")},
+            {"lblFeId", QStringLiteral("FE ID:")},     {"lblFeCh", QStringLiteral("FE Channel:")},
+            {"lblRetry", QStringLiteral("Retries:")},  {"lblTime", QStringLiteral("Time-out:")},
+            {"lblUser", QStringLiteral("User Name:")}, {"lblPsw", QStringLiteral("Password:")},
+            {"lblPath", QStringLiteral("Path:")},      {"lblTimeMML", QStringLiteral("Time-out:")},
+            {"lblHost", QStringLiteral("Host:")},      {"lblRetryMML", QStringLiteral("Retries:")},
+            {"Label4", QStringLiteral("Port:")},       {"Label5", QStringLiteral("Community:")},
+            {"Label6", QStringLiteral("Section:")},    {"Label7", QStringLiteral("Station:")}};
+        for (const auto& [name, text] : labels)
+            QCOMPARE(Child<QLabel>(*control, name).text(), text);
+        QCOMPARE(Child<QGroupBox>(*control, "Frame3").title(), QStringLiteral("Target String"));
+        QCOMPARE(Child<QGroupBox>(*control, "Frame1").title(), QStringLiteral("Connection"));
+        QCOMPARE(Child<QGroupBox>(*control, "fraNodeParam").title(), QStringLiteral("Node Parameters"));
+        const QStringList nodePages = {QStringLiteral("NET4"), QStringLiteral("NEMML"),
+                                       QStringLiteral("SNMP Node")};
+        for (int page = 0; page < nodePages.size(); ++page)
+            QCOMPARE(Child<QTabWidget>(*control, "tabNode").tabText(page), nodePages[page]);
     }
 
     void StoredProperties_MetaObject_AllNotify()

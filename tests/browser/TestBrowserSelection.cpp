@@ -1,5 +1,6 @@
 #include "tests/browser/BrowserTestSupport.h"
 
+#include <QTabWidget>
 #include <QTest>
 
 namespace {
@@ -75,6 +76,8 @@ private Q_SLOTS:
     void ClickConnection_Current_ShowsItsReducedTarget()
     {
         SelectionFixture f;
+        f.Control->SetNodeType(QStringLiteral("DEV1"));
+        f.Control->SetCommandLine(QStringLiteral("-port 1"));
         f.ClickConnection("Beta");
         const QString target = QStringLiteral("WP=SOCKET,HOST=gw-2,WP=BUST4,ID=7");
         QCOMPARE(f.TargetText(), target);
@@ -84,6 +87,15 @@ private Q_SLOTS:
         QCOMPARE(f.Control->CommandLine(), QString());
         QCOMPARE(f.Caption(), QStringLiteral("T4 Bus over TCP/IP: Beta"));
         QCOMPARE(f.Picture(), 1);
+    }
+
+    void Click_NameWithBlanksAtItsEnds_GivesTheTrimmedSobriquet()
+    {
+        SelectionFixture f;
+        f.Component.Store.AddConnection(QStringLiteral(" Padded "), AlphaTarget);
+        f.ClickConnection(" Padded ");
+        QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Padded"));
+        QCOMPARE(f.Caption(), QStringLiteral("T4 Bus:  Padded "));
     }
 
     void ClickWaypoint_OfAConnection_ShowsTheWholeConnectionsTarget()
@@ -287,6 +299,37 @@ private Q_SLOTS:
         Q_EMIT f.Find<TreeView>("tvwNodesTree").NodeClick(f.NodeEntries().ModelIndex(f.Node("North")));
         Q_EMIT f.Find<TreeView>("tvwNodesTree").Click();
         QCOMPARE(f.Component.Calls, QStringList());
+
+        f.Find<QRadioButton>("optNodes").setChecked(true);
+        f.Component.TakeCalls();
+        Q_EMIT f.Find<TreeView>("tvwConTree").NodeClick(f.ConEntries().ModelIndex(f.Con("Alpha")));
+        Q_EMIT f.Find<TreeView>("tvwConTree").Click();
+        QCOMPARE(f.Component.Calls, QStringList());
+    }
+
+    void NodeClick_StaleConnection_SkipsTheNextClickAlone()
+    {
+        SelectionFixture f;
+        f.ShowConnections();
+        f.Component.Store.ReplaceParentTarget(QStringLiteral("Alpha"), AlphaTarget);
+        auto& view = f.Find<TreeView>("tvwConTree");
+        Q_EMIT view.NodeClick(f.ConEntries().ModelIndex(f.Con("Alpha")));
+        view.SelectIndex(f.ConEntries().ModelIndex(f.Con("Beta")));
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), QString());
+        Q_EMIT view.Click();
+        QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Beta"));
+    }
+
+    void TurnBackToTheDatabasePage_SelectedNode_ShowsItsTargetAgain()
+    {
+        SelectionFixture f;
+        f.Click("tvwNodesTree", f.Node("North"));
+        const QString target = f.TargetText();
+        f.Find<QTabWidget>("tabMain").setCurrentIndex(1);
+        f.Find<QLineEdit>("txtTarget").clear();
+        f.Find<QTabWidget>("tabMain").setCurrentIndex(0);
+        QCOMPARE(f.TargetText(), target);
     }
 
     // Targets ----------------------------------------------------------------------------------------------
@@ -319,6 +362,11 @@ private Q_SLOTS:
         SelectionFixture f;
         QString target = QStringLiteral("before");
         QVERIFY(!f.Control->GetTarget(target)); // nothing is selected
+        QCOMPARE(target, QString());
+        target = QStringLiteral("before");
+        f.Component.AnswerOnce(QStringLiteral("CheckTargetSyntax"),
+                               {QStringLiteral("rewritten"), QStringLiteral("ERROR")});
+        QVERIFY(!f.Control->GetTarget(target));
         QCOMPARE(target, QString());
         target = QStringLiteral("before");
         f.Component.Fail(QStringLiteral("CheckTargetSyntax"));
@@ -415,6 +463,27 @@ private Q_SLOTS:
         QCOMPARE(f.Control->NodeManagerExists(), exists);
     }
 
+    void NodeManagerExists_NeedsATypeAndAPath_data()
+    {
+        QTest::addColumn<QString>("nodeType");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("both") << QStringLiteral("DEV9") << QStringLiteral("/opt/dev9") << true;
+        QTest::newRow("empty type") << QString() << QStringLiteral("/opt/dev9") << false;
+        QTest::newRow("blank type") << QStringLiteral("  ") << QStringLiteral("/opt/dev9") << false;
+        QTest::newRow("blank path") << QStringLiteral("DEV9") << QStringLiteral("  ") << false;
+    }
+    void NodeManagerExists_NeedsATypeAndAPath()
+    {
+        QFETCH(const QString, nodeType);
+        QFETCH(const QString, path);
+        QFETCH(const bool, exists);
+        SelectionFixture f;
+        f.Component.Answer(QStringLiteral("GetNMAInfo"), {path, QString(), QStringLiteral("1")});
+        f.Control->SetNodeType(nodeType);
+        QCOMPARE(f.Control->NodeManagerExists(), exists);
+    }
+
     void SmallMethods_GiveTheirTexts()
     {
         SelectionFixture f;
@@ -471,6 +540,70 @@ private Q_SLOTS:
         QCOMPARE(f.Control->Sobriquet(), QStringLiteral("Alpha"));
     }
 
+    void DoubleClick_ClosedConnection_DoesNotSkipTheNextClick_data()
+    {
+        QTest::addColumn<bool>("nodes");
+        QTest::newRow("waypoints") << false;
+        QTest::newRow("nodes") << true;
+    }
+    void DoubleClick_ClosedConnection_DoesNotSkipTheNextClick()
+    {
+        QFETCH(const bool, nodes);
+        SelectionFixture f;
+        f.ShowConnections();
+        f.Find<QCheckBox>("chkViewNodes").setChecked(nodes);
+        f.Click("tvwConTree", f.Con("Alpha"));
+        QCOMPARE(f.Enabled("cmdLoadMore"), nodes);
+        Q_EMIT f.Find<TreeView>("tvwConTree").DblClick();
+        // All its nodes are in.
+        QVERIFY(!f.Enabled("cmdLoadMore"));
+        f.Find<QLineEdit>("txtTarget").clear();
+        Q_EMIT f.Find<TreeView>("tvwConTree").Click();
+        QCOMPARE(f.TargetText(), QStringLiteral("WP=BUST4,ID=254"));
+    }
+
+    void DoubleClick_AnyOther_SkipsTheNextClickAlone_data()
+    {
+        QTest::addColumn<bool>("connections");
+        QTest::newRow("connection view") << true;
+        QTest::newRow("node view") << false;
+    }
+    void DoubleClick_AnyOther_SkipsTheNextClickAlone()
+    {
+        QFETCH(const bool, connections);
+        SelectionFixture f;
+        auto& view = f.Find<TreeView>(connections ? "tvwConTree" : "tvwNodesTree");
+        if (connections) {
+            f.OpenConnection("Alpha", true);
+            f.Click("tvwConTree", f.ConNode("North"));
+        } else {
+            f.Click("tvwNodesTree", f.Node("North"));
+        }
+        const QString target = f.TargetText();
+        f.Find<QLineEdit>("txtTarget").clear();
+        Q_EMIT view.DblClick();
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), QString());
+        Q_EMIT view.Click();
+        QCOMPARE(f.TargetText(), target);
+    }
+
+    void ChangeOfView_StartedControl_FocusesTheTree_data()
+    {
+        QTest::addColumn<bool>("started");
+        QTest::newRow("started") << true;
+        QTest::newRow("not yet") << false;
+    }
+    void ChangeOfView_StartedControl_FocusesTheTree()
+    {
+        QFETCH(const bool, started);
+        SelectionFixture f;
+        f.Find<QLineEdit>("txtTarget").setFocus();
+        Browser().ControlInitialized = started;
+        f.ShowConnections();
+        QCOMPARE(f.Control->focusWidget() == &f.Find<TreeView>("tvwConTree"), started);
+    }
+
     void DoubleClick_NodeOrWaypoint_PressesProperties_data()
     {
         QTest::addColumn<QByteArray>("kind");
@@ -497,6 +630,30 @@ private Q_SLOTS:
         else
             f.Click("tvwConTree", f.Con("Beta"));
         QCOMPARE(f.Control->Sobriquet(), kind == "n" ? QStringLiteral("South") : QStringLiteral("Beta"));
+    }
+
+    void DoubleClick_RootWithoutChildren_DoesNothing()
+    {
+        BrowserFixture f;
+        f.StartOnDatabasePage();
+        f.ShowConnections();
+        QCOMPARE(f.ConEntries().Count(), 1);
+        int ran = 0;
+        connect(&f.Find<QPushButton>("cmdDatabaseProp"), &QPushButton::clicked, [&] { ++ran; });
+        f.DoubleClick("tvwConTree", 1);
+        QCOMPARE(ran, 0);
+    }
+
+    void DoubleClick_WaypointBehindTheRoot_RunsPropertiesThoughTheButtonIsDisabled()
+    {
+        SelectionFixture f;
+        f.OpenConnection("Alpha", false);
+        f.Click("tvwConTree", 1);
+        int ran = 0;
+        connect(&f.Find<QPushButton>("cmdDatabaseProp"), &QPushButton::clicked, [&] { ++ran; });
+        f.DoubleClick("tvwConTree", f.ConEntries().Child(f.Con("Alpha"), 0));
+        QVERIFY(!f.Enabled("cmdDatabaseProp"));
+        QCOMPARE(ran, 1);
     }
 };
 

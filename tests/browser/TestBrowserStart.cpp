@@ -67,6 +67,20 @@ private Q_SLOTS:
         QCOMPARE(Browser().Busy, 0);
     }
 
+    void Start_ConnectionTypes_AreOfferedInTheBrowsersOrder()
+    {
+        BrowserFixture f;
+        f.Start();
+        const QList<std::pair<int, int>> picturesOfTypes = {{0, 0},   {1, 1}, {2, 2}, {9, 9},
+                                                            {14, 16}, {6, 6}, {7, 7}};
+        int browserPosition = 0;
+        for (const auto& [type, picture] : picturesOfTypes) {
+            QCOMPARE(Model().ConOrderObject->GetPicIndxByResourcePos(type), picture);
+            QCOMPARE(Model().ConOrderObject->GetPicIndxByBrowserPos(browserPosition++), picture);
+        }
+        QCOMPARE(Model().ConOrderObject->GetPicIndxByResourcePos(3), 14);
+    }
+
     void Start_SharedNames_FallBackWhereTheDatabaseHasNone()
     {
         BrowserFixture f;
@@ -195,6 +209,7 @@ private Q_SLOTS:
         f.Component.Fail(QStringLiteral("OpenDatabase"), number);
         f.Control = std::make_unique<T4ZelkaBrowser>();
         f.Control->SetRefreshTimer(true);
+        f.Find<QTabWidget>("tabNode").setCurrentIndex(2);
         f.Start();
 
         QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>{RecordedBox::Error(text)});
@@ -235,6 +250,32 @@ private Q_SLOTS:
         QCOMPARE(f.Find<QTabWidget>("tabMain").currentIndex(), 1);
         QVERIFY(!f.Find<QTabWidget>("tabMain").isTabEnabled(0));
         QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
+    }
+
+    void TabMain_DatabasePageWithoutDatabaseAndTabIndexZero_IsTakenAwaySilently()
+    {
+        BrowserFixture f;
+        f.Component.Fail(QStringLiteral("OpenDatabase"), DatabaseErrorNumber::SourceMissing);
+        f.Start();
+        f.Operator.Boxes.clear();
+        Browser().BrowserTabIndex = 0;
+        auto& tabMain = f.Find<QTabWidget>("tabMain");
+        tabMain.setTabEnabled(0, true);
+        tabMain.setCurrentIndex(0);
+        QCOMPARE(tabMain.currentIndex(), 1);
+        QVERIFY(!tabMain.isTabEnabled(0));
+        QCOMPARE(f.Operator.Texts(), QStringList());
+    }
+
+    void MousePointer_OfTheDatabase_IsBusyForElevenAlone()
+    {
+        BrowserFixture f;
+        f.Start();
+        QList<bool> pointers;
+        Machine().ShowBusyPointer = [&](bool busy) { pointers << busy; };
+        for (const int pointer : {11, 1, 0, 5})
+            Q_EMIT Database().DbObject->SetMousePointer(pointer);
+        QCOMPARE(pointers, QList<bool>({true, false, false, false}));
     }
 
     void TabMain_DatabasePageWithoutDatabase_IsDenied()
@@ -285,11 +326,75 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         f.Component.TakeCalls();
+        bool initializedMeanwhile = false;
+        f.Component.BeforeCall = [&](const QString& call) {
+            if (call.startsWith(QLatin1String("OpenDatabase")))
+                initializedMeanwhile = Browser().ControlInitialized;
+        };
         f.Control->UserControl_InitProperties();
+        f.Component.BeforeCall = nullptr;
+        QVERIFY(!initializedMeanwhile);
         QCOMPARE(f.Methods().mid(0, 2),
                  QStringList({QStringLiteral("CloseDatabase"), QStringLiteral("OpenDatabase")}));
         QVERIFY(Database().DatabaseOpen);
         QCOMPARE(f.NodeEntries().Count(), 1);
+    }
+
+    void InitProperties_NotShownYet_StandsAtTheRootOfTheConnectionView()
+    {
+        BrowserFixture f;
+        f.AddNodes(QStringLiteral("Alpha"), 3);
+        f.Control = std::make_unique<T4ZelkaBrowser>();
+        f.Control->UserControl_InitProperties();
+        QVERIFY(f.Find<QRadioButton>("optCon").isChecked());
+        QVERIFY(Model().ConObject->optCon);
+        QCOMPARE(f.ConEntries().Count(), 0);
+        QVERIFY(f.Enabled("cmdDatabaseAdd"));
+        for (const char* button :
+             {"cmdDatabaseProp", "cmdDatabaseRemove", "cmdDbScan", "cmdDatabaseManage", "cmdLoadMore"})
+            QVERIFY2(!f.Enabled(button), button);
+        QCOMPARE(f.Picture(), 14);
+    }
+
+    void InitProperties_TargetThatTheHostSet_IsForgotten()
+    {
+        BrowserFixture f;
+        f.Start();
+        QVERIFY(f.Control->SetTarget(AlphaTarget));
+        f.Control->UserControl_InitProperties();
+        QString target = QStringLiteral("before");
+        QVERIFY(!f.Control->GetTarget(target));
+        QCOMPARE(target, QString());
+    }
+
+    void Methods_BeforeTheStart_GiveFalse()
+    {
+        BrowserFixture f;
+        f.Control = std::make_unique<T4ZelkaBrowser>();
+        QString target = QStringLiteral("before");
+        QVERIFY(!f.Control->GetTarget(target));
+        QVERIFY(!f.Control->SetTarget(AlphaTarget));
+        QVERIFY(!f.Control->GetSobriquetTarget(QStringLiteral("North"), target));
+        QVERIFY(!f.Control->NodeManagerExists());
+        f.Control->InitializeDirectTab();
+        f.Control->FreeObjects();
+        QCOMPARE(target, QStringLiteral("before"));
+        QCOMPARE(f.Operator.Texts(), QStringList());
+        QCOMPARE(f.Component.Created, 0);
+    }
+
+    void InitProperties_BehindADoubleClick_SkipsNoClick()
+    {
+        BrowserFixture f;
+        f.Component.Store.AddConnection(QStringLiteral("Alpha"), AlphaTarget);
+        f.AddNodes(QStringLiteral("Alpha"), 1);
+        f.StartOnDatabasePage();
+        auto& view = f.Find<TreeView>("tvwNodesTree");
+        Q_EMIT view.DblClick();
+        f.Control->UserControl_InitProperties();
+        view.SelectIndex(f.NodeEntries().ModelIndex(f.NodeEntries().Child(1, 0)));
+        f.Find<QRadioButton>("optNodes").setChecked(true);
+        QVERIFY(!f.TargetText().isEmpty());
     }
 
     void SecondControl_InTheProcess_UsesTheOpenDatabase()
@@ -314,8 +419,12 @@ private Q_SLOTS:
     {
         BrowserFixture f;
         f.StartOnDatabasePage();
+        Load().LoadTree = &f.NodeEntries();
+        Load().LoadParentNode = 1;
         f.Control->FreeObjects();
         QCOMPARE(f.Methods(), QStringList{QStringLiteral("CloseDatabase")});
+        QVERIFY(!Load().LoadTree);
+        QCOMPARE(Load().LoadParentNode, 0);
         QVERIFY(!Database().DatabaseOpen && !Database().DbObject && !Model().Database);
         QVERIFY(Model().ConObject);
 
@@ -350,11 +459,12 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         Model().ConObject->ConTree = &f.ConEntries();
+        Model().ConObject->NodesTree = &f.NodeEntries();
         Load().LoadTree = &f.NodeEntries();
         f.Component.TakeCalls();
         f.Control.reset();
         QCOMPARE(f.Methods(), QStringList{QStringLiteral("CloseDatabase")});
-        QVERIFY(!Model().ConObject->ConTree);
+        QVERIFY(!Model().ConObject->ConTree && !Model().ConObject->NodesTree);
         QVERIFY(!Load().LoadTree);
     }
 

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void SetTargetString_NoDatabase_LeavesTargetEmpty();
     void SetTargetStringForBusScanning_Waypoints_AreComposed_data();
     void SetTargetStringForBusScanning_Waypoints_AreComposed();
+    void SetTargetStringForBusScanning_NameWithBlanks_IsThatHopToo();
     void SetTargetStringForBusScanning_CheckFails_LeavesTargetEmpty();
     void SetTargetWithoutDefaults_Waypoints_AreComposed_data();
     void SetTargetWithoutDefaults_Waypoints_AreComposed();
@@ -202,6 +203,19 @@ void TestConDataTargets::SetTargetStringForBusScanning_Waypoints_AreComposed()
 
     QCOMPARE(con.TargetString, target);
     QCOMPARE(database.Calls, QStringList{QStringLiteral("CheckTargetSyntaxDb(%1,0)").arg(target)});
+}
+
+void TestConDataTargets::SetTargetStringForBusScanning_NameWithBlanks_IsThatHopToo()
+{
+    ScriptedModelDatabase database;
+    ConData con;
+    FillWaypoints(con, {"BUST4 1 ID=254", "OPT 0 PR=T4DT VERIFY=NO"});
+    con.SetConWpName(1, " BUST4 ");
+    con.ConWpCount = 2;
+
+    QVERIFY(con.SetTargetStringForBusScanning());
+
+    QCOMPARE(con.TargetString, "WP=OPT,PR=T4DT,VERIFY=NO");
 }
 
 void TestConDataTargets::SetTargetStringForBusScanning_CheckFails_LeavesTargetEmpty()
