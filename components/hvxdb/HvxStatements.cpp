@@ -1,5 +1,7 @@
 #include "components/hvxdb/HvxStatements.h"
 
+#include <QStringList>
+
 namespace {
 
 const QString OfConnection =
