@@ -52,33 +52,20 @@ bool IsFarFromDefault(const WpData& table, int row)
     return !value.isEmpty() && value.compare(table.GetWpParam(row, DefaultColumn), Qt::CaseInsensitive) != 0;
 }
 
-/// Appends a hop with the values that differ from their defaults. False: there is none, nothing was appended.
-bool AppendReducedHop(QString& target, const ConData& con, int waypoint)
+bool HasValue(const WpData& table, int row)
 {
-    const WpData& table = con.GetWpData(waypoint);
-    bool written = false;
-    for (int row = 1; row <= table.WpParamCount(); ++row) {
-        if (!IsFarFromDefault(table, row))
-            continue;
-        if (!written) {
-            if (waypoint > 1)
-                target.append(u',');
-            AppendHop(target, con.GetConWpName(waypoint));
-            written = true;
-        }
-        target.append(u',');
-        AppendParameter(target, table, row);
-    }
-    return written;
+    return !table.GetWpParam(row, ValueColumn).isEmpty();
 }
 
-/// Full form of one hop, with its comma in front unless it is the first. False: it has no values.
-bool AppendFullHop(QString& target, const ConData& con, int waypoint, bool firstHop)
+/// Appends a hop with the rows that `isWritten` picks, a comma in front unless it is the first. False: it
+/// picks none, nothing was appended.
+template <typename IsWritten>
+bool AppendHopWithRows(QString& target, const ConData& con, int waypoint, bool firstHop, IsWritten isWritten)
 {
     const WpData& table = con.GetWpData(waypoint);
     bool written = false;
     for (int row = 1; row <= table.WpParamCount(); ++row) {
-        if (table.GetWpParam(row, ValueColumn).isEmpty())
+        if (!isWritten(table, row))
             continue;
         if (!written) {
             if (!firstHop)
@@ -90,6 +77,18 @@ bool AppendFullHop(QString& target, const ConData& con, int waypoint, bool first
         AppendParameter(target, table, row);
     }
     return written;
+}
+
+/// The values that differ from their defaults.
+bool AppendReducedHop(QString& target, const ConData& con, int waypoint)
+{
+    return AppendHopWithRows(target, con, waypoint, waypoint == 1, IsFarFromDefault);
+}
+
+/// All values.
+bool AppendFullHop(QString& target, const ConData& con, int waypoint, bool firstHop)
+{
+    return AppendHopWithRows(target, con, waypoint, firstHop, HasValue);
 }
 
 /// Parameters of a hop for bus discovery. A VERIFY row is left out but its comma stays: behind "PR=T4DT," the
