@@ -1,7 +1,7 @@
 // The node view of a million nodes, loaded to the end with Load More, beside the bare read and sort of the
 // same rows; what a loaded entry holds in memory.
 
-#include "bench/BareDatabase.h"
+#include "bench/BareRows.h"
 #include "bench/BenchSupport.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "components/hvxdb/HvxAdministration.h"
@@ -13,38 +13,10 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace {
-
-struct BareRow
-{
-    QString name;
-    qint32 id;
-};
-
-std::vector<BareRow> ReadBareRows(const QString& file)
-{
-    BareDatabase database(file);
-    sqlite3_stmt* statement = database.Prepare("SELECT name, id FROM node ORDER BY id");
-    std::vector<BareRow> rows;
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        rows.push_back({ColumnText(statement, 0), sqlite3_column_int(statement, 1)});
-    sqlite3_finalize(statement);
-    return rows;
-}
-
-void SortBareRows(std::vector<BareRow>& rows)
-{
-    std::sort(rows.begin(), rows.end(), [](const BareRow& left, const BareRow& right) {
-        if (const int order = left.name.compare(right.name, Qt::CaseInsensitive))
-            return order < 0;
-        if (const int order = left.name.compare(right.name))
-            return order < 0;
-        return left.id < right.id;
-    });
-}
 
 /// Loads everything as an operator would; gives the bytes of the entries.
 qint64 LoadNodeView(int& loaded)
@@ -76,7 +48,8 @@ int main(int argc, char** argv)
     const Bench::Sides sides = Bench::Compare(
         2, [&] { bytes = LoadNodeView(loaded); },
         [&] {
-            rows = ReadBareRows(file);
+            BareDatabase database(file);
+            rows = ReadBareRows(database, 0, std::numeric_limits<int>::max());
             SortBareRows(rows);
         });
     if (loaded != int(rows.size())) {

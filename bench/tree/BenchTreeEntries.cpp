@@ -1,7 +1,7 @@
 // A million entries without a window: loading in batches beside the bare read and sort of the same rows,
 // memory of an entry by its own count and by the allocator's, and single changes at two sizes.
 
-#include "bench/BareDatabase.h"
+#include "bench/BareRows.h"
 #include "bench/BenchSupport.h"
 #include "model/TreeEntries.h"
 
@@ -19,12 +19,6 @@ namespace {
 
 constexpr int Nodes = 1000000;
 constexpr int Batch = 32000;
-
-struct BareRow
-{
-    QString name;
-    qint32 id;
-};
 
 /// Nodes with names of 12 characters; shuffled: in no relation to their ids.
 void MakeDatabase(const QString& file, bool shuffled)
@@ -51,29 +45,11 @@ void MakeDatabase(const QString& file, bool shuffled)
     database.Execute("COMMIT");
 }
 
-std::vector<BareRow> ReadRows(BareDatabase& database, int after, int limit)
-{
-    sqlite3_stmt* statement = database.Prepare("SELECT name, id FROM node WHERE id > ? ORDER BY id LIMIT ?");
-    sqlite3_bind_int(statement, 1, after);
-    sqlite3_bind_int(statement, 2, limit);
-    std::vector<BareRow> rows;
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        rows.push_back({ColumnText(statement, 0), sqlite3_column_int(statement, 1)});
-    sqlite3_finalize(statement);
-    return rows;
-}
-
 void ReadAndSort(const QString& file)
 {
     BareDatabase database(file);
-    std::vector<BareRow> rows = ReadRows(database, 0, Nodes);
-    std::sort(rows.begin(), rows.end(), [](const BareRow& left, const BareRow& right) {
-        if (const int order = left.name.compare(right.name, Qt::CaseInsensitive))
-            return order < 0;
-        if (const int order = left.name.compare(right.name))
-            return order < 0;
-        return left.id < right.id;
-    });
+    std::vector<BareRow> rows = ReadBareRows(database, 0, Nodes);
+    SortBareRows(rows);
 }
 
 std::unique_ptr<TreeEntries> LoadTree(const QString& file)
@@ -84,7 +60,7 @@ std::unique_ptr<TreeEntries> LoadTree(const QString& file)
     BareDatabase database(file);
     int last = 0;
     for (;;) {
-        const std::vector<BareRow> rows = ReadRows(database, last, Batch);
+        const std::vector<BareRow> rows = ReadBareRows(database, last, Batch);
         if (rows.empty())
             return entries;
         last = rows.back().id;
