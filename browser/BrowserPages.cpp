@@ -1,14 +1,14 @@
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
-#include "browser/Gateway.h"
-#include "browser/HelpHook.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
+#include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/ItemList.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
+#include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 
 #include <QKeyEvent>
@@ -28,12 +28,6 @@ constexpr int ShiftDown = 1;
 
 const QString DatabaseTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DatabaseTab1");
 const QString DirectTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DirectTab1");
-
-void ShowTopic(const QString& topic)
-{
-    if (Help().ShowHelpTopic)
-        Help().ShowHelpTopic(topic);
-}
 
 void SetTabStop(QWidget* widget, bool flag)
 {
@@ -139,7 +133,7 @@ bool T4ZelkaBrowser::tabMain_KeyDown(int keyCode, int shift)
 void T4ZelkaBrowser::tabMain_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
-        ShowTopic(m_ui->tabMain->currentIndex() == DatabasePage ? DatabaseTopic : DirectTopic);
+        ShowHelpTopic(m_ui->tabMain->currentIndex() == DatabasePage ? DatabaseTopic : DirectTopic);
 }
 
 bool T4ZelkaBrowser::tabNode_KeyDown(int keyCode, int shift)
@@ -159,7 +153,7 @@ bool T4ZelkaBrowser::tabNode_KeyDown(int keyCode, int shift)
 void T4ZelkaBrowser::tabNode_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
-        ShowTopic(DirectTopic);
+        ShowHelpTopic(DirectTopic);
 }
 
 bool T4ZelkaBrowser::cmdScan_KeyPress(int keyCode, int shift)
@@ -172,17 +166,17 @@ bool T4ZelkaBrowser::cmdScan_KeyPress(int keyCode, int shift)
 
 void T4ZelkaBrowser::cmdDatabaseHelp_Click()
 {
-    ShowTopic(DatabaseTopic);
+    ShowHelpTopic(DatabaseTopic);
 }
 
 void T4ZelkaBrowser::cmdDirectHelp_Click()
 {
-    ShowTopic(DirectTopic);
+    ShowHelpTopic(DirectTopic);
 }
 
 void T4ZelkaBrowser::ShowTreeHelp()
 {
-    ShowTopic(DatabaseTopic);
+    ShowHelpTopic(DatabaseTopic);
 }
 
 // Contents --------------------------------------------------------------------------------------------------

@@ -1,6 +1,6 @@
-#include "browser/Gateway.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
+#include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"

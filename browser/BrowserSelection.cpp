@@ -1,7 +1,7 @@
 #include "browser/BrowserState.h"
-#include "browser/Gateway.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
+#include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"

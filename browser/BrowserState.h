@@ -1,17 +1,10 @@
 #pragma once
 
-#include <QIcon>
-
-#include <array>
-
 /// The module-level state of the control itself: one instance in the process, shared by all controls.
 struct BrowserState
 {
     /// A start of a control has come to its end.
     bool ControlInitialized = false;
-    /// Pictures of the connection types for the dialogs, by picture index; filled at a control's start,
-    /// emptied when it is hidden.
-    std::array<QIcon, 20> ConPictures;
     bool DirectNodeTabEnabled = false;
     /// Page that a control opens with: 1 the direct one, any other the database.
     int BrowserTabIndex = 1;

@@ -1,5 +1,4 @@
 #include "browser/BrowserState.h"
-#include "browser/Gateway.h"
 #include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
@@ -7,6 +6,7 @@
 #include "browser/frmLoadProgress.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
+#include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"

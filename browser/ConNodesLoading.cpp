@@ -1,8 +1,8 @@
 #include "browser/ConNodesLoading.h"
 
-#include "browser/Gateway.h"
 #include "browser/LoadState.h"
 #include "database/DatabaseError.h"
+#include "database/Gateway.h"
 #include "model/TreeFilling.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "browser/ConnectionNames.h"
 
-#include "browser/Gateway.h"
+#include "database/Gateway.h"
 #include "model/TreeFilling.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "browser/LoadingProcedure.h"
 
-#include "browser/Gateway.h"
 #include "database/DatabaseError.h"
+#include "database/Gateway.h"
 #include "platform/MsgBox.h"
 
 #include <exception>

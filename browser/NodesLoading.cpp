@@ -1,7 +1,7 @@
 #include "browser/NodesLoading.h"
 
-#include "browser/Gateway.h"
 #include "browser/LoadState.h"
+#include "database/Gateway.h"
 
 namespace {
 

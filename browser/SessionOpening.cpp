@@ -1,8 +1,8 @@
 #include "browser/SessionOpening.h"
 
-#include "browser/Gateway.h"
 #include "browser/LoadState.h"
 #include "database/DatabaseState.h"
+#include "database/Gateway.h"
 #include "model/ModelState.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"

@@ -2,17 +2,18 @@
 
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
-#include "browser/Gateway.h"
-#include "browser/HelpHook.h"
 #include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
 #include "browser/frmLoadProgress.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
+#include "database/Gateway.h"
 #include "database/ReadBracket.h"
+#include "dialogs/DialogState.h"
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
 #include "platform/ComponentError.h"
+#include "platform/HelpHook.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 
@@ -165,7 +166,7 @@ void T4ZelkaBrowser::UserControl_Show()
 void T4ZelkaBrowser::UserControl_Hide()
 {
     for (int index = 0; index < ConnectionPictureCount; ++index)
-        Browser().ConPictures[static_cast<std::size_t>(index)] = QIcon();
+        Dialogs().ConPictures[static_cast<std::size_t>(index)] = QIcon();
 }
 
 void T4ZelkaBrowser::UserControl_Terminate()
@@ -238,7 +239,7 @@ void T4ZelkaBrowser::StartControl()
     QCoreApplication::instance()->setProperty("HelpFile", HelpFilePath());
     ReadSharedNames();
     for (int index = 0; index < ConnectionPictureCount; ++index)
-        Browser().ConPictures[static_cast<std::size_t>(index)] = ConnectionPicture(index);
+        Dialogs().ConPictures[static_cast<std::size_t>(index)] = ConnectionPicture(index);
 
     m_pagesAnswer = true;
     if (!Database().DatabaseOpen)

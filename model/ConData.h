@@ -100,6 +100,16 @@ public:
     bool GetWpParamByName(const QString& longName, QString& value) const;
     bool SetWpParamByName(const QString& longName, const QString& value);
 
+    // Parameters that hold for the whole connection (ConDataShared.cpp)
+    // ---------------------------------------
+
+    /// Spreads the value where the long name is one of Model().TimeRetryNames.
+    void UpdateSharedParameterValues(int editedWaypoint, int waypointCount, const QString& longName,
+                                     const QString& value);
+    /// Columns 2 and 3 of the rows with that long name (ignoring case) in all other waypoints := value.
+    void UpdateOtherWaypoints(int editedWaypoint, int waypointCount, const QString& longName,
+                              const QString& value);
+
     // Loading from the database (ConDataLoading.cpp) --------------------------------------------------------
 
     /// Empty tables of a connection type.

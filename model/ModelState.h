@@ -5,6 +5,7 @@
 #include "model/ModelDatabase.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 /// The module-level state of the connection model: one instance in the process, shared by all controls.
@@ -20,6 +21,8 @@ struct ModelState
     std::unique_ptr<ConOrderClass> ConOrderObject;
     /// The open gateway; not owned. Null: every look-up fails.
     ModelDatabase* Database = nullptr;
+    /// Selects an entry in the view that shows the tree, as the control offers it; empty without one.
+    std::function<void(TreeEntries& tree, TreeEntries::Index entry)> SelectTreeEntry;
     /// Long names of the parameters TIME and RETRY, which hold for a whole connection.
     std::array<QString, 2> TimeRetryNames;
 };

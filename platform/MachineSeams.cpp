@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QProcess>
 #include <QThread>
 
 #include <pwd.h>
@@ -28,6 +29,9 @@ MachineSeams Defaults()
     seams.ShowBusyPointer = [](bool) {};
     seams.Beep = [] {};
     seams.UserName = LoginName;
+    seams.StartProgram = [](const QString& program, const QStringList& arguments) {
+        return QProcess::startDetached(program, arguments);
+    };
     return seams;
 }
 

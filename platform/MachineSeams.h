@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -22,6 +23,9 @@ struct MachineSeams
     std::function<void()> Beep;
     /// Name under which the operator is logged in; the key of the rights.
     std::function<QString()> UserName;
+    /// Starts a program that goes on by itself, each argument as one, without a shell. False: it cannot be
+    /// started.
+    std::function<bool(const QString& program, const QStringList& arguments)> StartProgram;
 };
 
 /// The seams in force.

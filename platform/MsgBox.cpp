@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -38,6 +39,27 @@ std::function<void()>& Observer()
     return observer;
 }
 
+struct HeldBox
+{
+    QString text;
+    int flags;
+    QString title;
+};
+
+/// Scopes that hold boxes back, and what they hold.
+int holders = 0;
+
+std::vector<HeldBox>& Held()
+{
+    static std::vector<HeldBox> boxes;
+    return boxes;
+}
+
+bool OnlyTells(int flags)
+{
+    return (flags & BoxFlags::ButtonMask) == BoxFlags::Plain;
+}
+
 /// Runs a copy, since the procedure may replace itself.
 void TellObserver()
 {
@@ -45,7 +67,33 @@ void TellObserver()
         observer();
 }
 
+void ShowHeldBoxes()
+{
+    const std::vector<HeldBox> boxes = std::exchange(Held(), {});
+    for (const HeldBox& box : boxes) {
+        TellObserver();
+        current->ShowMsgBox(box.text, box.flags, box.title);
+    }
+}
+
 } // namespace
+
+HeldBoxes::HeldBoxes()
+{
+    ++holders;
+}
+
+HeldBoxes::~HeldBoxes()
+{
+    if (--holders == 0)
+        ShowHeldBoxes();
+}
+
+void HeldBoxes::Show()
+{
+    if (holders == 1)
+        ShowHeldBoxes();
+}
 
 BoxPresenter* SetBoxPresenter(BoxPresenter* presenter)
 {
@@ -61,12 +109,19 @@ std::function<void()> SetBoxObserver(std::function<void()> observer)
 
 BoxAnswer MsgBox(const QString& text, int flags, const QString& title)
 {
+    const QString shownTitle = title.isEmpty() ? ApplicationTitle() : title;
+    if (holders > 0 && OnlyTells(flags)) {
+        Held().push_back({text, flags, shownTitle});
+        return BoxAnswer::Ok;
+    }
+    ShowHeldBoxes();
     TellObserver();
-    return current->ShowMsgBox(text, flags, title.isEmpty() ? ApplicationTitle() : title);
+    return current->ShowMsgBox(text, flags, shownTitle);
 }
 
 bool InputBox(const QString& prompt, const QString& title, QString& value)
 {
+    ShowHeldBoxes();
     TellObserver();
     return current->ShowInputBox(prompt, title.isEmpty() ? ApplicationTitle() : title, value);
 }

@@ -57,6 +57,21 @@ BoxAnswer MsgBox(const QString& text, int flags = BoxFlags::Plain, const QString
 /// Asks for a line of text. False: Cancel, `value` as it was.
 bool InputBox(const QString& prompt, const QString& title, QString& value);
 
+/// Keeps back the boxes that only tell something, so that none stands open while it lives, for example while
+/// a transaction is open. They are shown, in order, by Show, when it ends, or before a box that asks. Scopes
+/// may nest: only the outermost shows.
+class HeldBoxes
+{
+public:
+    HeldBoxes();
+    ~HeldBoxes();
+    HeldBoxes(const HeldBoxes&) = delete;
+    HeldBoxes& operator=(const HeldBoxes&) = delete;
+
+    /// Shows what was kept back; later boxes are kept back again.
+    void Show();
+};
+
 /// The application's title, which boxes without a title of their own carry.
 QString ApplicationTitle();
 

@@ -1,5 +1,6 @@
 #include "browser/ConnectionPictures.h"
 #include "browser/IntervalTimer.h"
+#include "dialogs/DialogState.h"
 #include "tests/browser/BrowserTestSupport.h"
 
 #include <QLabel>
@@ -104,14 +105,14 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         for (int index = 0; index < ConnectionPictureCount; ++index)
-            QVERIFY(!Browser().ConPictures[static_cast<std::size_t>(index)].isNull());
-        QVERIFY(Browser().ConPictures[17].isNull());
+            QVERIFY(!Dialogs().ConPictures[static_cast<std::size_t>(index)].isNull());
+        QVERIFY(Dialogs().ConPictures[17].isNull());
         QVERIFY(!f.Find<QLabel>("imgConArray").pixmap().isNull());
 
         f.Control->hide();
-        QVERIFY(Browser().ConPictures[0].isNull());
+        QVERIFY(Dialogs().ConPictures[0].isNull());
         f.Control->show();
-        QVERIFY(Browser().ConPictures[0].isNull());
+        QVERIFY(Dialogs().ConPictures[0].isNull());
     }
 
     void Start_Timer_RunsAfterwardsIfItIsOn_data()

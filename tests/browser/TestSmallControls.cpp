@@ -1,6 +1,6 @@
 #include "browser/CaptionFrame.h"
 #include "browser/IntervalTimer.h"
-#include "browser/UpDown.h"
+#include "platform/controls/UpDown.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>

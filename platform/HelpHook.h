@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// How the control reaches the online help; empty as long as the program has none.
+/// How the control and its dialogs reach the online help; empty as long as the program has none.
 struct HelpHook
 {
     /// Shows a topic such as "Zelka_Connection_Tool_Overview.htm#DatabaseTab1".
@@ -15,3 +15,6 @@ struct HelpHook
 
 /// The hook in force.
 HelpHook& Help();
+
+/// Shows a topic where there is a help to show it.
+void ShowHelpTopic(const QString& topic);

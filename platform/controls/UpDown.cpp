@@ -1,4 +1,4 @@
-#include "browser/UpDown.h"
+#include "platform/controls/UpDown.h"
 
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,7 +16,13 @@ UpDown::UpDown(QWidget* parent) : QWidget(parent)
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
         button->setFixedWidth(18);
         button->setAccessibleName(name);
-        connect(button, &QToolButton::clicked, this, [this, by] { Step(by); });
+        connect(button, &QToolButton::clicked, this, [this, by] {
+            Step(by);
+            if (by > 0)
+                Q_EMIT UpClick();
+            else
+                Q_EMIT DownClick();
+        });
         layout->addWidget(button, 1);
     };
     addButton(Qt::UpArrow, tr("Up"), 1);

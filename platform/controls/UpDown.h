@@ -4,7 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// A pair of small arrow buttons that step the number in a text box.
+/// A pair of small arrow buttons. With a buddy they step the number in its text box; the signals tell each
+/// press whether there is one or not.
 class UpDown : public QWidget
 {
     Q_OBJECT
@@ -16,6 +17,10 @@ public:
     void SetBuddy(QLineEdit* field, int low, int high);
 
     [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void UpClick();
+    void DownClick();
 
 private:
     void Step(int by);

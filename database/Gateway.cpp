@@ -1,4 +1,4 @@
-#include "browser/Gateway.h"
+#include "database/Gateway.h"
 
 #include "database/DatabaseState.h"
 

@@ -1,7 +1,0 @@
-#include "browser/HelpHook.h"
-
-HelpHook& Help()
-{
-    static HelpHook hook;
-    return hook;
-}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "model/TreePatches.h"
+#include "platform/MsgBox.h"
+
+#include <QString>
+
+#include <functional>
+#include <initializer_list>
+
+/// One transaction of a command or of a dialog's save, together with what it does to the trees.
+///
+/// Run performs `work` and is False when it did not come to its end: a failure has then been told and rolled
+/// back, the trees are as they were. Boxes that only tell something wait until the transaction has ended, so
+/// that the database is not held while the operator reads; one that asks may only be shown after Rollback.
+/// Thread: the control's.
+class UnitOfWork
+{
+public:
+    /// Trees that the work may patch; null ones are left out.
+    explicit UnitOfWork(std::initializer_list<TreeEntries*> trees);
+
+    /// `work` uses the procedures below and returns when all is done, which includes its Commit.
+    bool Run(const std::function<void(UnitOfWork& unit)>& work);
+
+    /// Begins the transaction. Refused: the operator is told, and the work ends.
+    void Begin();
+    /// Commits and keeps the trees' patches. A failure is told, and the work ends.
+    void Commit();
+    /// Commits whatever was done, without a word of a failure, before the work is given up.
+    void CommitBeforeRefusal();
+    /// Rolls back and undoes the trees' patches.
+    void Rollback();
+
+    /// Rolls back, shows the box and ends the work.
+    [[noreturn]] void Refuse(const QString& text, int flags = BoxFlags::Plain,
+                             const QString& title = QString());
+    /// The same without a rollback of its own, for what has been rolled back or committed.
+    [[noreturn]] static void RefuseEnded(const QString& text);
+    /// Ends the work; the operator has been told.
+    [[noreturn]] static void GiveUp();
+    /// Ends the work with the report that a database operation failed.
+    [[noreturn]] static void Fail();
+
+private:
+    bool m_transactionOpen = false;
+    TreePatches m_patches;
+};

@@ -1,0 +1,6 @@
+#include "platform/controls/FlexGrid.h"
+
+FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent)
+{
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
