@@ -1,0 +1,9 @@
+#include "browser/DialogOpening.h"
+
+DialogOpening::DialogOpening() = default;
+
+DialogOpening& Opening()
+{
+    static DialogOpening opening;
+    return opening;
+}
