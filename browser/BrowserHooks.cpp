@@ -1,6 +1,7 @@
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
 #include "browser/T4ZelkaBrowser.h"
+#include "browser/frmMngrInfo.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "dialogs/DialogState.h"
 #include "model/ModelState.h"
@@ -21,6 +22,13 @@ void T4ZelkaBrowser::OfferHooks()
             control->SelectTreeEntry(*control->m_ui->tvwNodesTree, entry);
     };
     Dialogs().PictureOfType = ConnectionPicture;
+    Dialogs().ShowManagerInfo = [](QWidget* parent) {
+        if (!Model().ConObject)
+            return;
+        const QPointer<frmMngrInfo> form(new frmMngrInfo(*Model().ConObject, parent));
+        form->exec();
+        delete form;
+    };
 }
 
 void T4ZelkaBrowser::WithdrawHooks()

@@ -1,6 +1,23 @@
 #include "browser/DialogOpening.h"
 
-DialogOpening::DialogOpening() = default;
+#include "dialogs/frmDatabaseConProp.h"
+
+#include <QPointer>
+
+namespace {
+
+/// The host may destroy the control, and the form with it, while it stands open.
+template <typename Form>
+void ShowForm(ConData& con, QWidget* parent)
+{
+    const QPointer<Form> form(new Form(con, parent));
+    form->exec();
+    delete form;
+}
+
+} // namespace
+
+DialogOpening::DialogOpening() : ConnectionProperties(ShowForm<frmDatabaseConProp>) {}
 
 DialogOpening& Opening()
 {
