@@ -54,6 +54,7 @@ private:
     int m_callCount = 0;
     QStringList m_recordsBefore;
     QStringList m_recordsAfter;
+    QStringList m_recordsWithoutManager;
     QStringList m_flagsBefore;
     QStringList m_flagsAfter;
     QStringList m_treesBefore;
