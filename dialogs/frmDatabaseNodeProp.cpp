@@ -102,6 +102,7 @@ void frmDatabaseNodeProp::Form_Load()
     FillClasses(ShowConnectionType());
     m_ui->lstWPlist->setCurrentRow(0);
     m_ui->cmdSave->setEnabled(Database().EditRight);
+    m_ui->grdNodeParam->SetReadOnly(!Database().EditRight);
 }
 
 void frmDatabaseNodeProp::FillConnections()

@@ -2,6 +2,7 @@
 #include "database/Gateway.h"
 #include "dialogs/DialogState.h"
 #include "dialogs/GridEdit.h"
+#include "dialogs/GridEditors.h"
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
 #include "model/ConData.h"
@@ -117,9 +118,7 @@ bool frmDatabaseNodeProp::LoadClass(const QString& longName)
 
 void frmDatabaseNodeProp::ClearGrid()
 {
-    m_ui->txtGridEdit->hide();
-    m_ui->cboGridEdit->hide();
-    m_ui->spnGridEdit->hide();
+    GridCloseEditors();
     ParameterGrid& grid = GridParameters();
     grid.SetPassword(0, QString());
     for (int row = 1; row <= NodeGridRows; ++row) {
@@ -165,8 +164,7 @@ void frmDatabaseNodeProp::ShowPage(int waypoint)
     FillWpGrid(GridParameters(), m_con, title, m_rowCount);
     m_ui->lblParameterHeader->setText(DoubleAnyChar(title, QStringLiteral("&")));
     GridEditState& state = GridEdit();
-    // Without the right to edit no row opens an editor.
-    state.GridLastRow = Database().EditRight ? m_rowCount : 0;
+    state.GridLastRow = m_rowCount;
     state.GridValueCol = ParameterGrid::ValueColumn;
     state.GridWpName = m_con.GetConWpName(waypoint);
     state.GridWpData = &m_con.GetWpData(waypoint);

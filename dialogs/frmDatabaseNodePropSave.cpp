@@ -62,7 +62,8 @@ void frmDatabaseNodeProp::cmdSave_Click()
 #endif
         return;
     }
-    GridCommitEdit();
+    if (!GridCommitEdit())
+        return;
     if (IsReservedNodeName(m_ui->txtNodeName->text())) {
         MsgBox(QStringLiteral("'New Node' cannot be used as a node name, give a new name."));
         return;
