@@ -43,10 +43,11 @@ void UnitOfWork::CommitBeforeRefusal()
         m_patches.Keep();
 }
 
-void UnitOfWork::Rollback()
+bool UnitOfWork::Rollback()
 {
-    Gateway().RollbackTransactionDb();
+    const bool done = Gateway().RollbackTransactionDb();
     m_patches.Undo();
+    return done;
 }
 
 void UnitOfWork::Refuse(const QString& text, int flags, const QString& title)

@@ -29,8 +29,9 @@ public:
     void Commit();
     /// Commits whatever was done, without a word of a failure, before the work is given up.
     void CommitBeforeRefusal();
-    /// Rolls back and undoes the trees' patches.
-    void Rollback();
+    /// Rolls back and undoes the trees' patches. False: the database could not, so the transaction is open
+    /// still.
+    bool Rollback();
 
     /// Rolls back, shows the box and ends the work.
     [[noreturn]] void Refuse(const QString& text, int flags = BoxFlags::Plain,

@@ -27,6 +27,9 @@ public:
     [[nodiscard]] Cell At(int row, int column) const;
 
 private:
+    /// The current cell, made where there is none yet; null outside of any grid.
+    [[nodiscard]] Cell* Current();
+
     int m_row = 0;
     int m_column = 0;
     std::vector<std::vector<Cell>> m_rows;
