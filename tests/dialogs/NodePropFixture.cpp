@@ -128,15 +128,19 @@ void NodePropFixture::Choose(const char* combo, const QString& text) const
 {
     auto& box = Find<QComboBox>(combo);
     box.setFocus();
+    // The first character starts a new search, whenever the one before ended.
+    const int interval = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(0);
+    QTest::qWait(2);
     for (const QChar character : text) {
         if (box.currentText() == text)
             break;
         QTest::keyClick(&box, character.toLatin1());
+        QApplication::setKeyboardInputInterval(interval);
     }
+    QApplication::setKeyboardInputInterval(interval);
     if (box.currentText() != text)
         qFatal("%s does not offer %s", combo, qPrintable(text));
-    // The next typing starts a new search.
-    QTest::qWait(QApplication::keyboardInputInterval() + 50);
 }
 
 void NodePropFixture::ClickPage(int row) const
