@@ -1,8 +1,6 @@
 #include "database/NodeSave.h"
 #include "dialogs/GridEdit.h"
-#if __has_include("dialogs/frmChSelPktSize.h")
 #include "dialogs/frmChSelPktSize.h"
-#endif
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
 #include "model/ConData.h"
@@ -57,9 +55,7 @@ bool frmDatabaseNodeProp::PacketSizeFits() const
 void frmDatabaseNodeProp::cmdSave_Click()
 {
     if (!PacketSizeFits()) {
-#if __has_include("dialogs/frmChSelPktSize.h")
         frmChSelPktSize(this).exec();
-#endif
         return;
     }
     if (!GridCommitEdit())

@@ -2,41 +2,8 @@
 #include "tests/dialogs/NodePropFixture.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-#include <QTimer>
-
-namespace {
-
-const QString ChannelAndSize = QStringLiteral("FE CHANNEL and PACKET SIZE");
-
-/// Closes the modal form that the next action opens, and keeps its caption and text.
-class ModalCloser
-{
-public:
-    ModalCloser()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            QWidget* form = QApplication::activeModalWidget();
-            if (!form || form->objectName() != QLatin1String("frmChSelPktSize"))
-                return;
-            Caption = form->windowTitle();
-            for (const QLabel* label : form->findChildren<QLabel*>())
-                Texts << label->text();
-            form->close();
-        });
-        m_timer.start(5);
-    }
-
-    QString Caption;
-    QStringList Texts;
-
-private:
-    QTimer m_timer;
-};
-
-} // namespace
 
 /// What the Save button of the node dialog checks and tells.
 class TestFrmDatabaseNodePropSave : public QObject
@@ -46,13 +13,6 @@ class TestFrmDatabaseNodePropSave : public QObject
 private Q_SLOTS:
     void ReservedName_AnyCase_IsRefused_data();
     void ReservedName_AnyCase_IsRefused();
-    void FeCheck_ChannelAndSize_FitOrNot_data();
-    void FeCheck_ChannelAndSize_FitOrNot();
-    void FeCheck_Mismatch_ShowsTheFormAndSavesNothing();
-    void FeCheck_OtherPage_DoesNotRun();
-    void FeCheck_OtherClass_DoesNotRun();
-    void FeCheck_OpenEditor_CountsAsItIsSeen();
-    void FeCheck_BeforeTheReservedName();
     void OutOfRange_OpenEditor_SavesNothing();
     void OutOfRange_ByKey_SavesNothing();
     void OpenEditor_InRange_IsSaved();
@@ -94,120 +54,6 @@ void TestFrmDatabaseNodePropSave::ReservedName_AnyCase_IsRefused()
     QVERIFY(f.Form->isVisible());
 }
 
-void TestFrmDatabaseNodePropSave::FeCheck_ChannelAndSize_FitOrNot_data()
-{
-    QTest::addColumn<QString>("channel");
-    QTest::addColumn<QString>("size");
-    QTest::addColumn<bool>("fits");
-
-    const QList<int> sizes{18,  32,  32,  64,  64,  128,  128,  256,
-                           256, 512, 512, 768, 768, 1020, 1020, 1032};
-    for (int channel = 0; channel < sizes.size(); ++channel) {
-        QTest::addRow("%d fits", channel) << QString::number(channel) << QString::number(sizes[channel])
-                                          << true;
-        const int other = sizes[channel] == 18 ? 32 : 18;
-        QTest::addRow("%d does not", channel) << QString::number(channel) << QString::number(other) << false;
-    }
-    QTest::newRow("15 with the size before") << "15" << "1020" << false;
-    QTest::newRow("16 is free") << "16" << "18" << true;
-    QTest::newRow("255 is free") << "255" << "1032" << true;
-    QTest::newRow("no channel is 0") << "" << "18" << true;
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_ChannelAndSize_FitOrNot()
-{
-    QFETCH(QString, channel);
-    QFETCH(QString, size);
-    QFETCH(bool, fits);
-    NodePropFixture f;
-    f.ShowNode("North");
-    f.ClickPage(2);
-    f.EnterValue(1, "7");
-    f.EnterValue(2, channel);
-    f.EnterValue(6, size);
-    const ModalCloser closer;
-    f.Click("cmdSave");
-
-    QCOMPARE(closer.Caption, fits ? QString() : ChannelAndSize);
-    QCOMPARE(f.Form->isVisible(), !fits);
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_Mismatch_ShowsTheFormAndSavesNothing()
-{
-    NodePropFixture f;
-    f.ShowNode("North");
-    f.ClickPage(2);
-    f.EnterValue(2, "15");
-    f.EnterValue(6, "1020");
-    f.Forget();
-    const ModalCloser closer;
-    f.Click("cmdSave");
-
-    QCOMPARE(closer.Caption, ChannelAndSize);
-    QCOMPARE(closer.Texts, QStringList{"The FE CHANNEL and PACKET SIZE should be matched. For more details "
-                                       "please click \"Help\" button."});
-    QCOMPARE(f.Component.Calls, QStringList());
-    QVERIFY(f.Form->isVisible());
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_OtherPage_DoesNotRun()
-{
-    NodePropFixture f;
-    f.ShowNode("North");
-    f.ClickPage(2);
-    f.EnterValue(1, "7");
-    f.EnterValue(2, "15");
-    f.ClickPage(1);
-    const ModalCloser closer;
-    f.Click("cmdSave");
-
-    QCOMPARE(closer.Caption, QString());
-    QCOMPARE(f.Form->result(), int(QDialog::Accepted));
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_OtherClass_DoesNotRun()
-{
-    NodePropFixture f;
-    f.Component.Answer("GetNodeTypeWpList(,1)", {"FE\t1"});
-    f.ShowNode("North");
-    f.Choose("cboNodeType", "MML Network Element");
-    QCOMPARE(f.Pages(), QStringList{"FE Parameters"});
-    f.EnterValue(1, "7");
-    f.EnterValue(2, "15");
-    const ModalCloser closer;
-    f.Click("cmdSave");
-
-    QCOMPARE(closer.Caption, QString());
-    QCOMPARE(f.Form->result(), int(QDialog::Accepted));
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_OpenEditor_CountsAsItIsSeen()
-{
-    NodePropFixture f;
-    f.ShowNode("North");
-    f.ClickPage(2);
-    f.EnterValue(2, "15");
-    f.TypeValue(6, "1032");
-    const ModalCloser closer;
-    QTest::keyClick(f.Form.get(), Qt::Key_S, Qt::AltModifier);
-
-    QCOMPARE(closer.Caption, QString());
-    QCOMPARE(f.Form->result(), int(QDialog::Accepted));
-}
-
-void TestFrmDatabaseNodePropSave::FeCheck_BeforeTheReservedName()
-{
-    NodePropFixture f;
-    f.ShowNewNode("North");
-    f.ClickPage(2);
-    f.EnterValue(2, "15");
-    const ModalCloser closer;
-    f.Click("cmdSave");
-
-    QCOMPARE(closer.Caption, ChannelAndSize);
-    QVERIFY(f.Operator.Boxes.empty());
-}
-
 void TestFrmDatabaseNodePropSave::OutOfRange_OpenEditor_SavesNothing()
 {
     NodePropFixture f;
@@ -231,9 +77,9 @@ void TestFrmDatabaseNodePropSave::OutOfRange_ByKey_SavesNothing()
     f.OpenEditor(1);
     f.Find<QLineEdit>("txtGridEdit").setText("5000");
     f.Forget();
-    QTest::keyClick(f.Form.get(), Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(f.Editor(), Qt::Key_S, Qt::AltModifier);
 
-    QCOMPARE(f.Operator.Texts(), QStringList{"Value 5000 out of range [ 0, 4094]. Give a new value."});
+    QTRY_COMPARE(f.Operator.Texts(), QStringList{"Value 5000 out of range [ 0, 4094]. Give a new value."});
     QCOMPARE(f.Component.Count("BeginTransaction"), 0);
     QVERIFY(f.Form->isVisible());
 }
@@ -333,9 +179,9 @@ void TestFrmDatabaseNodePropSave::Name_OfAConnection_IsRefused()
     f.TypeName("beta");
     f.Click("cmdSave");
 
-    QCOMPARE(f.Operator.Boxes,
-             std::vector{RecordedBox::Plain("Node name beta already exists in the database. No saving, because "
-                                            "nodes and connections cannot share the same name.")});
+    QCOMPARE(f.Operator.Boxes, std::vector{RecordedBox::Plain(
+                                   "Node name beta already exists in the database. No saving, because "
+                                   "nodes and connections cannot share the same name.")});
     QVERIFY(f.Form->isVisible());
 }
 
@@ -438,8 +284,9 @@ void TestFrmDatabaseNodePropSave::FeUsed_IsSaved()
     f.EnterValue(1, "7");
     f.Click("cmdSave");
 
-    QCOMPARE(f.Target(), SaveFixture::NorthTarget +
-                             ",WP=OPT,PR=T4DT,DT=TEXT,VERIFY=YES,WP=FE,ID=7,CH=0,MODE=AUTO,WIN=2,ACK=100,PKT=18");
+    QCOMPARE(f.Target(),
+             SaveFixture::NorthTarget +
+                 ",WP=OPT,PR=T4DT,DT=TEXT,VERIFY=YES,WP=FE,ID=7,CH=0,MODE=AUTO,WIN=2,ACK=100,PKT=18");
 }
 
 QTEST_MAIN(TestFrmDatabaseNodePropSave)
