@@ -1,6 +1,7 @@
 #include "browser/DialogOpening.h"
 
 #include "dialogs/frmDatabaseConProp.h"
+#include "dialogs/frmDatabaseNodeProp.h"
 
 #include <QPointer>
 
@@ -17,7 +18,9 @@ void ShowForm(ConData& con, QWidget* parent)
 
 } // namespace
 
-DialogOpening::DialogOpening() : ConnectionProperties(ShowForm<frmDatabaseConProp>) {}
+DialogOpening::DialogOpening()
+    : ConnectionProperties(ShowForm<frmDatabaseConProp>), NodeProperties(ShowForm<frmDatabaseNodeProp>)
+{}
 
 DialogOpening& Opening()
 {
