@@ -263,10 +263,9 @@ void T4ZelkaBrowser::CreateWorkingObjects()
     m_nodesTree->Clear();
     m_ui->tabMain->setTabEnabled(0, true);
     ModelState& model = Model();
-    model.ConObject = NewConData();
-    model.DirectObject = NewConData();
-    model.NewDirectObject = NewConData();
-    model.SavedDirectObject = NewConData();
+    for (std::unique_ptr<ConData>* object :
+         {&model.ConObject, &model.DirectObject, &model.NewDirectObject, &model.SavedDirectObject})
+        Browser().Replaced.push_back(std::exchange(*object, NewConData()));
 }
 
 void T4ZelkaBrowser::LoadAtStart()

@@ -2,6 +2,7 @@
 
 #include "browser/DialogOpening.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -166,7 +167,7 @@ private:
         ClickReads& operator=(const ClickReads&) = delete;
 
     private:
-        T4ZelkaBrowser& m_control;
+        QPointer<T4ZelkaBrowser> m_control;
         bool m_outermost;
     };
 
@@ -246,6 +247,7 @@ private:
     void RestoreViewSelection();
     /// Does what a double click on the selected entry does. True: it ran the properties command.
     bool OpenConEntry();
+    void RunPropertiesOfWaypoint();
     [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;
     /// The tree of the view that is chosen.
     [[nodiscard]] TreeView& ShownView() const;
