@@ -13,7 +13,7 @@
 #include <QTest>
 
 /// The save routines on a real database file: afterwards the trees are what a fill would make of them.
-class TestSavesOnSqlite : public QObject
+class TestSaveRoutinesOnSqlite : public QObject
 {
     Q_OBJECT
 
@@ -185,12 +185,12 @@ static void Actions()
     }
 }
 
-void TestSavesOnSqlite::Action_Committed_TreesAreWhatAFillGives_data()
+void TestSaveRoutinesOnSqlite::Action_Committed_TreesAreWhatAFillGives_data()
 {
     Actions();
 }
 
-void TestSavesOnSqlite::Action_Committed_TreesAreWhatAFillGives()
+void TestSaveRoutinesOnSqlite::Action_Committed_TreesAreWhatAFillGives()
 {
     QFETCH(bool, viewNodes);
     QFETCH(Action, action);
@@ -205,12 +205,12 @@ void TestSavesOnSqlite::Action_Committed_TreesAreWhatAFillGives()
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
-void TestSavesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees_data()
+void TestSaveRoutinesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees_data()
 {
     Actions();
 }
 
-void TestSavesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees()
+void TestSaveRoutinesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees()
 {
     QFETCH(bool, viewNodes);
     QFETCH(Action, action);
@@ -225,7 +225,7 @@ void TestSavesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees()
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
-void TestSavesOnSqlite::Action_DatabaseHeldByAnother_IsTold()
+void TestSaveRoutinesOnSqlite::Action_DatabaseHeldByAnother_IsTold()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -245,7 +245,7 @@ void TestSavesOnSqlite::Action_DatabaseHeldByAnother_IsTold()
     other->RollbackTransaction();
 }
 
-void TestSavesOnSqlite::SaveConnectionChanges_Rename_KeepsTheNodes()
+void TestSaveRoutinesOnSqlite::SaveConnectionChanges_Rename_KeepsTheNodes()
 {
     FileFixture fixture;
     QString target;
@@ -259,7 +259,7 @@ void TestSavesOnSqlite::SaveConnectionChanges_Rename_KeepsTheNodes()
     QCOMPARE(fixture.ConTree.ChildCount(fixture.Position), 2);
 }
 
-void TestSavesOnSqlite::SaveConnectionChanges_NameOfANode_IsRefused()
+void TestSaveRoutinesOnSqlite::SaveConnectionChanges_NameOfANode_IsRefused()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -274,7 +274,7 @@ void TestSavesOnSqlite::SaveConnectionChanges_NameOfANode_IsRefused()
     QCOMPARE(FileFixture::Stored(), before);
 }
 
-void TestSavesOnSqlite::SaveNodeChanges_Record_HoldsAllThatWasGiven()
+void TestSaveRoutinesOnSqlite::SaveNodeChanges_Record_HoldsAllThatWasGiven()
 {
     FileFixture fixture;
 
@@ -284,7 +284,7 @@ void TestSavesOnSqlite::SaveNodeChanges_Record_HoldsAllThatWasGiven()
     QCOMPARE(FileFixture::Record("North"), QStringList(4, QString()));
 }
 
-void TestSavesOnSqlite::SaveNodeChanges_UsersText_IsKept()
+void TestSaveRoutinesOnSqlite::SaveNodeChanges_UsersText_IsKept()
 {
     FileFixture fixture;
     const auto other = fixture.File.OpenComponent();
@@ -297,7 +297,7 @@ void TestSavesOnSqlite::SaveNodeChanges_UsersText_IsKept()
     QCOMPARE(users, "somebody");
 }
 
-void TestSavesOnSqlite::SaveNodeChanges_NoSuchManager_SavesTheRest()
+void TestSaveRoutinesOnSqlite::SaveNodeChanges_NoSuchManager_SavesTheRest()
 {
     FileFixture fixture;
 
@@ -307,7 +307,7 @@ void TestSavesOnSqlite::SaveNodeChanges_NoSuchManager_SavesTheRest()
     QCOMPARE(fixture.Operator.Texts().last(), "Manager index doesn't exist.");
 }
 
-void TestSavesOnSqlite::SaveNewNode_NoSuchConnection_SavesNothing()
+void TestSaveRoutinesOnSqlite::SaveNewNode_NoSuchConnection_SavesNothing()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -319,7 +319,7 @@ void TestSavesOnSqlite::SaveNewNode_NoSuchConnection_SavesNothing()
     QCOMPARE(FileFixture::Stored(), before);
 }
 
-void TestSavesOnSqlite::SaveNodeWithValues_ScannedNode_HasItsTarget()
+void TestSaveRoutinesOnSqlite::SaveNodeWithValues_ScannedNode_HasItsTarget()
 {
     FileFixture fixture;
     Model().ConObject->ConTree = &fixture.ConTree;
@@ -334,7 +334,7 @@ void TestSavesOnSqlite::SaveNodeWithValues_ScannedNode_HasItsTarget()
     QCOMPARE(fixture.Shown(), FileFixture::Stored());
 }
 
-void TestSavesOnSqlite::RemoveConnection_TakesItsNodes()
+void TestSaveRoutinesOnSqlite::RemoveConnection_TakesItsNodes()
 {
     FileFixture fixture;
 
@@ -346,5 +346,5 @@ void TestSavesOnSqlite::RemoveConnection_TakesItsNodes()
     QCOMPARE(FileFixture::Record("North"), QStringList(4, QString()));
 }
 
-QTEST_GUILESS_MAIN(TestSavesOnSqlite)
-#include "TestSavesOnSqlite.moc"
+QTEST_GUILESS_MAIN(TestSaveRoutinesOnSqlite)
+#include "TestSaveRoutinesOnSqlite.moc"
