@@ -6,6 +6,9 @@
 
 /// Writes connections and nodes to the database and brings the trees into line with it in the same step.
 ///
+/// An entry that the tree has already is renewed in place. A tree without a root has not been filled yet and
+/// is left alone; the position is 0 then.
+///
 /// All run inside a transaction that the caller holds, on Gateway(), and commit nothing; the caller undoes
 /// the trees together with the transaction (UnitOfWork does both). Names are trimmed here. `position` becomes
 /// the handle of the record's entry. On False the database may be partly changed; `errorText` tells why where

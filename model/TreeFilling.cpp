@@ -3,6 +3,8 @@
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
+#include "model/TreeKey.h"
+#include "model/TreeMerging.h"
 #include "platform/IndexError.h"
 #include "platform/MachineSeams.h"
 
@@ -52,6 +54,25 @@ std::vector<QString> WaypointNames(const PairTable& items)
     return names;
 }
 
+/// A continued load goes on behind the marked node. Before that one goes, the mark passes to the last one
+/// that was loaded before it, so that the load goes on at the same place.
+void PassContinueMark(TreeEntries& tree, TreeEntries::Index entry)
+{
+    const qint32 position = qAbs(tree.Id(entry));
+    TreeEntries::Index heir = 0;
+    for (const TreeEntries::Index child : ChildrenOf(tree, tree.Parent(entry))) {
+        const qint32 id = tree.Id(child);
+        if (id < position && id > (heir != 0 ? tree.Id(heir) : 0))
+            heir = child;
+    }
+    if (heir == 0)
+        return;
+    if (std::optional<TreeKey> key = TreeKey::Parse(tree.Key(heir))) {
+        key->id = -key->id;
+        tree.SetKey(heir, key->Format());
+    }
+}
+
 } // namespace
 
 bool IsNodeKey(QStringView key)
@@ -65,10 +86,33 @@ bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::In
     return entry != 0;
 }
 
+bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntries::Index& entry)
+{
+    entry = tree.FindByText(name, false);
+    if (entry == 0 || tree.Kind(entry) == u'C')
+        return entry != 0;
+    // The root, or a waypoint of a connection before it, carries the same text.
+    for (const TreeEntries::Index child : ChildrenOf(tree, tree.FindByKey(RootKey))) {
+        if (tree.Text(child).compare(name, Qt::CaseInsensitive) == 0 && tree.Kind(child) == u'C') {
+            entry = child;
+            return true;
+        }
+    }
+    entry = 0;
+    return false;
+}
+
+bool RemoveEntry(TreeEntries& tree, TreeEntries::Index entry)
+{
+    if (tree.Id(entry) < 0)
+        PassContinueMark(tree, entry);
+    return tree.Remove(entry);
+}
+
 bool DeleteTreeEntry(const QString& text, TreeEntries& tree, bool isNode)
 {
     const TreeEntries::Index entry = tree.FindByText(text, isNode);
-    return entry != 0 && tree.Remove(entry);
+    return entry != 0 && RemoveEntry(tree, entry);
 }
 
 TreeEntries::Index AddTreeEntry(TreeEntries& tree, const QString& relativeKey, int relationship,
@@ -133,15 +177,17 @@ bool AddWaypointEntries(const QString& waypointList, TreeEntries& tree, TreeEntr
     int count = 0;
     if (!ConvertItemListToArray(waypointList, false, items, count))
         return false;
-    const std::vector<QString> names = WaypointNames(items);
+    std::vector<QString> texts = WaypointNames(items);
+    for (QString& text : texts) {
+        QString longName;
+        if (LookupDatabase().GetWpLongNameDb(text, longName))
+            text = longName;
+    }
     // Waypoints stand in the order of the hops, also where nodes stood sorted before.
     tree.SetSorted(conEntry, false);
-    for (size_t k = 0; k < names.size(); ++k) {
-        QString text;
-        if (!LookupDatabase().GetWpLongNameDb(names[k], text))
-            text = names[k];
-        tree.Add(conEntry, QStringLiteral("W,%1,%2").arg(conId).arg(k + 1), text);
-    }
+    KeepWaypoints(tree, conEntry, texts, ValInt(conId));
+    for (size_t k = 0; k < texts.size(); ++k)
+        tree.Add(conEntry, QStringLiteral("W,%1,%2").arg(conId).arg(k + 1), texts[k]);
     tree.SetExpanded(conEntry, true);
     return true;
 }
@@ -158,7 +204,10 @@ bool AddNodeEntries(const QString& nodeList, TreeEntries& tree, TreeEntries::Ind
     entries.reserve(nodes.size());
     for (const ItemPair& node : nodes)
         entries.push_back({ValInt(node.second), node.first});
-    tree.SetSorted(conEntry, false);
+    const int kept = KeepNodes(tree, conEntry, entries, ValInt(conId));
+    // A few new ones go to their places one by one; many are sorted in together.
+    if (entries.size() > 2 * static_cast<size_t>(kept))
+        tree.SetSorted(conEntry, false);
     tree.AddNodes(conEntry, entries, ValInt(conId));
     tree.SetSorted(conEntry, true);
     tree.SetExpanded(conEntry, true);

@@ -32,7 +32,14 @@ enum class Pumping
 /// `entry` is 0 then.
 bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::Index& entry, bool isNode);
 
-/// Removes that entry with all below it. False: there is none.
+/// The same for connections alone: a root or a waypoint of that text does not count.
+bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntries::Index& entry);
+
+/// Removes an entry with all below it; a continuation mark that it carries passes to the node loaded before
+/// it. False: there is no such entry.
+bool RemoveEntry(TreeEntries& tree, TreeEntries::Index entry);
+
+/// Removes the first entry of that text and kind in this way. False: there is none.
 bool DeleteTreeEntry(const QString& text, TreeEntries& tree, bool isNode);
 inline bool RemoveTreeEntry(const QString& text, TreeEntries& tree, bool isNode)
 {
@@ -63,16 +70,19 @@ inline void FixUnknownChildKey(TreeEntries& tree, TreeEntries::Index conEntry, q
 void FillConnectionTree(const QString& rootText, const QString& keyPrefix, int count, const PairTable& items,
                         TreeEntries& tree, bool addRoot, Pumping pumping = Pumping::Allowed);
 
-/// Adds the waypoints of a connection, by the item list of its target, and expands it. `conId` is field 2 of
-/// the connection's key.
+/// Both make the children of a connection what the list tells and expand it: children that stay keep their
+/// handles, and with them selection and scroll position; others go. `conId` is field 2 of the connection's
+/// key.
+
+/// Waypoints, by the item list of the connection's target, in its order.
 bool AddWaypointEntries(const QString& waypointList, TreeEntries& tree, TreeEntries::Index conEntry,
                         const QString& conId);
 
-/// Adds the nodes of a connection, by a pair list of names and ids, sorts and expands it.
+/// Nodes, by a pair list of names and ids, sorted. The list holds all of them: no continuation mark is left.
 bool AddNodeEntries(const QString& nodeList, TreeEntries& tree, TreeEntries::Index conEntry,
                     const QString& conId);
 
-/// Reads the children of a connection, nodes or waypoints, and adds them.
+/// Reads the children of a connection, nodes or waypoints, and brings the tree into line with them.
 bool RefillConEntry(TreeEntries& tree, TreeEntries::Index conEntry, bool viewNodes);
 inline bool FillChildEntries(TreeEntries& tree, TreeEntries::Index conEntry, bool viewNodes)
 {

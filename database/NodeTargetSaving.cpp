@@ -1,0 +1,88 @@
+#include "database/NodeTargetSaving.h"
+
+#include "database/Gateway.h"
+#include "database/SaveRoutines.h"
+#include "model/ConData.h"
+#include "model/ModelState.h"
+#include "platform/MsgBox.h"
+
+namespace {
+
+/// Rows of the first waypoint of a NET4 node.
+constexpr int AddressRow = 1;
+constexpr int TimeRow = 5;
+constexpr int RetryRow = 6;
+constexpr int ValueColumn = 2;
+
+/// The trees that ConObject names; where it names none there is nothing to patch.
+class ShownTrees
+{
+public:
+    TreeEntries& Nodes() { return ConObject() && ConObject()->NodesTree ? *ConObject()->NodesTree : m_none; }
+    TreeEntries& Connections()
+    {
+        return ConObject() && ConObject()->ConTree ? *ConObject()->ConTree : m_none;
+    }
+
+    /// Selects the entry in the tree that the operator sees, unless that one hides nodes.
+    void Select(qint32 position)
+    {
+        const bool connections = ConObject() && ConObject()->optCon;
+        if (!Model().SelectTreeEntry || (connections && !ConObject()->ViewNodesChecked))
+            return;
+        TreeEntries& tree = connections ? Connections() : Nodes();
+        if (&tree != &m_none)
+            Model().SelectTreeEntry(tree, position);
+    }
+
+private:
+    static ConData* ConObject() { return Model().ConObject.get(); }
+
+    TreeEntries m_none;
+};
+
+} // namespace
+
+bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
+{
+    con.NodeName = nodeName;
+    if (!con.SetTargetString(true)) {
+        MsgBox(QStringLiteral("No saving, because of an error in waypoint parameters or mandatory waypoint "
+                              "is missing all its parameters."));
+        return false;
+    }
+    bool exists = false;
+    if (!Gateway().NodeNameExistDb(con.NodeName, exists))
+        return false;
+    con.NewNode = !exists;
+    if (exists && !mayReplace)
+        return false;
+
+    ShownTrees trees;
+    qint32 position = 0;
+    QString errorText;
+    const bool saved =
+        con.NewNode ? SaveNewNode(con.NodeName, con.ConName, con.NodeType, con.CommandLine, con.TargetString,
+                                  trees.Nodes(), trees.Connections(), position, errorText)
+                    : SaveNodeChanges(con.NodeName, con.NodeName, con.ConName, con.ConName, con.NodeType,
+                                      con.CommandLine, con.TargetString, trees.Nodes(), trees.Connections(),
+                                      position, errorText);
+    if (!saved)
+        return false;
+    trees.Select(position);
+    return true;
+}
+
+bool SaveNodeWithValues(ConData& con, bool mayReplace, const QString& nodeName, const QString& unread,
+                        const QString& address, const QString& retry, const QString& time)
+{
+    Q_UNUSED(unread)
+    con.NodeAddress = address;
+    con.Time = time;
+    con.Retry = retry;
+    con.SetWpDataItem(1, AddressRow, ValueColumn, con.NodeAddress);
+    con.SetWpDataItem(1, TimeRow, ValueColumn, con.Time);
+    con.SetWpDataItem(1, RetryRow, ValueColumn, con.Retry);
+    con.ConWpCount = 1;
+    return SaveNodeWithTarget(con, nodeName, mayReplace);
+}

@@ -1,0 +1,297 @@
+#include "database/SaveRoutines.h"
+
+#include "database/Gateway.h"
+#include "model/ModelState.h"
+#include "model/TextHelpers.h"
+#include "model/TreeFilling.h"
+#include "platform/MsgBox.h"
+
+namespace {
+
+bool SameName(const QString& one, const QString& other)
+{
+    return one.compare(other, Qt::CaseInsensitive) == 0;
+}
+
+QString KeyOf(QChar kind, const QString& id)
+{
+    return kind + QStringLiteral(",") + Trim(id);
+}
+
+QString ConnectionIdMissing()
+{
+    return QStringLiteral("Database error, Connection ID missing.");
+}
+
+QString NodeIdMissing()
+{
+    return QStringLiteral("Database error, Node ID missing.");
+}
+
+bool NodesAreShown()
+{
+    return Model().ConObject && Model().ConObject->ViewNodesChecked;
+}
+
+/// Whether the node is selected in the tree of connections afterwards.
+bool NodesAreSelectedUnderConnections()
+{
+    return NodesAreShown() && Model().ConObject->optCon;
+}
+
+/// A tree without a root has not been shown yet and will be filled by what the database then holds.
+bool IsFilled(const TreeEntries& tree)
+{
+    return tree.FindByKey(RootKey) != 0;
+}
+
+/// What stands in `tree` for a record that was saved under a new id: its old entry, renewed in place so that
+/// the selection stays, or a new one. 0 when it can be neither.
+TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
+                              const QString& text)
+{
+    if (old != 0 && tree.SetKey(old, key)) {
+        tree.RemoveChildren(old);
+        tree.SetText(old, text);
+        return old;
+    }
+    tree.Remove(old);
+    return AddTreeEntry(tree, RootKey, TreeChild, key, text);
+}
+
+/// The node's entry in the tree of nodes. False: it cannot stand there.
+bool PutNode(TreeEntries& nodesTree, TreeEntries::Index old, const QString& id, const QString& name,
+             qint32& position)
+{
+    position = IsFilled(nodesTree) ? RenewEntry(nodesTree, old, KeyOf(u'N', id), name) : 0;
+    return position != 0 || !IsFilled(nodesTree);
+}
+
+/// A node under its connection gets its new key and name, so that the refill finds it there.
+bool RenewUnderConnection(TreeEntries& conTree, TreeEntries::Index entry, TreeEntries::Index connection,
+                          const QString& nodeId, const QString& name)
+{
+    if (conTree.Parent(entry) != connection)
+        return false;
+    const QString connectionId = GetItem(conTree.Key(connection), 2, u',');
+    if (!conTree.SetKey(entry, KeyOf(u'N', nodeId) + u',' + connectionId))
+        return false;
+    conTree.SetText(entry, name);
+    return true;
+}
+
+/// Brings the tree of connections into line with a changed node. `stays`: on its connection.
+bool MoveUnderConnection(TreeEntries& conTree, const QString& oldName, const QString& newName,
+                         const QString& nodeId, const QString& conName, bool stays)
+{
+    TreeEntries::Index entry = 0;
+    const bool found = FindTreeEntry(oldName, conTree, entry, true);
+    if (stays && !found)
+        return true;
+    TreeEntries::Index connection = 0;
+    const bool refill = NodesAreShown() && FindConnectionEntry(conName, conTree, connection);
+    if (found && !(refill && RenewUnderConnection(conTree, entry, connection, nodeId, newName)))
+        RemoveEntry(conTree, entry);
+    return refill ? FillChildEntries(conTree, connection, true) : !NodesAreShown();
+}
+
+/// Deletes and saves the record of a node. On False `errorText` tells why.
+bool ReplaceNodeRecord(const QString& oldName, const QString& newName, const QString& conName,
+                       const QString& nodeType, const QString& commandLine, const QString& target,
+                       QString& errorText)
+{
+    if (!Gateway().DeleteNodeFromBrowserDb(oldName)) {
+        errorText = QStringLiteral("Node ") + oldName + QStringLiteral(" not found from database.");
+        return false;
+    }
+    if (!Gateway().SaveNodeDb(newName, nodeType, target, conName, ManagerTailOf(commandLine))) {
+        errorText = QStringLiteral("Failure in saving node ") + newName + QStringLiteral(" into database.");
+        return false;
+    }
+    const QString index = ManagerIndexOf(commandLine);
+    if (!index.isEmpty() && !Gateway().UpdateNodeNmaidxDb(newName, index))
+        MsgBox(QStringLiteral("Manager index doesn't exist."), BoxFlags::Exclamation);
+    return true;
+}
+
+} // namespace
+
+// Connections ---------------------------------------------------------------------------------------------
+
+bool SaveConnectionChanges(const QString& oldName, const QString& newName, const QString& target,
+                           TreeEntries& tree, bool viewNodes, qint32& position)
+{
+    const QString before = Trim(oldName);
+    const QString name = Trim(newName);
+    if (!SameName(before, name)) {
+        bool exists = false;
+        if (!Gateway().ConNameExistDb(name, exists))
+            return false;
+        if (exists) {
+            MsgBox(QStringLiteral("Connection ") + name +
+                   QStringLiteral(" already exists. Give a new name."));
+            return false;
+        }
+        if (!Gateway().ReplaceParentNameDb(before, name))
+            return false;
+    }
+    TreeEntries::Index entry = 0;
+    if (!Gateway().ReplaceParentTargetDb(name, target) || !FindConnectionEntry(before, tree, entry))
+        return false;
+    QString id;
+    if (!Gateway().GetParentIDDb(name, id)) {
+        MsgBox(ConnectionIdMissing());
+        return false;
+    }
+    entry = RenewEntry(tree, entry, KeyOf(u'C', id), name);
+    if (entry == 0 || !FillChildEntries(tree, entry, viewNodes))
+        return false;
+    position = entry;
+    return true;
+}
+
+bool SaveNewConnection(const QString& name, const QString& target, TreeEntries& tree, qint32& position,
+                       bool viewNodes, QString& errorText)
+{
+    const QString trimmed = Trim(name);
+    const auto refuse = [&errorText](const QString& why) {
+        errorText = why;
+        return false;
+    };
+    errorText.clear();
+    if (trimmed.isEmpty())
+        return refuse(QStringLiteral("Error: Connection name is empty."));
+    bool exists = false;
+    if (!Gateway().ConNameExistDb(trimmed, exists))
+        return refuse(QStringLiteral("Error: Database search error."));
+    if (exists)
+        return refuse(QStringLiteral("Error: Connection name ") + trimmed +
+                      QStringLiteral(" alredy exists in database."));
+    if (!Gateway().SaveParentDb(trimmed, target))
+        return refuse(QStringLiteral("Database error, failure in SaveParent."));
+    QString id;
+    if (!Gateway().GetParentIDDb(trimmed, id))
+        return refuse(ConnectionIdMissing());
+    if (!IsFilled(tree)) {
+        position = 0;
+        return true;
+    }
+    const TreeEntries::Index entry = RenewEntry(tree, 0, KeyOf(u'C', id), trimmed);
+    if (entry == 0 || !FillChildEntries(tree, entry, viewNodes))
+        return false;
+    position = entry;
+    return true;
+}
+
+bool RemoveConnection(const QString& name)
+{
+    QString deleted = name;
+    return Gateway().DeleteConnectionDb(deleted);
+}
+
+// Nodes ---------------------------------------------------------------------------------------------------
+
+bool SaveNodeChanges(const QString& oldName, const QString& newName, const QString& oldConName,
+                     const QString& newConName, const QString& nodeType, const QString& commandLine,
+                     const QString& target, TreeEntries& nodesTree, TreeEntries& conTree, qint32& position,
+                     QString& errorText)
+{
+    const QString before = Trim(oldName);
+    const QString name = Trim(newName);
+    const QString conName = Trim(newConName);
+    const bool stays = SameName(Trim(oldConName), conName);
+    errorText.clear();
+    if (!ReplaceNodeRecord(before, name, conName, Trim(nodeType), commandLine, Trim(target), errorText))
+        return false;
+
+    QString id;
+    if (!Gateway().GetNodeIDDb(name, id)) {
+        errorText = NodeIdMissing();
+        return false;
+    }
+    TreeEntries::Index old = 0;
+    FindTreeEntry(before, nodesTree, old, true);
+    TreeEntries::Index entry = 0;
+    if (!PutNode(nodesTree, old, id, name, entry))
+        return false;
+    if (IsFilled(conTree)) {
+        if (!MoveUnderConnection(conTree, before, name, id, conName, stays))
+            return false;
+        if (NodesAreSelectedUnderConnections() && !FindTreeEntry(name, conTree, entry, true))
+            return false;
+    }
+    position = entry;
+    return true;
+}
+
+bool SaveNewNode(const QString& name, const QString& conName, const QString& nodeType,
+                 const QString& commandLine, const QString& target, TreeEntries& nodesTree,
+                 TreeEntries& conTree, qint32& position, QString& errorText)
+{
+    const QString trimmed = Trim(name);
+    const QString connection = Trim(conName);
+    errorText.clear();
+    if (trimmed.isEmpty()) {
+        errorText = QStringLiteral("Node name is empty.");
+        return false;
+    }
+    bool exists = false;
+    if (!Gateway().NodeNameExistDb(trimmed, exists))
+        return false;
+    if (exists) {
+        errorText = QStringLiteral("Node ") + trimmed + QStringLiteral(" already exists. Give a new name.");
+        return false;
+    }
+    if (!Gateway().SaveNodeDb(trimmed, nodeType, target, connection, ManagerTailOf(commandLine)))
+        return false;
+    QString id;
+    if (!Gateway().GetNodeIDDb(trimmed, id)) {
+        errorText = NodeIdMissing();
+        return false;
+    }
+    TreeEntries::Index entry = 0;
+    if (!PutNode(nodesTree, 0, id, trimmed, entry))
+        return false;
+    TreeEntries::Index conEntry = 0;
+    if (NodesAreShown() && FindConnectionEntry(connection, conTree, conEntry)) {
+        if (!FillChildEntries(conTree, conEntry, true))
+            return false;
+        if (NodesAreSelectedUnderConnections() && !FindTreeEntry(trimmed, conTree, entry, true))
+            return false;
+    }
+    position = entry;
+    return true;
+}
+
+bool RemoveNodeEntry(const QString& nodeName, TreeEntries& conTree, TreeEntries& nodesTree,
+                     bool keepSelection, TreeEntries::Index selected)
+{
+    const QString name = Trim(nodeName);
+    DeleteTreeEntry(name, nodesTree, true);
+    if (!Gateway().DeleteNodeDb(name))
+        return false;
+    TreeEntries::Index entry = selected;
+    const bool selectedIsTheNode =
+        !keepSelection && selected != 0 && IsNodeKey(conTree.Key(selected)) && conTree.Text(selected) == name;
+    if (!selectedIsTheNode && !FindTreeEntry(name, conTree, entry, true))
+        return true;
+    const TreeEntries::Index connection = conTree.Parent(entry);
+    const bool expanded = conTree.Expanded(connection);
+    RemoveEntry(conTree, entry);
+    conTree.SetExpanded(connection, expanded);
+    return true;
+}
+
+// Managers ------------------------------------------------------------------------------------------------
+
+QString ManagerIndexOf(const QString& commandLine)
+{
+    const qsizetype bar = commandLine.indexOf(u'|');
+    return bar < 0 ? QString() : commandLine.left(bar);
+}
+
+QString ManagerTailOf(const QString& commandLine)
+{
+    // Without a bar: from the start.
+    return commandLine.sliced(commandLine.indexOf(u'|') + 1);
+}
