@@ -70,12 +70,16 @@ public:
     }
     void AddFromNothing()
     {
+        PrepareFromNothing();
+        Show();
+    }
+    void PrepareFromNothing()
+    {
         EditConnection(QStringLiteral("Alpha"));
         if (!Con().SetConDataToUnknownCon())
             qFatal("There is no unknown connection.");
         MakeNew();
         Forget();
-        Show();
     }
     void Show()
     {

@@ -152,7 +152,9 @@ void TestFrmDatabaseConPropLoad::Load_CountFails_TellsAndOpens()
 
     fixture.Edit("Gamma");
 
+    // The gateway has told why the count failed.
     const std::vector<RecordedBox> boxes{
+        RecordedBox::Error("Unknown error in access to database."),
         RecordedBox::Plain("Nodes count for connection Gammafailed. Close the dialog and try again. ")};
     QCOMPARE(fixture.Operator.Boxes, boxes);
     QCOMPARE(fixture.Name().text(), "Gamma");
@@ -216,9 +218,10 @@ void TestFrmDatabaseConPropLoad::Load_NewConnectionOfUnknownType_TakesTheFirst()
 void TestFrmDatabaseConPropLoad::Load_NewConnectionFromNothing_FirstTypeFails_ListIsEmpty()
 {
     ConPropFixture fixture;
+    fixture.PrepareFromNothing();
     fixture.Component.Fail("GetConTypeWpList");
 
-    fixture.AddFromNothing();
+    fixture.Show();
 
     QCOMPARE(fixture.Types().currentText(), "T4 Bus");
     QCOMPARE(fixture.Rows(), QStringList());
