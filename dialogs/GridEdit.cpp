@@ -51,6 +51,8 @@ void GridAttach(FlexGrid& grid, QLineEdit& textBox, QComboBox& comboBox, UpDown&
         overlay->setParent(grid.viewport());
         overlay->hide();
     }
+    // A press on its buttons would otherwise give the grid the focus, and so end the edit.
+    spinner.setFocusProxy(&textBox);
     GridEdit().GridControl = &grid;
     GridEdit().GridTextBox = &textBox;
     GridEdit().GridComboBox = &comboBox;
@@ -134,7 +136,6 @@ bool GridCommitEdit()
         stored = GridStoreText();
     else if (GridComboOpen())
         GridStoreCombo();
-    // The box may have outlived the form.
     GridCloseEditors();
     return stored;
 }

@@ -133,8 +133,9 @@ void FlexGrid::SetRowHeights(int pixels)
 
 int FlexGrid::HeightForRows(int dataRows) const
 {
-    return horizontalHeader()->sizeHint().height() + dataRows * verticalHeader()->defaultSectionSize() +
-           2 * frameWidth();
+    const QHeaderView& header = *horizontalHeader();
+    return qBound(header.minimumHeight(), header.sizeHint().height(), header.maximumHeight()) +
+           dataRows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
 }
 
 void FlexGrid::updateGeometries()

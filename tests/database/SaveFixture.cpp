@@ -89,7 +89,7 @@ SaveFixture::SaveFixture(const std::function<void()>& useOther)
     Operator.WhileOpen = [this](const RecordedBox&) {
         LevelsUnderBoxes = std::max(LevelsUnderBoxes, Component.Store.Levels());
     };
-    Forget();
+    ForgetAll();
 }
 
 SaveFixture::~SaveFixture()
@@ -112,18 +112,24 @@ void SaveFixture::FillStore()
     store.AddNode(QStringLiteral("East"), QStringLiteral("Beta"), QString(), EastTarget);
 }
 
+void SaveFixture::ForgetAll()
+{
+    Forget();
+    Component.Store.Commits = 0;
+}
+
 ConData& SaveFixture::Con() const
 {
     return *Model().ConObject;
 }
 
-void SaveFixture::TakeTrees() const
+void SaveFixture::TakeTrees()
 {
     Con().ViewNodesChecked = true;
     Con().optCon = true;
     Con().SelectedTreeNodeIndex = 1;
-    Con().ConTree = const_cast<TreeEntries*>(&ConTree);
-    Con().NodesTree = const_cast<TreeEntries*>(&NodesTree);
+    Con().ConTree = &ConTree;
+    Con().NodesTree = &NodesTree;
 }
 
 void SaveFixture::EditConnection(const QString& name)
@@ -131,7 +137,7 @@ void SaveFixture::EditConnection(const QString& name)
     if (!Con().SetConDataFromNode(ConTree, ConTree.FindByText(name, false)))
         qFatal("The connection cannot be read.");
     TakeTrees();
-    Forget();
+    ForgetAll();
 }
 
 void SaveFixture::AddConnection()
@@ -154,7 +160,7 @@ void SaveFixture::EditNode(const QString& name)
         Grid.MoveTo(row, ParameterGrid::ValueColumn);
         Grid.SetText(table.GetWpParam(row, ValueColumn));
     }
-    Forget();
+    ForgetAll();
 }
 
 void SaveFixture::AddNode(const QString& templateNode)

@@ -77,6 +77,7 @@ public:
 
 private:
     void FillStore();
+    void ForgetAll();
     void TakeNewId(const QString& name);
-    void TakeTrees() const;
+    void TakeTrees();
 };

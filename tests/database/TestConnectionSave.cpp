@@ -66,16 +66,16 @@ void TestConnectionSave::New_FreeName_IsSavedAsNew()
 
     QVERIFY(fixture.Save("Delta"));
 
-    const QString target = SaveFixture::AlphaTarget.section("254", 0, 0) + "99" +
-                           SaveFixture::AlphaTarget.section("254", 1);
+    const QString target =
+        SaveFixture::AlphaTarget.section("254", 0, 0) + "99" + SaveFixture::AlphaTarget.section("254", 1);
     QCOMPARE(fixture.Target(), target);
-    QCOMPARE(fixture.Steps(),
-             (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(target),
-                          "ParentNameExist(Delta)", "NodeNameExist(Delta)", "ParentNameExist(Delta)",
-                          "GetUsersList(Delta,Parent,)", QStringLiteral("SaveParent(Delta,%1)").arg(target),
-                          "GetUsersList(Delta,Parent,)", "UpdateUsersList(Delta,Parent,)",
-                          "GetParentID(Delta)", "GetParentNodesWithID(Delta)", "GetParentID(Delta)",
-                          "Commit"}));
+    QCOMPARE(
+        fixture.Steps(),
+        (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(target),
+                     "ParentNameExist(Delta)", "NodeNameExist(Delta)", "ParentNameExist(Delta)",
+                     "GetUsersList(Delta,Parent,)", QStringLiteral("SaveParent(Delta,%1)").arg(target),
+                     "GetUsersList(Delta,Parent,)", "UpdateUsersList(Delta,Parent,)", "GetParentID(Delta)",
+                     "GetParentNodesWithID(Delta)", "GetParentID(Delta)", "Commit"}));
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
     QVERIFY(fixture.Con().NewCon);
     QCOMPARE(fixture.Component.Store.Commits, 1);
@@ -164,13 +164,13 @@ void TestConnectionSave::Existing_NewName_IsRenamedAndRetargeted()
 
     QVERIFY(fixture.Save("Omega"));
 
-    QCOMPARE(fixture.Steps(),
-             (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(fixture.Target()),
-                          "ParentNameExist(Omega)", "NodeNameExist(Omega)", "GetParentID(Alpha)",
-                          "ParentNameExist(Omega)", "ReplaceParentName(Alpha,Omega)",
-                          QStringLiteral("ReplaceParentTarget(Omega,%1)").arg(fixture.Target()),
-                          "GetParentID(Omega)", "GetParentNodesWithID(Omega)", "GetParentID(Omega)",
-                          "Commit"}));
+    QCOMPARE(
+        fixture.Steps(),
+        (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(fixture.Target()),
+                     "ParentNameExist(Omega)", "NodeNameExist(Omega)", "GetParentID(Alpha)",
+                     "ParentNameExist(Omega)", "ReplaceParentName(Alpha,Omega)",
+                     QStringLiteral("ReplaceParentTarget(Omega,%1)").arg(fixture.Target()),
+                     "GetParentID(Omega)", "GetParentNodesWithID(Omega)", "GetParentID(Omega)", "Commit"}));
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
     QCOMPARE(fixture.IdOfConnection("Alpha"), 0);
     QVERIFY(fixture.Records().contains("Omega|" + fixture.Target()));
@@ -185,12 +185,12 @@ void TestConnectionSave::Existing_SameName_IsRetargetedOnly()
 
     QVERIFY(fixture.Save("Alpha  "));
 
-    QCOMPARE(fixture.Steps(),
-             (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(fixture.Target()),
-                          "ParentNameExist(Alpha)", "NodeNameExist(Alpha)", "GetParentID(Alpha)",
-                          QStringLiteral("ReplaceParentTarget(Alpha,%1)").arg(fixture.Target()),
-                          "GetParentID(Alpha)", "GetParentNodesWithID(Alpha)", "GetParentID(Alpha)",
-                          "Commit"}));
+    QCOMPARE(
+        fixture.Steps(),
+        (QStringList{"Begin", QStringLiteral("CheckTargetSyntax(%1,-1)").arg(fixture.Target()),
+                     "ParentNameExist(Alpha)", "NodeNameExist(Alpha)", "GetParentID(Alpha)",
+                     QStringLiteral("ReplaceParentTarget(Alpha,%1)").arg(fixture.Target()),
+                     "GetParentID(Alpha)", "GetParentNodesWithID(Alpha)", "GetParentID(Alpha)", "Commit"}));
     QVERIFY(fixture.Records().contains("Alpha|" + fixture.Target()));
     CompareAfterSave(fixture, "Alpha");
 }
@@ -244,8 +244,7 @@ void TestConnectionSave::Replace_CaseOfTheStoredNameDiffers_IsNotAsked()
 
     QVERIFY(!fixture.Save("BETA"));
 
-    QCOMPARE(fixture.Operator.Texts(),
-             QStringList{"Connection BETA already exists. Give a new name."});
+    QCOMPARE(fixture.Operator.Texts(), QStringList{"Connection BETA already exists. Give a new name."});
 }
 
 void TestConnectionSave::Saved_WaypointsShown_AreRefilled()

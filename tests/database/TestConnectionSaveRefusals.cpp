@@ -1,7 +1,5 @@
 #include "database/ConnectionSave.h"
-#include "tests/database/SaveFixture.h"
-
-#include <QTest>
+#include "tests/database/SaveExpectations.h"
 
 /// SaveConnection where it does not save: each box, and that nothing stays behind.
 class TestConnectionSaveRefusals : public QObject
@@ -25,56 +23,20 @@ private Q_SLOTS:
     void ChangedElsewhere_WhileTheQuestionStands_IsPrevented();
 };
 
-static const QString UnknownError = QStringLiteral("Unknown error in access to database.");
-static const QString Denied =
-    QStringLiteral("Database access is denied, because another application is using it.");
-static const QString Prevented = QStringLiteral(
-    "Save is prevented, because another application has changed this connection. Close dialog and try again.");
-static const QString RolledBack =
-    QStringLiteral("Failure in database operation. All modifications rolled back successfully.");
-static const QString NoSaving =
-    QStringLiteral("No saving, because of an error in waypoint parameters or mandatory waypoint is missing "
-                   "all its parameters.");
-
-/// What must be as it was after a refusal.
-class Before
-{
-public:
-    explicit Before(const SaveFixture& fixture)
-        : m_fixture(fixture), m_flags(fixture.Flags()), m_records(fixture.Records()), m_trees(fixture.Trees())
-    {
-    }
-
-    void Compare() const
-    {
-        QCOMPARE(m_fixture.Flags(), m_flags);
-        QCOMPARE(m_fixture.Records(), m_records);
-        QCOMPARE(m_fixture.Trees(), m_trees);
-        QCOMPARE(m_fixture.Component.Store.Levels(), 0);
-        QCOMPARE(m_fixture.Component.Store.Commits, 0);
-        QCOMPARE(m_fixture.LevelsUnderBoxes, 0);
-        QCOMPARE(m_fixture.Pointers.last(), DatabaseClass::NormalPointer);
-    }
-
-private:
-    const SaveFixture& m_fixture;
-    QStringList m_flags;
-    QStringList m_records;
-    QStringList m_trees;
-};
+using namespace SaveTexts;
 
 void TestConnectionSaveRefusals::Begin_Fails_IsDeniedInAnErrorBox()
 {
     SaveFixture fixture;
     fixture.EditConnection("Alpha");
-    const Before before(fixture);
+    const BeforeSave before(fixture);
     fixture.Component.Fail("BeginTransaction");
 
     QVERIFY(!fixture.Save("Omega"));
 
     QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Error(Denied)});
     QCOMPARE(fixture.Component.Calls, QStringList{"BeginTransaction()"});
-    before.Compare();
+    before.CheckUnchanged();
 }
 
 void TestConnectionSaveRefusals::Begin_InUse_AsksUntilItWorks()
@@ -95,7 +57,7 @@ void TestConnectionSaveRefusals::SecondBegin_Fails_IsDeniedInAnErrorBox()
     SaveFixture fixture;
     fixture.AddConnection();
     fixture.Con().ConName = "Beta";
-    const Before before(fixture);
+    const BeforeSave before(fixture);
     fixture.Operator.WhileOpen = [&](const RecordedBox& box) {
         if (box.flags == BoxFlags::OkCancel)
             fixture.Component.Fail("BeginTransaction");
@@ -106,25 +68,14 @@ void TestConnectionSaveRefusals::SecondBegin_Fails_IsDeniedInAnErrorBox()
     QCOMPARE(fixture.Operator.Boxes.size(), 2U);
     QCOMPARE(fixture.Operator.Boxes.back(), RecordedBox::Error(Denied));
     QCOMPARE(fixture.Component.Calls.last(), "BeginTransaction()");
-    before.Compare();
+    before.CheckUnchanged();
 }
 
-/// How a save comes to be refused.
-struct Refusal
-{
-    const char* name;
-    void (*prepare)(SaveFixture& fixture);
-    QString saveAs;
-    std::vector<RecordedBox> boxes;
-    /// The step before the rollback.
-    QString lastStep;
-};
-
-static const std::vector<Refusal>& Refusals()
+static const std::vector<SaveRefusal>& Refusals()
 {
     const auto edit = [](SaveFixture& fixture) { fixture.EditConnection("Alpha"); };
     const RecordedBox unknown = RecordedBox::Error(UnknownError);
-    static const std::vector<Refusal> refusals{
+    static const std::vector<SaveRefusal> refusals{
         {"no name", edit, "  ", {RecordedBox::Plain(NoSaving)}, "CheckTargetSyntax"},
         {"target is refused",
          [](SaveFixture& fixture) {
@@ -157,7 +108,7 @@ static const std::vector<Refusal>& Refusals()
              fixture.Component.Fail("NodeNameExist");
          },
          "Omega",
-         {unknown, RecordedBox::Plain("Failure in database search.")},
+         {unknown, RecordedBox::Plain(SearchFailure)},
          "NodeNameExist"},
         {"a node has the name",
          edit,
@@ -177,7 +128,7 @@ static const std::vector<Refusal>& Refusals()
              fixture.Component.Fail("GetParentID");
          },
          "Omega",
-         {unknown, RecordedBox::Plain(Prevented)},
+         {unknown, RecordedBox::Plain(Prevented("connection"))},
          "GetParentID"},
         {"change fails",
          [](SaveFixture& fixture) {
@@ -201,26 +152,21 @@ static const std::vector<Refusal>& Refusals()
 
 void TestConnectionSaveRefusals::Refusal_TellsWhyAndLeavesNothing_data()
 {
-    QTest::addColumn<int>("row");
-    for (size_t row = 0; row < Refusals().size(); ++row)
-        QTest::newRow(Refusals()[row].name) << static_cast<int>(row);
+    RefusalRows(Refusals());
 }
 
 void TestConnectionSaveRefusals::Refusal_TellsWhyAndLeavesNothing()
 {
     QFETCH(int, row);
-    const Refusal& refusal = Refusals()[static_cast<size_t>(row)];
+    const SaveRefusal& refusal = Refusals()[static_cast<size_t>(row)];
     SaveFixture fixture;
     refusal.prepare(fixture);
-    const Before before(fixture);
+    const BeforeSave before(fixture);
 
     QVERIFY(!fixture.Save(refusal.saveAs));
 
-    QCOMPARE(fixture.Operator.Boxes, refusal.boxes);
-    const QStringList steps = fixture.Steps();
-    QCOMPARE(steps.mid(steps.size() - 2), QStringList(2, "Rollback"));
-    QVERIFY2(steps[steps.size() - 3].startsWith(refusal.lastStep + '('), qPrintable(steps.join('\n')));
-    before.Compare();
+    CheckRefusal(fixture, refusal);
+    before.CheckUnchanged();
 }
 
 void TestConnectionSaveRefusals::Refusal_EarlierStepComesFirst()
@@ -247,13 +193,13 @@ void TestConnectionSaveRefusals::Rollback_FailsBeforeTheQuestion_AsksNothing()
     SaveFixture fixture;
     fixture.AddConnection();
     fixture.Con().ConName = "Beta";
-    const Before before(fixture);
+    const BeforeSave before(fixture);
     fixture.Component.FailTimes("RollbackTransaction", 1);
 
     QVERIFY(!fixture.Save("Beta"));
 
     QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Error(RolledBack)});
-    before.Compare();
+    before.CheckUnchanged();
 }
 
 void TestConnectionSaveRefusals::NewConnection_RoutineFails_KeepsWhatWasDone()
@@ -293,7 +239,7 @@ void TestConnectionSaveRefusals::Commit_Fails_IsTold()
 {
     SaveFixture fixture;
     fixture.EditConnection("Alpha");
-    const Before before(fixture);
+    const BeforeSave before(fixture);
     fixture.Component.BeforeCall = [&](const QString& call) {
         if (call == "CommitTransaction(1)" && fixture.Component.Store.Levels() == 1)
             fixture.Component.FailTimes("CommitTransaction", 1);
@@ -301,10 +247,9 @@ void TestConnectionSaveRefusals::Commit_Fails_IsTold()
 
     QVERIFY(!fixture.Save("Omega"));
 
-    QCOMPARE(fixture.Operator.Boxes,
-             std::vector{RecordedBox::Error("Failure to commit database operations.")});
+    QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Error(CommitFailure)});
     QCOMPARE(fixture.Component.Calls.last(), "RollbackTransaction()");
-    before.Compare();
+    before.CheckUnchanged();
 }
 
 static void ChangesElsewhere()
@@ -337,13 +282,13 @@ void TestConnectionSaveRefusals::ChangedElsewhere_IsPrevented()
         SaveFixture fixture;
         fixture.EditConnection("Alpha");
         Change(fixture, change, "Alpha");
-        const Before before(fixture);
+        const BeforeSave before(fixture);
 
         QVERIFY(!fixture.Save(name));
 
-        QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Plain(Prevented)});
+        QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Plain(Prevented("connection"))});
         QVERIFY(fixture.Component.Count("ReplaceParentTarget") == 0);
-        before.Compare();
+        before.CheckUnchanged();
     }
 }
 
@@ -370,8 +315,9 @@ void TestConnectionSaveRefusals::ChangedElsewhere_WhileTheQuestionStands_IsPreve
     QVERIFY(!fixture.Save("Beta"));
 
     QCOMPARE(fixture.Operator.Texts(),
-             (QStringList{"Connection Beta exists in database. Do you want to replace it ?", Prevented}));
-    QCOMPARE(fixture.Operator.Boxes.back(), RecordedBox::Plain(Prevented));
+             (QStringList{"Connection Beta exists in database. Do you want to replace it ?",
+                          Prevented("connection")}));
+    QCOMPARE(fixture.Operator.Boxes.back(), RecordedBox::Plain(Prevented("connection")));
     QCOMPARE(fixture.Records(), records);
     QCOMPARE(fixture.Flags(), flags);
     QCOMPARE(fixture.Component.Count("ReplaceParentTarget"), 0);
