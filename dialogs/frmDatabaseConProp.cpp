@@ -4,9 +4,7 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "dialogs/DialogState.h"
-#if __has_include("dialogs/frmWpProp.h")
 #include "dialogs/frmWpProp.h"
-#endif
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "model/ConData.h"
 #include "model/ItemList.h"
@@ -285,10 +283,8 @@ void frmDatabaseConProp::cmdProperties_Click()
 
 void frmDatabaseConProp::ShowWaypoint()
 {
-#if __has_include("dialogs/frmWpProp.h")
     frmWpProp form(m_con, this);
     form.exec();
-#endif
 }
 
 // Buttons -------------------------------------------------------------------------------------------------
