@@ -231,9 +231,13 @@ void NodeSaving::TakeRecord(qint32 position)
 {
     m_con.NodeName = m_request.name;
     m_con.SelectedTreeNodeIndex = position;
-    TreeEntries::Index entry = 0;
-    if (FindTreeEntry(m_request.name, *m_con.NodesTree, entry, true))
-        m_con.NodeDbID = m_con.NodesTree->Id(entry);
+    for (const TreeEntries* tree : {m_con.NodesTree, m_con.ConTree}) {
+        TreeEntries::Index entry = 0;
+        if (!FindTreeEntry(m_request.name, *tree, entry, true))
+            continue;
+        m_con.NodeDbID = tree->Id(entry);
+        return;
+    }
 }
 
 } // namespace

@@ -1,23 +1,12 @@
 #include "model/TreeEntries.h"
 
+#include "model/TreeChanges.h"
+#include "model/TreeEntriesStore.h"
 #include "model/TreeKey.h"
-#include "model/TreeSearch.h"
-#include "model/TreeSiblings.h"
-#include "model/TreeStore.h"
 
 #include <algorithm>
 #include <limits>
 #include <unordered_set>
-
-/// What Clear begins anew.
-class TreeEntries::Store
-{
-public:
-    Store() : siblings(entries) {}
-
-    TreeStore entries;
-    TreeSiblings siblings;
-};
 
 TreeEntries::TreeEntries(QObject* parent) : TreeRows(parent), m_store(std::make_unique<Store>()) {}
 
@@ -46,6 +35,8 @@ TreeEntries::Index TreeEntries::AddOne(Index parent, const TreeKey& key, QString
     beginInsertRows(ModelIndex(parent), position, position);
     const quint32 entry = entries.Create(owner, key, text);
     siblings.Insert(owner, position, entry);
+    if (TreeChanges* changes = Recorder())
+        changes->NoteAdded(entry, 1);
     endInsertRows();
     return Index(entry);
 }
@@ -95,6 +86,8 @@ int TreeEntries::AddBatch(Index parent, char kind, std::span<const NewTreeEntry>
     for (const NewTreeEntry& entry : added)
         handles.push_back(m_store->entries.Create(owner, {kind, entry.id, conId}, entry.text));
     m_store->siblings.Append(owner, handles);
+    if (TreeChanges* changes = Recorder())
+        changes->NoteAdded(handles.front(), int(handles.size()));
     endInsertRows();
     return int(added.size());
 }
@@ -104,12 +97,20 @@ bool TreeEntries::Remove(Index entry)
     if (!Exists(entry))
         return false;
     const quint32 handle = quint32(entry);
-    const int row = m_store->siblings.PositionOf(handle);
-    beginRemoveRows(IndexOf(m_store->entries[handle].parent), row, row);
-    m_store->siblings.Remove(handle);
-    DestroyBelow({handle});
-    endRemoveRows();
+    RemoveRange(m_store->entries[handle].parent, m_store->siblings.PositionOf(handle), 1);
     return true;
+}
+
+void TreeEntries::RemoveRange(quint32 owner, int first, int count)
+{
+    beginRemoveRows(IndexOf(owner), first, first + count - 1);
+    std::vector<quint32> entries;
+    for (int position = first; position < first + count; ++position)
+        entries.push_back(m_store->siblings.At(owner, position));
+    for (const quint32 entry : entries)
+        m_store->siblings.Remove(entry);
+    DestroyBelow(std::move(entries), owner, first);
+    endRemoveRows();
 }
 
 void TreeEntries::RemoveChildren(Index entry)
@@ -121,13 +122,18 @@ void TreeEntries::RemoveChildren(Index entry)
     std::vector<quint32> children;
     m_store->siblings.CopyTo(quint32(entry), children);
     m_store->siblings.RemoveAll(quint32(entry));
-    DestroyBelow(std::move(children));
+    DestroyBelow(std::move(children), quint32(entry), 0);
     endRemoveRows();
 }
 
-/// Destroys entries that stand nowhere any more, with all below them.
-void TreeEntries::DestroyBelow(std::vector<quint32> entries)
+/// Destroys entries that stand nowhere any more, with all below them; they were the children of `owner` from
+/// `position` on.
+void TreeEntries::DestroyBelow(std::vector<quint32> entries, quint32 owner, int position)
 {
+    if (TreeChanges* changes = Recorder()) {
+        changes->TakeBelow(owner, position, std::move(entries));
+        return;
+    }
     while (!entries.empty()) {
         const quint32 entry = entries.back();
         entries.pop_back();
@@ -139,6 +145,8 @@ void TreeEntries::DestroyBelow(std::vector<quint32> entries)
 
 void TreeEntries::Clear()
 {
+    if (m_changes)
+        m_changes->NoteCleared();
     beginResetModel();
     m_store = std::make_unique<Store>();
     endResetModel();
@@ -222,6 +230,8 @@ bool TreeEntries::SetKey(Index entry, const QString& key)
         return false;
     if (m_store->entries[quint32(entry)].Key().Format() == key)
         return true;
+    if (TreeChanges* changes = Recorder())
+        changes->NoteKey(quint32(entry));
     m_store->entries.SetKey(quint32(entry), *parsed);
     TellChange(entry);
     return true;
@@ -231,37 +241,59 @@ void TreeEntries::SetText(Index entry, const QString& text)
 {
     if (!Exists(entry) || Text(entry) == text)
         return;
+    const quint32 handle = quint32(entry);
+    const quint32 owner = m_store->entries[handle].parent;
+    const int row = m_store->siblings.PositionOf(handle);
+    int position = row;
+    if (m_store->entries[owner].sorted) {
+        // The place counts the entry itself where it stands before.
+        const int place = m_store->siblings.LowerBound(owner, QStringView(text), handle);
+        position = place > row ? place - 1 : place;
+    }
+    ChangeText(handle, text, position);
+}
+
+/// Changes the text of an entry, which then stands at `position`.
+void TreeEntries::ChangeText(quint32 entry, const QString& text, int position)
+{
     TreeStore& entries = m_store->entries;
     TreeSiblings& siblings = m_store->siblings;
-    const quint32 handle = quint32(entry);
-    const quint32 owner = entries[handle].parent;
-    const int row = siblings.PositionOf(handle);
-    const int place = entries[owner].sorted ? siblings.LowerBound(owner, QStringView(text), handle) : row;
-    if (place == row || place == row + 1) {
+    const quint32 owner = entries[entry].parent;
+    const int row = siblings.PositionOf(entry);
+    if (position == row) {
+        if (TreeChanges* changes = Recorder())
+            changes->NoteText(entry);
         if (!entries[owner].sorted)
             siblings.LimitSortedHead(owner, row);
-        entries.SetText(handle, text);
+        entries.SetText(entry, text);
     } else {
         const QModelIndex parentIndex = IndexOf(owner);
-        beginMoveRows(parentIndex, row, row, parentIndex, place);
-        siblings.Remove(handle);
-        entries.SetText(handle, text);
-        siblings.Insert(owner, place > row ? place - 1 : place, handle);
+        beginMoveRows(parentIndex, row, row, parentIndex, position > row ? position + 1 : position);
+        if (TreeChanges* changes = Recorder())
+            changes->NoteText(entry);
+        siblings.Remove(entry);
+        entries.SetText(entry, text);
+        siblings.Insert(owner, position, entry);
         endMoveRows();
     }
-    TellChange(entry);
+    TellChange(Index(entry));
 }
 
 void TreeEntries::SetTag(Index entry, const QString& tag)
 {
-    if (Exists(entry))
-        m_store->entries.SetTag(quint32(entry), tag);
+    if (!Exists(entry) || m_store->entries.Tag(quint32(entry)) == tag)
+        return;
+    if (TreeChanges* changes = Recorder())
+        changes->NoteTag(quint32(entry));
+    m_store->entries.SetTag(quint32(entry), tag);
 }
 
 void TreeEntries::SetExpanded(Index entry, bool expanded)
 {
     if (!Exists(entry) || Expanded(entry) == expanded)
         return;
+    if (TreeChanges* changes = Recorder())
+        changes->NoteExpanded(quint32(entry));
     m_store->siblings.SetExpanded(quint32(entry), expanded);
     // Receivers may remove the entry.
     const QPersistentModelIndex index = ModelIndex(entry);
@@ -281,13 +313,28 @@ void TreeEntries::SetSorted(Index entry, bool sorted)
         return;
     TreeSiblings& siblings = m_store->siblings;
     const quint32 owner = quint32(entry);
-    m_store->entries[owner].sorted = sorted;
-    if (!sorted || siblings.SortedHead(owner) == siblings.Count(owner))
+    const bool sorts = sorted && siblings.SortedHead(owner) != siblings.Count(owner);
+    if (!sorts && m_store->entries[owner].sorted == sorted)
         return;
+    const auto change = [&] {
+        if (TreeChanges* changes = Recorder())
+            changes->NoteSorted(owner, sorts);
+        m_store->entries[owner].sorted = sorted;
+        if (sorts)
+            siblings.Sort(owner);
+    };
+    if (sorts)
+        Rearrange(owner, change);
+    else
+        change();
+}
 
-    const QList<QPersistentModelIndex> parents = {QPersistentModelIndex(ModelIndex(entry))};
+/// Lets `change` put the children of an entry into another order.
+void TreeEntries::Rearrange(quint32 owner, const std::function<void()>& change)
+{
+    const QList<QPersistentModelIndex> parents = {QPersistentModelIndex(IndexOf(owner))};
     Q_EMIT layoutAboutToBeChanged(parents, VerticalSortHint);
-    siblings.Sort(owner);
+    change();
     const QModelIndexList held = persistentIndexList();
     for (const QModelIndex& index : held) {
         const quint32 child = quint32(EntryOf(index));
@@ -295,6 +342,11 @@ void TreeEntries::SetSorted(Index entry, bool sorted)
             changePersistentIndex(index, IndexOf(child));
     }
     Q_EMIT layoutChanged(parents, VerticalSortHint);
+}
+
+TreeChanges* TreeEntries::Recorder() const
+{
+    return m_changes && m_changes->IsRecording() ? m_changes : nullptr;
 }
 
 void TreeEntries::TellChange(Index entry)
@@ -384,117 +436,4 @@ TreeEntries::Index TreeEntries::EntryOf(const QModelIndex& index)
 qint64 TreeEntries::MemoryBytes() const
 {
     return qint64(sizeof(Store)) + m_store->entries.Bytes() + m_store->siblings.Bytes();
-}
-
-// QAbstractItemModel ------------------------------------------------------------------------------------
-
-QModelIndex TreeEntries::index(int row, int column, const QModelIndex& parent) const
-{
-    if (column != 0 || (parent.isValid() && parent.column() != 0))
-        return {};
-    const Index child = Child(EntryOf(parent), row);
-    return child != 0 ? createIndex(row, 0, quintptr(child)) : QModelIndex();
-}
-
-QModelIndex TreeEntries::parent(const QModelIndex& child) const
-{
-    return ModelIndex(Parent(EntryOf(child)));
-}
-
-int TreeEntries::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() && parent.column() != 0 ? 0 : ChildCount(EntryOf(parent));
-}
-
-int TreeEntries::columnCount(const QModelIndex& parent) const
-{
-    Q_UNUSED(parent)
-    return 1;
-}
-
-QVariant TreeEntries::data(const QModelIndex& index, int role) const
-{
-    const Index entry = EntryOf(index);
-    if (!Exists(entry))
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return Text(entry);
-    case KeyRole:
-        return Key(entry);
-    case KindRole:
-        return Kind(entry);
-    case IndexRole:
-        return entry;
-    default:
-        return {};
-    }
-}
-
-Qt::ItemFlags TreeEntries::flags(const QModelIndex& index) const
-{
-    return Exists(EntryOf(index)) ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
-}
-
-// TreeRows ----------------------------------------------------------------------------------------------
-
-int TreeEntries::VisibleRowCount() const
-{
-    return m_store->siblings.Rows(0);
-}
-
-QModelIndex TreeEntries::IndexAtVisibleRow(int row) const
-{
-    if (row < 0 || row >= VisibleRowCount())
-        return {};
-    TreeSiblings::Row place = m_store->siblings.AtRow(0, row);
-    while (place.offset != 0)
-        place = m_store->siblings.AtRow(place.entry, place.offset - 1);
-    return createIndex(place.position, 0, quintptr(place.entry));
-}
-
-int TreeEntries::VisibleRowOf(const QModelIndex& index) const
-{
-    const Index entry = EntryOf(index);
-    if (!Exists(entry))
-        return -1;
-    quint32 handle = quint32(entry);
-    int row = m_store->siblings.RowsBefore(handle);
-    for (quint32 above = m_store->entries[handle].parent; above != 0;
-         above = m_store->entries[above].parent) {
-        if (!m_store->entries[above].expanded)
-            return -1;
-        row += m_store->siblings.RowsBefore(above) + 1;
-    }
-    return row;
-}
-
-int TreeEntries::DepthOf(const QModelIndex& index) const
-{
-    int depth = 0;
-    for (Index entry = Parent(EntryOf(index)); entry != 0; entry = Parent(entry))
-        ++depth;
-    return depth;
-}
-
-bool TreeEntries::IsExpanded(const QModelIndex& index) const
-{
-    return Expanded(EntryOf(index));
-}
-
-void TreeEntries::SetExpanded(const QModelIndex& index, bool expanded)
-{
-    SetExpanded(EntryOf(index), expanded);
-}
-
-QModelIndex TreeEntries::FindVisibleByPrefix(const QModelIndex& from, const QString& prefix) const
-{
-    // From an entry that cannot be seen the search starts at the one above it that can.
-    Index start = Exists(EntryOf(from)) ? EntryOf(from) : 0;
-    for (Index above = Parent(start); above != 0; above = Parent(above)) {
-        if (!Expanded(above))
-            start = above;
-    }
-    return ModelIndex(
-        Index(FindTreePrefix(m_store->entries, m_store->siblings, quint32(start), QStringView(prefix))));
 }

@@ -5,10 +5,12 @@
 #include <QString>
 #include <QStringView>
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
 
+class TreeChanges;
 struct TreeKey;
 
 /// One new entry of a batch: id of the record and its name.
@@ -131,14 +133,21 @@ public:
     [[nodiscard]] qint64 MemoryBytes() const;
 
 private:
+    friend class TreeChanges;
     class Store;
 
     int AddBatch(Index parent, char kind, std::span<const NewTreeEntry> entries, qint32 conId);
     Index AddOne(Index parent, const TreeKey& key, QStringView text);
-    void DestroyBelow(std::vector<quint32> entries);
+    void RemoveRange(quint32 owner, int first, int count);
+    void DestroyBelow(std::vector<quint32> entries, quint32 owner, int position);
+    void ChangeText(quint32 entry, const QString& text, int position);
+    void Rearrange(quint32 owner, const std::function<void()>& change);
+    [[nodiscard]] TreeChanges* Recorder() const;
     [[nodiscard]] QModelIndex IndexOf(quint32 entry) const;
     [[nodiscard]] bool StandsBefore(quint32 left, quint32 right) const;
     void TellChange(Index entry);
 
     std::unique_ptr<Store> m_store;
+    /// Notes the changes, when there is one; not owned.
+    TreeChanges* m_changes = nullptr;
 };

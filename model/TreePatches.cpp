@@ -1,13 +1,28 @@
 #include "model/TreePatches.h"
 
-class TreePatches::Recording
+#include "model/TreeChanges.h"
+
+TreePatches::TreePatches(std::initializer_list<TreeEntries*> trees)
 {
-};
+    for (TreeEntries* tree : trees) {
+        if (tree)
+            m_changes.push_back(std::make_unique<TreeChanges>(*tree));
+    }
+}
 
-TreePatches::TreePatches(std::initializer_list<TreeEntries*>) {}
+TreePatches::~TreePatches()
+{
+    Undo();
+}
 
-TreePatches::~TreePatches() = default;
+void TreePatches::Keep()
+{
+    for (const std::unique_ptr<TreeChanges>& changes : m_changes)
+        changes->Keep();
+}
 
-void TreePatches::Keep() {}
-
-void TreePatches::Undo() {}
+void TreePatches::Undo()
+{
+    for (const std::unique_ptr<TreeChanges>& changes : m_changes)
+        changes->Undo();
+}

@@ -2,19 +2,20 @@
 
 #include "model/TreeEntries.h"
 
-#include <QPointer>
-
 #include <initializer_list>
 #include <memory>
 #include <vector>
+
+class TreeChanges;
 
 /// Remembers what is done to trees, so that it can be undone together with the transaction that it belongs
 /// to.
 ///
 /// From its construction on, each entry added, removed, moved or changed is noted; Undo brings the trees back
 /// to what they were, removed entries under the handles that they had. What was not kept is undone at the
-/// end. A tree that is cleared meanwhile is left as it is. One at a time for each tree; an inner one counts
-/// as part of the outer one. Memory: as much as the entries that were removed.
+/// end. A tree that is cleared meanwhile is left as it is, until Keep. One at a time for each tree: what
+/// happens under an inner one is kept or undone by the outer one. Cost and memory: that of the changes, and
+/// of the entries that were removed.
 class TreePatches
 {
 public:
@@ -30,6 +31,5 @@ public:
     void Undo();
 
 private:
-    class Recording;
-    std::vector<std::unique_ptr<Recording>> m_recordings;
+    std::vector<std::unique_ptr<TreeChanges>> m_changes;
 };

@@ -121,10 +121,12 @@ int TreeSiblings::NextOpen(NodeId node, int base, int from) const
     return -1;
 }
 
-void TreeSiblings::CopyTo(Handle owner, std::vector<Handle>& handles) const
+void TreeSiblings::CopyTo(Handle owner, std::vector<Handle>& handles, int from) const
 {
-    for (NodeId leaf = FirstLeaf(m_entries[owner].children); leaf != 0; leaf = NextLeaf(leaf)) {
-        const std::span<quint32> items = Items(leaf);
+    if (from >= Count(owner))
+        return;
+    for (Place place = PlaceOf(owner, from); place.leaf != 0; place = {NextLeaf(place.leaf), 0}) {
+        const std::span<quint32> items = Items(place.leaf).subspan(size_t(place.slot));
         handles.insert(handles.end(), items.begin(), items.end());
     }
 }
@@ -341,11 +343,7 @@ void TreeSiblings::Sort(Handle owner)
         return;
     std::vector<Handle> tail;
     tail.reserve(size_t(count - head));
-    Place place = PlaceOf(owner, head);
-    for (; place.leaf != 0; place = {NextLeaf(place.leaf), 0}) {
-        const std::span<quint32> items = Items(place.leaf).subspan(size_t(place.slot));
-        tail.insert(tail.end(), items.begin(), items.end());
-    }
+    CopyTo(owner, tail, head);
     SortTreeEntries(m_entries, tail);
 
     const Handle last = At(owner, head - 1);

@@ -38,8 +38,8 @@ public:
     /// Position of the first entry at `from` or behind it that shows more than one row; -1: none.
     [[nodiscard]] int NextOpen(Handle owner, int from) const;
 
-    /// Puts all children behind what `handles` holds.
-    void CopyTo(Handle owner, std::vector<Handle>& handles) const;
+    /// Puts the children from a position on behind what `handles` holds.
+    void CopyTo(Handle owner, std::vector<Handle>& handles, int from = 0) const;
 
     [[nodiscard]] int SortedHead(Handle owner) const;
     /// To be told when the text of the entry at position `head` changes where it stands.

@@ -47,8 +47,6 @@ TreeStore::Handle TreeStore::Create(Handle parent, const TreeKey& key, QStringVi
     const Handle handle = m_next++;
     if (handle / PageSize == m_pages.size())
         m_pages.push_back({std::make_unique<TreeEntry[]>(PageSize), 0});
-    ++m_pages[handle / PageSize].used;
-    ++m_count;
 
     TreeEntry& entry = (*this)[handle];
     entry.parent = parent;
@@ -56,16 +54,36 @@ TreeStore::Handle TreeStore::Create(Handle parent, const TreeKey& key, QStringVi
     entry.id = key.id;
     entry.second = key.second;
     entry.text = TreeText(text);
+    Enter(handle);
+    return handle;
+}
+
+void TreeStore::Enter(Handle handle)
+{
+    ++m_pages[handle / PageSize].used;
+    ++m_count;
+    TreeEntry& entry = (*this)[handle];
     entry.textHash = entry.text.View().FoldedHash();
     m_textBytes += TextBytes(entry.text);
     m_byKey.Insert(handle);
     m_byText.Insert(handle);
-    if (key.id < 0)
-        m_continued.insert({parent, handle});
-    return handle;
+    if (entry.id < 0)
+        m_continued.insert({entry.parent, handle});
 }
 
-void TreeStore::Destroy(Handle handle)
+void TreeStore::Restore(Handle handle, TreeEntry&& entry)
+{
+    Page& page = m_pages[handle / PageSize];
+    if (!page.entries)
+        page.entries = std::make_unique<TreeEntry[]>(PageSize);
+    TreeEntry& restored = (*this)[handle];
+    restored = std::move(entry);
+    restored.leaf = 0;
+    restored.children = 0;
+    Enter(handle);
+}
+
+TreeEntry TreeStore::Take(Handle handle)
 {
     TreeEntry& entry = (*this)[handle];
     m_byKey.Remove(handle);
@@ -74,7 +92,7 @@ void TreeStore::Destroy(Handle handle)
         m_continued.erase({entry.parent, handle});
     m_tags.erase(handle);
     m_textBytes -= TextBytes(entry.text);
-    entry = TreeEntry();
+    TreeEntry taken = std::exchange(entry, TreeEntry());
     --m_count;
 
     Page& page = m_pages[handle / PageSize];
@@ -82,6 +100,7 @@ void TreeStore::Destroy(Handle handle)
     const bool stillFilling = m_next / PageSize == handle / PageSize;
     if (--page.used == 0 && !stillFilling)
         page.entries.reset();
+    return taken;
 }
 
 TreeStore::Handle TreeStore::FindKey(const TreeKey& key) const

@@ -66,7 +66,11 @@ public:
     [[nodiscard]] bool HasRoom(qsizetype count) const;
     /// The key must be valid and free, and there must be room.
     Handle Create(Handle parent, const TreeKey& key, QStringView text);
-    void Destroy(Handle handle);
+    void Destroy(Handle handle) { Take(handle); }
+    /// Destroys an entry and gives what it was.
+    TreeEntry Take(Handle handle);
+    /// Brings an entry back that was taken; it has no children and stands nowhere. Its key must be free.
+    void Restore(Handle handle, TreeEntry&& entry);
 
     /// 0 when no entry has the key; the continuation mark does not matter.
     [[nodiscard]] Handle FindKey(const TreeKey& key) const;
@@ -112,6 +116,9 @@ private:
         static quint32& Next(TreeEntry& entry) { return entry.textNext; }
         static quint32& Previous(TreeEntry& entry) { return entry.textPrevious; }
     };
+
+    /// Counts and indexes an entry.
+    void Enter(Handle handle);
 
     std::vector<Page> m_pages;
     Handle m_next = 1;

@@ -46,12 +46,12 @@ struct HeldBox
     QString title;
 };
 
-/// Scopes that hold boxes back, and what they hold.
-int holders = 0;
+/// Scopes of the thread that hold boxes back, and what they hold.
+thread_local int holders = 0;
 
 std::vector<HeldBox>& Held()
 {
-    static std::vector<HeldBox> boxes;
+    thread_local std::vector<HeldBox> boxes;
     return boxes;
 }
 

@@ -17,6 +17,7 @@ public:
     void SetBusyTimeout(int ms) { m_store.SetBusyTimeout(ms); }
     /// Statements sent to the database engine so far: what a caller's action costs.
     [[nodiscard]] qint64 StatementCount() const { return m_store.StatementCount(); }
+    [[nodiscard]] bool InTransaction() const { return m_store.InTransaction(); }
 
     void OpenDatabase() override;
     void CloseDatabase() override;

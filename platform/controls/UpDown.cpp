@@ -13,8 +13,7 @@ UpDown::UpDown(QWidget* parent) : QWidget(parent)
         button->setArrowType(arrow);
         button->setAutoRepeat(true);
         button->setFocusPolicy(Qt::NoFocus);
-        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-        button->setFixedWidth(18);
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
         button->setAccessibleName(name);
         connect(button, &QToolButton::clicked, this, [this, by] {
             Step(by);

@@ -2,8 +2,8 @@
 #include "platform/IndexError.h"
 #include "platform/MachineSeams.h"
 #include "tests/model/ScriptedModelDatabase.h"
+#include "tests/support/CheckedTree.h"
 
-#include <QAbstractItemModelTester>
 #include <QTest>
 
 class TestTreeFilling : public QObject
@@ -53,35 +53,6 @@ private Q_SLOTS:
     void SetConDataFromNode_Entry_GivesIdAndName();
     void SetNodeDataFromNode_Entry_GivesIdAndName();
 };
-
-/// A tree whose model rules are checked at each change.
-class CheckedTree : public TreeEntries
-{
-public:
-    CheckedTree() : m_tester(this, QAbstractItemModelTester::FailureReportingMode::QtTest) {}
-
-    /// Root "Connections", connections 1 "Alpha" and 2 "Beta".
-    Index FillWithTwoConnections()
-    {
-        const Index root = Add(0, "R,0", "Connections");
-        SetSorted(root, true);
-        const Index alpha = Add(root, "C,1", "Alpha");
-        Add(root, "C,2", "Beta");
-        return alpha;
-    }
-
-private:
-    QAbstractItemModelTester m_tester;
-};
-
-/// "key text" of each child in display order.
-static QStringList Children(const TreeEntries& tree, TreeEntries::Index parent)
-{
-    QStringList children;
-    for (int i = 0; i < tree.ChildCount(parent); ++i)
-        children << tree.Key(tree.Child(parent, i)) + u' ' + tree.Text(tree.Child(parent, i));
-    return children;
-}
 
 static PairTable Rows(int count)
 {
@@ -147,7 +118,7 @@ void TestTreeFilling::DeleteTreeEntry_Connection_GoesWithItsChildren()
 
     QVERIFY(DeleteTreeEntry("alpha", tree, false));
 
-    QCOMPARE(Children(tree, 1), QStringList{"C,2 Beta"});
+    QCOMPARE(tree.Children(1), QStringList{"C,2 Beta"});
     QCOMPARE(tree.FindByKey("N,7"), 0);
     QCOMPARE(tree.Count(), 2);
     QVERIFY(RemoveTreeEntry("Beta", tree, false));
@@ -172,7 +143,7 @@ void TestTreeFilling::AddTreeEntry_UnderTheRoot_IsSortedIn()
     const TreeEntries::Index entry = AddTreeEntry(tree, "R,0", TreeChild, "C,3", "apple");
 
     QVERIFY(entry != 0);
-    QCOMPARE(Children(tree, 1), (QStringList{"C,1 Alpha", "C,3 apple", "C,2 Beta"}));
+    QCOMPARE(tree.Children(1), (QStringList{"C,1 Alpha", "C,3 apple", "C,2 Beta"}));
 }
 
 void TestTreeFilling::AddTreeEntry_Impossible_GivesNoEntry_data()
@@ -218,16 +189,16 @@ void TestTreeFilling::FindContinueMark_Children()
     const TreeEntries::Index alpha = tree.FillWithTwoConnections();
     for (const QString& key : std::as_const(keys))
         QVERIFY(tree.Add(alpha, key, "x") != 0);
-    const QStringList before = Children(tree, alpha);
+    const QStringList before = tree.Children(alpha);
     qint32 found = 99;
 
     FindContinueMark(tree, alpha, found, false);
     QCOMPARE(found, position);
-    QCOMPARE(Children(tree, alpha), before);
+    QCOMPARE(tree.Children(alpha), before);
 
     FindContinueMark(tree, alpha, found, true);
     QCOMPARE(found, position);
-    QCOMPARE(Children(tree, alpha), restored);
+    QCOMPARE(tree.Children(alpha), restored);
 
     FixUnknownChildKey(tree, alpha, found, false);
     QCOMPARE(found, 0);
@@ -243,7 +214,7 @@ void TestTreeFilling::FillConnectionTree_WithRoot_ReplacesAndSorts()
     QCOMPARE(tree.Count(), 4);
     QCOMPARE(tree.Key(1), QStringLiteral("R,0"));
     QCOMPARE(tree.Text(1), QStringLiteral("Connections"));
-    QCOMPARE(Children(tree, 1), (QStringList{"C,9 alpha", "C,7 beta", "C,8 Gamma"}));
+    QCOMPARE(tree.Children(1), (QStringList{"C,9 alpha", "C,7 beta", "C,8 Gamma"}));
     QVERIFY(tree.Sorted(1));
     QVERIFY(tree.Expanded(1));
 }
@@ -257,7 +228,7 @@ void TestTreeFilling::FillConnectionTree_WithoutRoot_AddsToWhatIsThere()
 
     FillConnectionTree("Connections", "C", 1, {{"Aaa", "7"}}, tree, false);
 
-    QCOMPARE(Children(tree, 1), (QStringList{"C,1 Alpha", "C,2 Beta", "C,7 Aaa"}));
+    QCOMPARE(tree.Children(1), (QStringList{"C,1 Alpha", "C,2 Beta", "C,7 Aaa"}));
     QVERIFY(!tree.Sorted(1));
     QVERIFY(!tree.Expanded(1));
 }
@@ -282,7 +253,7 @@ void TestTreeFilling::FillConnectionTree_AnyPrefix_MakesTheKey()
 
     FillConnectionTree("Root", prefix, 1, {{"x", "7"}}, tree, true);
 
-    QCOMPARE(Children(tree, 1), QStringList{child});
+    QCOMPARE(tree.Children(1), QStringList{child});
 }
 
 void TestTreeFilling::FillConnectionTree_Count_LimitsTheRows_data()
@@ -386,7 +357,7 @@ void TestTreeFilling::AddWaypointEntries_Target_GivesHopsInOrder()
 
     QVERIFY(AddWaypointEntries(list, tree, alpha, "1"));
 
-    QCOMPARE(Children(tree, alpha), (QStringList{"W,1,1 T4 Network", "W,1,2 T4 Bus", "W,1,3 Options"}));
+    QCOMPARE(tree.Children(alpha), (QStringList{"W,1,1 T4 Network", "W,1,2 T4 Bus", "W,1,3 Options"}));
     QCOMPARE(tree.Tag(alpha), list);
     QVERIFY(tree.Expanded(alpha));
     QCOMPARE(database.Calls,
@@ -401,7 +372,7 @@ void TestTreeFilling::AddWaypointEntries_NoLongName_TakesShortName()
 
     QVERIFY(AddWaypointEntries("1\t1\tWP\tODD", tree, alpha, "1"));
 
-    QCOMPARE(Children(tree, alpha), QStringList{"W,1,1 ODD"});
+    QCOMPARE(tree.Children(alpha), QStringList{"W,1,1 ODD"});
 }
 
 void TestTreeFilling::AddWaypointEntries_BehindNodes_StayInHopOrder()
@@ -414,7 +385,7 @@ void TestTreeFilling::AddWaypointEntries_BehindNodes_StayInHopOrder()
 
     QVERIFY(AddWaypointEntries("2\t1\tWP\tZ\t1\tWP\tA", tree, alpha, "1"));
 
-    QCOMPARE(Children(tree, alpha), (QStringList{"W,1,1 Z", "W,1,2 A"}));
+    QCOMPARE(tree.Children(alpha), (QStringList{"W,1,1 Z", "W,1,2 A"}));
 }
 
 void TestTreeFilling::AddWaypointEntries_NoHops_AddNothing_data()
@@ -468,7 +439,7 @@ void TestTreeFilling::AddNodeEntries_Nodes_AreSortedUnderTheConnection()
 
     QVERIFY(AddNodeEntries("beta\t8\tAlpha\t7\tgamma\t9", tree, alpha, "1"));
 
-    QCOMPARE(Children(tree, alpha), (QStringList{"N,7,1 Alpha", "N,8,1 beta", "N,9,1 gamma"}));
+    QCOMPARE(tree.Children(alpha), (QStringList{"N,7,1 Alpha", "N,8,1 beta", "N,9,1 gamma"}));
     QCOMPARE(tree.Tag(alpha), QStringLiteral("Nodes"));
     QVERIFY(tree.Sorted(alpha));
     QVERIFY(tree.Expanded(alpha));
@@ -506,11 +477,11 @@ void TestTreeFilling::RefillConEntry_View_ReadsNodesOrWaypoints()
     const TreeEntries::Index alpha = tree.FillWithTwoConnections();
 
     QVERIFY(RefillConEntry(tree, alpha, viewNodes));
-    QCOMPARE(Children(tree, alpha), children);
+    QCOMPARE(tree.Children(alpha), children);
 
     tree.RemoveChildren(alpha);
     QVERIFY(FillChildEntries(tree, alpha, viewNodes));
-    QCOMPARE(Children(tree, alpha), children);
+    QCOMPARE(tree.Children(alpha), children);
 }
 
 void TestTreeFilling::RefillConEntry_FailedLookUp_GivesFalse_data()

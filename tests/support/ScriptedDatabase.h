@@ -31,6 +31,9 @@ public:
     QStringList Calls;
     /// Answers what no script answers.
     TinyDatabase Store;
+    /// Answers instead of the store, when set; not owned.
+    HvxDatabase* Backing = nullptr;
+    [[nodiscard]] HvxDatabase& Behind() { return Backing ? *Backing : Store; }
     /// Components created so far.
     int Created = 0;
     /// Nonzero: the creation of a component raises this number.
