@@ -17,7 +17,6 @@ bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
     const HeldBoxes held;
     try {
         work(*this);
-        UndoPatches();
         return true;
     } catch (...) {
         Gateway().ReportDatabaseFailure(CurrentErrorNumber(), m_transactionOpen);
@@ -34,7 +33,6 @@ void UnitOfWork::Begin()
         GiveUp();
     }
     // Not earlier: what other code does to the trees while a box stands open is not this transaction's.
-    UndoPatches();
     for (const QPointer<TreeEntries>& tree : m_trees)
         m_patches.push_back(std::make_unique<TreePatches>(std::initializer_list<TreeEntries*>{tree}));
 }
