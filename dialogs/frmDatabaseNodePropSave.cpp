@@ -1,0 +1,73 @@
+#include "database/NodeSave.h"
+#include "dialogs/GridEdit.h"
+#include "dialogs/frmChSelPktSize.h"
+#include "dialogs/frmDatabaseNodeProp.h"
+#include "dialogs/ui_frmDatabaseNodeProp.h"
+#include "model/ConData.h"
+#include "model/TextHelpers.h"
+#include "platform/MsgBox.h"
+
+#include <array>
+
+// What the Save button does.
+
+namespace {
+
+constexpr int FeChannelRow = 2;
+constexpr int PacketSizeRow = 6;
+
+/// Packet size by FE channel; channels above are free.
+constexpr std::array<int, 16> PacketSizes{18,  32,  32,  64,  64,  128,  128,  256,
+                                          256, 512, 512, 768, 768, 1020, 1020, 1032};
+
+} // namespace
+
+bool frmDatabaseNodeProp::IsFePage(int row) const
+{
+    const QListWidgetItem* page = m_ui->lstWPlist->item(row);
+    return page && page->text() == QLatin1String("FE Parameters");
+}
+
+QString frmDatabaseNodeProp::ShownValue(int row) const
+{
+    const bool isCurrent = m_ui->grdNodeParam->Row() == row;
+    if (isCurrent && !m_ui->txtGridEdit->isHidden())
+        return m_ui->txtGridEdit->text();
+    if (isCurrent && !m_ui->cboGridEdit->isHidden()) {
+        const QString text = m_ui->cboGridEdit->currentText();
+        return TextContains(text, u"Default") ? GridEdit().GridParameter.text : text;
+    }
+    return m_ui->grdNodeParam->TextMatrix(row, ParameterGrid::ValueColumn);
+}
+
+bool frmDatabaseNodeProp::PacketSizeFits() const
+{
+    if (m_ui->cboNodeType->currentText() != QLatin1String("T4 Node") ||
+        !IsFePage(m_ui->lstWPlist->currentRow()) || m_rowCount < PacketSizeRow)
+        return true;
+    const qint32 channel = ValInt(ShownValue(FeChannelRow));
+    if (channel >= static_cast<qint32>(PacketSizes.size()))
+        return true;
+    return channel >= 0 &&
+           ValInt(ShownValue(PacketSizeRow)) == PacketSizes[static_cast<std::size_t>(channel)];
+}
+
+void frmDatabaseNodeProp::cmdSave_Click()
+{
+    if (!PacketSizeFits()) {
+        frmChSelPktSize(this).exec();
+        return;
+    }
+    if (!GridCommitEdit())
+        return;
+    if (IsReservedNodeName(m_ui->txtNodeName->text())) {
+        MsgBox(QStringLiteral("'New Node' cannot be used as a node name, give a new name."));
+        return;
+    }
+    NodeSaveRequest request{m_ui->txtNodeName->text(), m_ui->cboConName->currentText(),
+                            [this] { SaveOneWpValues(); }, GridParameters(), m_rowCount};
+    const bool saved = SaveNode(m_con, request);
+    m_ui->txtNodeName->setText(request.name);
+    if (saved)
+        accept();
+}
