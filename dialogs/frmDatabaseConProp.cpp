@@ -14,6 +14,7 @@
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
 
+#include <QPointer>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -23,15 +24,8 @@ constexpr QChar KeySeparator = u'_';
 /// Rows at the end of a waypoint between the first and the last that hold for the whole connection.
 constexpr int SharedRows = 2;
 
-QString UnknownType()
-{
-    return QStringLiteral("Unknown");
-}
-
-QString HelpTopic()
-{
-    return QStringLiteral("Browser4Properties00000007.htm");
-}
+const QString UnknownType = QStringLiteral("Unknown");
+const QString HelpTopic = QStringLiteral("Browser4Properties00000007.htm");
 
 // Words ---------------------------------------------------------------------------------------------------
 
@@ -57,15 +51,9 @@ QString TypeForbidsScan(const QString& type)
     return type + QStringLiteral(" cannot be used as a connection type for the scanned nodes.");
 }
 
-QString NothingSelected()
-{
-    return QStringLiteral("Select connection part name or parameter from the listbox.");
-}
-
-QString NameIsReserved()
-{
-    return QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
-}
+const QString NothingSelected = QStringLiteral("Select connection part name or parameter from the listbox.");
+const QString NameIsReserved =
+    QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
 
 } // namespace
 
@@ -112,7 +100,7 @@ void frmDatabaseConProp::Form_Load()
     m_ui->txtConName->ShowName(m_con.ConName);
     const QString firstType = FirstType();
     FillTypes();
-    if (m_con.NewCon && m_con.ConTypeName == UnknownType()) {
+    if (m_con.NewCon && m_con.ConTypeName == UnknownType) {
         SelectFirstType(longName);
         if (!firstType.isEmpty())
             m_con.ConTypeName = firstType;
@@ -145,7 +133,6 @@ QString frmDatabaseConProp::FirstType()
 void frmDatabaseConProp::FillTypes()
 {
     const QSignalBlocker noClicks(m_ui->cboConType);
-    m_ui->cboConType->clear();
     const ConOrderClass* order = Model().ConOrderObject.get();
     for (int row = 1; order && row <= order->ConnectionCount(); ++row)
         m_ui->cboConType->addItem(order->LongName(row));
@@ -182,8 +169,7 @@ void frmDatabaseConProp::showEvent(QShowEvent* event)
 void frmDatabaseConProp::Form_Activate()
 {
     FillList();
-    if (m_selectedListIndex > 0)
-        m_ui->lvWPlist->SelectRow(m_selectedListIndex);
+    m_ui->lvWPlist->SelectRow(m_selectedListIndex);
 }
 
 // Type ----------------------------------------------------------------------------------------------------
@@ -269,7 +255,7 @@ void frmDatabaseConProp::cmdProperties_Click()
 {
     const QString key = m_ui->lvWPlist->SelectedKey();
     if (key.isEmpty()) {
-        MsgBox(NothingSelected());
+        MsgBox(NothingSelected);
         return;
     }
     const int waypoint = ValInt(GetItem(key, 1, KeySeparator));
@@ -277,14 +263,19 @@ void frmDatabaseConProp::cmdProperties_Click()
     Dialogs().SelectedWpIndex = ValInt(GetItem(key, 2, KeySeparator));
     m_con.ReduceParameterCount = waypoint == 1 || waypoint == m_con.ConWpCount ? 0 : SharedRows;
     m_selectedListIndex = m_ui->lvWPlist->SelectedRow();
-    ShowWaypoint();
-    Form_Activate();
+    if (ShowWaypoint())
+        Form_Activate();
 }
 
-void frmDatabaseConProp::ShowWaypoint()
+bool frmDatabaseConProp::ShowWaypoint()
 {
-    frmWpProp form(m_con, this);
-    form.exec();
+    // The host may close this window while the other is open, which goes with it.
+    const QPointer<frmWpProp> form = new frmWpProp(m_con, this);
+    form->exec();
+    if (!form)
+        return false;
+    delete form;
+    return true;
 }
 
 // Buttons -------------------------------------------------------------------------------------------------
@@ -293,7 +284,7 @@ void frmDatabaseConProp::cmdSave_Click()
 {
     QString name = m_ui->txtConName->text();
     if (IsReservedConnectionName(name)) {
-        MsgBox(NameIsReserved());
+        MsgBox(NameIsReserved);
         return;
     }
     const bool saved = SaveConnection(m_con, name);
@@ -305,5 +296,5 @@ void frmDatabaseConProp::cmdSave_Click()
 
 void frmDatabaseConProp::cmdHelp_Click()
 {
-    ShowHelpTopic(HelpTopic());
+    ShowHelpTopic(HelpTopic);
 }

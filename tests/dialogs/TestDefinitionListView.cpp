@@ -92,6 +92,7 @@ void TestDefinitionListView::Columns_Added_HaveTheirTitlesAndShares()
     QCOMPARE(list.View.headerItem()->text(0), "Connection Definition");
     QCOMPARE(list.View.headerItem()->text(1), "Value");
     QCOMPARE(list.View.headerItem()->text(2), "M/D");
+    QCOMPARE(list.View.headerItem()->toolTip(2), "M: mandatory, D: default value in use");
     QCOMPARE(list.Widths().mid(0, 2), QList<int>({225, 95}));
     QVERIFY(list.Widths()[2] >= 30);
     QVERIFY(list.Widths()[2] >= list.View.header()->sectionSizeHint(2));

@@ -2,6 +2,7 @@
 #include "platform/controls/FlexGrid.h"
 #include "tests/dialogs/ConPropFixture.h"
 
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void Properties_SharedValue_ShowsInAllWaypoints();
     void Properties_Closed_SelectsTheRowAgain();
     void Properties_CancelledDialog_KeepsTheChangeInTheConnection();
+    void Properties_FormGoesMeanwhile_EndsQuietly();
 };
 
 void TestFrmDatabaseConPropList::List_ParametersHidden_ShowsWaypoints()
@@ -343,6 +345,20 @@ void TestFrmDatabaseConPropList::Properties_CancelledDialog_KeepsTheChangeInTheC
 
     QCOMPARE(fixture.Con().GetWpData(1).GetWpParam(1, 2), "321");
     QCOMPARE(fixture.Component.Store.Now.connections[0].target, SaveFixture::AlphaTarget);
+}
+
+void TestFrmDatabaseConPropList::Properties_FormGoesMeanwhile_EndsQuietly()
+{
+    ConPropFixture fixture;
+    fixture.Edit("Alpha");
+    fixture.ClickRow(1);
+    const QPointer<frmDatabaseConProp> form = fixture.Form.get();
+    QTimer::singleShot(0, this, [&] { fixture.Form.reset(); });
+
+    QTest::keyClick(&fixture.List(), Qt::Key_Return);
+
+    QVERIFY(!form);
+    QVERIFY(fixture.Operator.Boxes.empty());
 }
 
 QTEST_MAIN(TestFrmDatabaseConPropList)
