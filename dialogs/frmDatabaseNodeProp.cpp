@@ -12,6 +12,7 @@
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 
+#include <QHeaderView>
 #include <QListView>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -90,6 +91,8 @@ void frmDatabaseNodeProp::Guarded(const std::function<void()>& handler)
 void frmDatabaseNodeProp::Form_Load()
 {
     m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, 2);
+    m_ui->grdNodeParam->horizontalHeader()->setSectionResizeMode(ParameterGrid::ValueColumn,
+                                                                 QHeaderView::Stretch);
     GridAttach(*m_ui->grdNodeParam, *m_ui->txtGridEdit, *m_ui->cboGridEdit, *m_ui->spnGridEdit);
     GridEdit().GridWpName = m_con.GetConWpName(1);
     GridEdit().GridWpData = &m_con.GetWpData(1);
