@@ -1,8 +1,8 @@
-# make run | test | lint | bench | asan
+# make run | test | lint | bench | asan | pictures
 JOBS ?= $(shell nproc)
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan deps clean
+.PHONY: run test lint bench asan pictures deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -30,6 +30,11 @@ asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build build/asan -j $(JOBS)
 	ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+
+pictures: deps
+	cmake --preset release >/dev/null
+	cmake --build build/release -j $(JOBS) --target zelka zelka-pictures
+	packaging/make-pictures build/release/bin docs/pictures
 
 deps:
 	@packaging/install-build-deps

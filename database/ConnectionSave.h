@@ -8,9 +8,9 @@ class ConData;
 /// stored one, in one transaction, guarded against changes by other applications since it was loaded.
 ///
 /// `con` says what it was (NewCon, ConName, ConDbID), `name` what it is to be called; blanks at its ends are
-/// removed, also when the save is refused. The trees of `con` are patched; ConName, ConDbID and
-/// SelectedTreeNodeIndex follow. False: refused or failed; the operator has been told, and `con`'s flags,
-/// name and id are as they were. Asks before it replaces. Thread: the control's.
+/// removed, also when the save is refused. The tree ConTree of `con`, which must be set, is patched; ConName,
+/// ConDbID and SelectedTreeNodeIndex follow. False: refused or failed; the operator has been told, and
+/// `con`'s flags, name and id are as they were. Asks before it replaces. Thread: the control's.
 [[nodiscard]] bool SaveConnection(ConData& con, QString& name);
 
 /// The name that no connection may have, in any case of letters.

@@ -24,7 +24,8 @@ struct NodeSaveRequest
 /// Saves the node of a working copy: as new, in place of one of the same name, or as a change of the stored
 /// one, in one transaction, guarded against changes by other applications since it was loaded.
 ///
-/// `con` says what it was (NodeName, NodeDbID, ConName). Its trees are patched; NodeName, NewNode and
+/// `con` says what it was (NodeName, NodeDbID, ConName; the id of a node that was never stored is 0) and
+/// which page is shown. Its trees, both of which must be set, are patched; NodeName, NodeDbID, NewNode and
 /// SelectedTreeNodeIndex follow. False: refused or failed; the operator has been told, and `con`'s flags,
 /// names and counts are as they were. Asks before it replaces. Thread: the control's.
 [[nodiscard]] bool SaveNode(ConData& con, NodeSaveRequest& request);

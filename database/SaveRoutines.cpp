@@ -214,12 +214,10 @@ bool SaveNodeChanges(const QString& oldName, const QString& newName, const QStri
     TreeEntries::Index entry = 0;
     if (!PutNode(nodesTree, old, id, name, entry))
         return false;
-    if (IsFilled(conTree)) {
-        if (!MoveUnderConnection(conTree, before, name, id, conName, stays))
-            return false;
-        if (NodesAreSelectedUnderConnections() && !FindTreeEntry(name, conTree, entry, true))
-            return false;
-    }
+    if (IsFilled(conTree) && !MoveUnderConnection(conTree, before, name, id, conName, stays))
+        return false;
+    if (NodesAreSelectedUnderConnections() && !FindTreeEntry(name, conTree, entry, true) && IsFilled(conTree))
+        return false;
     position = entry;
     return true;
 }
@@ -253,12 +251,11 @@ bool SaveNewNode(const QString& name, const QString& conName, const QString& nod
     if (!PutNode(nodesTree, 0, id, trimmed, entry))
         return false;
     TreeEntries::Index conEntry = 0;
-    if (NodesAreShown() && FindConnectionEntry(connection, conTree, conEntry)) {
-        if (!FillChildEntries(conTree, conEntry, true))
-            return false;
-        if (NodesAreSelectedUnderConnections() && !FindTreeEntry(trimmed, conTree, entry, true))
-            return false;
-    }
+    if (NodesAreShown() && FindConnectionEntry(connection, conTree, conEntry) &&
+        !FillChildEntries(conTree, conEntry, true))
+        return false;
+    if (NodesAreSelectedUnderConnections())
+        FindTreeEntry(trimmed, conTree, entry, true);
     position = entry;
     return true;
 }

@@ -123,13 +123,13 @@ ConData& SaveFixture::Con() const
     return *Model().ConObject;
 }
 
-void SaveFixture::TakeTrees() const
+void SaveFixture::TakeTrees()
 {
     Con().ViewNodesChecked = true;
     Con().optCon = true;
     Con().SelectedTreeNodeIndex = 1;
-    Con().ConTree = const_cast<TreeEntries*>(&ConTree);
-    Con().NodesTree = const_cast<TreeEntries*>(&NodesTree);
+    Con().ConTree = &ConTree;
+    Con().NodesTree = &NodesTree;
 }
 
 void SaveFixture::EditConnection(const QString& name)

@@ -79,5 +79,5 @@ private:
     void FillStore();
     void ForgetAll();
     void TakeNewId(const QString& name);
-    void TakeTrees() const;
+    void TakeTrees();
 };

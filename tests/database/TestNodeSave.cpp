@@ -23,6 +23,7 @@ private Q_SLOTS:
     void Existing_OwnNameInOtherLetters_IsReplacedAfterAQuestion();
     void Values_AreStoredInsideTheTransaction();
     void NodesNotShown_EntryIsTheOneInTheTreeOfNodes();
+    void TreeOfNodesNeverShown_StaysEmpty();
     void Saved_TwiceInARow_KnowsItsOwnId();
 };
 
@@ -303,6 +304,20 @@ void TestNodeSave::NodesNotShown_EntryIsTheOneInTheTreeOfNodes()
     QCOMPARE(fixture.NodesTree.Text(fixture.Con().SelectedTreeNodeIndex), "West");
     QCOMPARE(fixture.Con().NodeDbID, fixture.IdOfNode("West"));
     QCOMPARE(fixture.Component.Count("GetParentNodesWithID"), 0);
+}
+
+void TestNodeSave::TreeOfNodesNeverShown_StaysEmpty()
+{
+    SaveFixture fixture;
+    fixture.EditNode("North");
+    fixture.NodesTree.Clear();
+
+    QVERIFY(fixture.SaveNodeAs("West"));
+
+    QCOMPARE(fixture.NodesTree.Count(), 0);
+    QCOMPARE(fixture.ConTree.Text(fixture.Con().SelectedTreeNodeIndex), "West");
+    QCOMPARE(fixture.Con().NodeDbID, fixture.IdOfNode("West"));
+    QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
 void TestNodeSave::Saved_TwiceInARow_KnowsItsOwnId()

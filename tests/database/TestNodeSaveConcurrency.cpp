@@ -1,3 +1,4 @@
+#include "database/DatabaseState.h"
 #include "tests/database/SaveExpectations.h"
 
 using namespace SaveTexts;
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void Question_OldNodeChangesMeanwhile_IsPrevented();
     void Question_OwnNameInOtherLettersChangesMeanwhile_IsPrevented();
     void Question_ConnectionGoesMeanwhile_SaveFails();
+    void Question_HostClosesTheDatabase_IsDenied();
 };
 
 static void ChangesElsewhere()
@@ -183,6 +185,24 @@ void TestNodeSaveConcurrency::Question_ConnectionGoesMeanwhile_SaveFails()
     QCOMPARE(fixture.Records(), records);
     QCOMPARE(fixture.Flags(), flags);
     QCOMPARE(fixture.Component.Store.Levels(), 0);
+}
+
+void TestNodeSaveConcurrency::Question_HostClosesTheDatabase_IsDenied()
+{
+    SaveFixture fixture;
+    fixture.EditNode("North");
+    const QStringList flags = fixture.Flags();
+    const QStringList records = fixture.Records();
+    fixture.Operator.WhileOpen = [](const RecordedBox& box) {
+        if (box.flags == BoxFlags::OkCancel)
+            Database().DbObject.reset();
+    };
+
+    QVERIFY(!fixture.SaveNodeAs("East"));
+
+    QCOMPARE(fixture.Operator.Boxes.back(), RecordedBox::Error(Denied));
+    QCOMPARE(fixture.Records(), records);
+    QCOMPARE(fixture.Flags(), flags);
 }
 
 QTEST_GUILESS_MAIN(TestNodeSaveConcurrency)

@@ -4,15 +4,25 @@
 #include "database/Gateway.h"
 #include "model/TreeFilling.h"
 
+#include <algorithm>
 #include <utility>
+
+/// Calls that touch no record, whose place in the order so makes no difference.
+static bool AsksDefinitions(const QString& call)
+{
+    static const QStringList beginnings = {"GetConType", "GetNodeType", "GetWp",       "Analyze",
+                                           "GetTarget",  "CheckTarget", "TargetParam", "GetSecRights"};
+    return std::any_of(beginnings.begin(), beginnings.end(),
+                       [&](const QString& beginning) { return call.startsWith(beginning); });
+}
 
 OperatorSession::OperatorSession(int who, const QString& source, Turns& turns)
     : m_who(who), m_turns(turns), m_component(source)
 {
     m_component.SetBusyTimeout(0);
     m_script.Backing = &m_component;
-    m_script.BeforeCall = [this](const QString&) {
-        if (m_steps)
+    m_script.BeforeCall = [this](const QString& call) {
+        if (m_steps && !AsksDefinitions(call))
             m_turns.Step(m_who, m_component.InTransaction());
     };
 }

@@ -1,4 +1,4 @@
-#include "platform/MachineSeams.h"
+#include "platform/MsgBox.h"
 #include "tests/components/DatabaseFixture.h"
 #include "tests/database/operators/OperatorCommands.h"
 #include "tests/database/operators/OperatorSession.h"
@@ -22,6 +22,7 @@ class BothOperators : public BoxPresenter
 {
 public:
     std::array<OperatorSession*, 2> Sessions{};
+    std::array<bool, 2> Replaces{};
     int Current = 0;
     WhenBusy Busy = WhenBusy::GiveUp;
     /// The question whether to try again stands open.
@@ -39,7 +40,10 @@ public:
         Waiting = sharing && Busy == WhenBusy::Wait;
         session.StepOutside();
         Waiting = false;
-        return sharing && Busy == WhenBusy::GiveUp ? BoxAnswer::Cancel : BoxAnswer::Ok;
+        if (sharing ? Busy == WhenBusy::Wait : Replaces[static_cast<size_t>(Current)])
+            return BoxAnswer::Ok;
+        session.Told << text;
+        return BoxAnswer::Cancel;
     }
     bool ShowInputBox(const QString&, const QString&, QString&) override { return false; }
 };
@@ -88,8 +92,10 @@ class TestTwoOperators : public QObject
 private Q_SLOTS:
     void initTestCase();
     void Commands_Alone_Succeed();
-    void OneInsideTheOther_NothingIsLost_data();
-    void OneInsideTheOther_NothingIsLost();
+    void OneBetweenTheOthersTransactions_NothingIsLost_data();
+    void OneBetweenTheOthersTransactions_NothingIsLost();
+    void OneInsideTheOthersTransaction_IsHeldOff_data();
+    void OneInsideTheOthersTransaction_IsHeldOff();
     void TransactionsInAnyOrder_NothingIsLost_data();
     void TransactionsInAnyOrder_NothingIsLost();
     void cleanupTestCase();
@@ -104,8 +110,10 @@ private:
     /// Contents after whole commands in the given order; empty when one of them is refused.
     QString Serial(const std::vector<const OperatorCommand*>& order);
     void Check(const Commands& commands, const Outcome& outcome, const QString& schedule);
-    /// The second command as a whole before step `step` of the first. False: the first has no such step.
-    bool RunInside(const Commands& commands, int step, WhenBusy busy, bool& inTransaction);
+    /// For each step of a command that is not disturbed, whether it is made outside any transaction.
+    std::vector<bool> StepsOutside(const OperatorCommand& command);
+    /// The second command as a whole before step `step` of the first, from 0; then the first goes on.
+    void RunBefore(const Commands& commands, size_t step, WhenBusy busy);
 
     FakeMachine m_machine;
     std::unique_ptr<DatabaseFixture> m_database;
@@ -130,6 +138,7 @@ Outcome TestTwoOperators::Run(const Commands& commands, const Chooser& choose, W
 
     BothOperators presenter;
     presenter.Busy = busy;
+    presenter.Replaces = {commands[0]->replaces, commands[1]->replaces};
     BoxPresenter* before = SetBoxPresenter(&presenter);
     Outcome outcome;
     Turns turns;
@@ -221,7 +230,7 @@ void TestTwoOperators::Commands_Alone_Succeed()
     }
 }
 
-void TestTwoOperators::OneInsideTheOther_NothingIsLost_data()
+void TestTwoOperators::OneBetweenTheOthersTransactions_NothingIsLost_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("second");
@@ -232,38 +241,69 @@ void TestTwoOperators::OneInsideTheOther_NothingIsLost_data()
     }
 }
 
-bool TestTwoOperators::RunInside(const Commands& commands, int step, WhenBusy busy, bool& inTransaction)
+std::vector<bool> TestTwoOperators::StepsOutside(const OperatorCommand& command)
 {
-    bool reached = false;
+    const OperatorCommand idle{QStringLiteral("nothing"), [](OperatorSession&) { return true; }};
+    std::vector<bool> outside;
+    Run(
+        {&command, &idle},
+        [&](const std::array<TurnState, 2>& states, bool) {
+            outside.push_back(states[0].outside);
+            return 0;
+        },
+        WhenBusy::GiveUp);
+    return outside;
+}
+
+void TestTwoOperators::RunBefore(const Commands& commands, size_t step, WhenBusy busy)
+{
+    // One step more than the opening of the program.
     const Outcome outcome = Run(
         commands,
         [&](const std::array<TurnState, 2>& states, bool waiting) {
-            // One step more than the opening of the program.
-            if (states[0].steps <= step)
-                return 0;
-            if (!reached)
-                inTransaction = !states[0].outside;
-            reached = true;
             // Who waits for the other gives it the turn.
-            return waiting && !states[0].outside ? 0 : 1;
+            return static_cast<size_t>(states[0].steps) <= step || (waiting && !states[0].outside) ? 0 : 1;
         },
         busy);
     Check(commands, outcome, QStringLiteral("before step %1").arg(step));
-    return reached;
 }
 
-void TestTwoOperators::OneInsideTheOther_NothingIsLost()
+void TestTwoOperators::OneBetweenTheOthersTransactions_NothingIsLost()
 {
     QFETCH(int, first);
     QFETCH(int, second);
     const Commands commands{&m_commands[static_cast<size_t>(first)],
                             &m_commands[static_cast<size_t>(second)]};
-    for (int step = 1;; ++step) {
-        bool inTransaction = false;
-        if (!RunInside(commands, step, WhenBusy::GiveUp, inTransaction) || QTest::currentTestFailed())
-            return;
-        if (inTransaction)
-            RunInside(commands, step, WhenBusy::Wait, inTransaction);
+    const std::vector<bool> outside = StepsOutside(*commands[0]);
+    for (size_t step = 0; step < outside.size() && !QTest::currentTestFailed(); ++step) {
+        if (outside[step])
+            RunBefore(commands, step, WhenBusy::GiveUp);
+        else if (step > 0 && outside[step - 1])
+            RunBefore(commands, step, WhenBusy::Wait);
+    }
+}
+
+void TestTwoOperators::OneInsideTheOthersTransaction_IsHeldOff_data()
+{
+    QTest::addColumn<int>("first");
+    const auto count = static_cast<int>(OperatorCommands().size());
+    for (int first = 0; first < count; ++first)
+        QTest::addRow("%d", first) << first;
+}
+
+void TestTwoOperators::OneInsideTheOthersTransaction_IsHeldOff()
+{
+    QFETCH(int, first);
+    const OperatorCommand& interrupted = m_commands[static_cast<size_t>(first)];
+    const std::vector<bool> outside = StepsOutside(interrupted);
+    for (const char* name : {"edit Alpha's id", "add West", "remove North"}) {
+        const auto second = std::find_if(m_commands.begin(), m_commands.end(), [&](const auto& command) {
+            return command.name == QLatin1String(name);
+        });
+        for (size_t step = 0; step < outside.size() && !QTest::currentTestFailed(); ++step) {
+            if (!outside[step])
+                RunBefore({&interrupted, &*second}, step, WhenBusy::GiveUp);
+        }
     }
 }
 
@@ -284,8 +324,9 @@ void TestTwoOperators::TransactionsInAnyOrder_NothingIsLost()
     QFETCH(int, second);
     const Commands commands{&m_commands[static_cast<size_t>(first)],
                             &m_commands[static_cast<size_t>(second)]};
-    // Each order of up to three transactions of either side, as bits: which side runs its next one.
-    constexpr int transactions = 6;
+    // Each order of the transactions of both, as bits: which side runs its next one. A replacement has three,
+    // the others two.
+    const int transactions = commands[0]->replaces || commands[1]->replaces ? 6 : 4;
     for (unsigned order = 0; order < (1U << transactions); ++order) {
         if (std::popcount(order) != transactions / 2)
             continue;

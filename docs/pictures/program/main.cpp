@@ -1,0 +1,164 @@
+// Takes the pictures of the dialogs that the documents show: opens each on the demo database through the
+// control, as an operator would, and writes what it looks like.
+//
+// zelka-pictures DATABASE FOLDER light|dark
+
+#include "browser/T4ZelkaBrowser.h"
+#include "components/hvxdb/HvxAdministration.h"
+#include "dialogs/frmChSelPktSize.h"
+#include "model/TreeEntries.h"
+#include "platform/controls/TreeView.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleFactory>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <cstdio>
+#include <functional>
+#include <utility>
+
+namespace {
+
+constexpr int PaintMs = 150;
+
+int failures = 0;
+
+QPalette DarkPalette()
+{
+    QPalette palette(QColor(45, 45, 48));
+    palette.setColor(QPalette::Base, QColor(30, 30, 32));
+    palette.setColor(QPalette::AlternateBase, QColor(45, 45, 48));
+    palette.setColor(QPalette::Highlight, QColor(42, 110, 170));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
+    return palette;
+}
+
+/// Writes pictures into one folder, all in one look.
+class Camera
+{
+public:
+    Camera(QString folder, QString look) : m_folder(std::move(folder)), m_look(std::move(look)) {}
+
+    void Take(QWidget& widget, const QString& name) const
+    {
+        const QString file = QStringLiteral("%1/%2-%3.png").arg(m_folder, name, m_look);
+        if (widget.grab().save(file))
+            return;
+        std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
+        ++failures;
+    }
+
+    /// Runs `opening`, which shows a modal dialog, and `work` on that dialog once it has been painted; then
+    /// cancels the dialog.
+    void WithDialog(const std::function<void()>& opening, const QString& name,
+                    const std::function<void(QDialog& dialog)>& work = {}) const
+    {
+        bool shown = false;
+        QTimer::singleShot(PaintMs, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            shown = true;
+            if (work)
+                work(*dialog);
+            QApplication::processEvents();
+            Take(*dialog, name);
+            dialog->reject();
+        });
+        opening();
+        if (shown)
+            return;
+        std::fprintf(stderr, "%s was not shown\n", qUtf8Printable(name));
+        ++failures;
+    }
+
+private:
+    QString m_folder;
+    QString m_look;
+};
+
+template <typename Widget>
+Widget& Find(QWidget& parent, const char* name)
+{
+    auto* found = parent.findChild<Widget*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("there is no %s", name);
+    return *found;
+}
+
+void SelectEntry(T4ZelkaBrowser& browser, const char* tree, int position)
+{
+    auto& view = Find<TreeView>(browser, tree);
+    const auto& entries = static_cast<const TreeEntries&>(*view.model());
+    view.SelectIndex(entries.ModelIndex(entries.Child(1, position)));
+    QApplication::processEvents();
+}
+
+void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
+{
+    Find<QRadioButton>(browser, "optNodes").setChecked(true);
+    SelectEntry(browser, "tvwNodesTree", 2);
+    auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
+    properties.setEnabled(true);
+    camera.WithDialog([&] { properties.click(); }, QStringLiteral("node"),
+                      [&](QDialog& dialog) {
+                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdManager").click(); },
+                                            QStringLiteral("manager-info"));
+                      });
+}
+
+void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
+{
+    Find<QRadioButton>(browser, "optCon").setChecked(true);
+    SelectEntry(browser, "tvwConTree", 1);
+    auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
+    properties.setEnabled(true);
+    camera.WithDialog([&] { properties.click(); }, QStringLiteral("connection"),
+                      [&](QDialog& dialog) {
+                          Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
+                          auto& list = Find<QTreeWidget>(dialog, "lvWPlist");
+                          list.setCurrentItem(list.topLevelItem(0));
+                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdProperties").click(); },
+                                            QStringLiteral("waypoint"));
+                      });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fprintf(stderr, "usage: zelka-pictures DATABASE FOLDER light|dark\n");
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (arguments[3] == QLatin1String("dark"))
+        QApplication::setPalette(DarkPalette());
+    const bool scaled = qApp->devicePixelRatio() > 1;
+    const Camera camera(arguments[2], scaled ? arguments[3] + QStringLiteral("-200") : arguments[3]);
+
+    RegisterHvxDatabase();
+    SetDataSource(arguments[1]);
+    T4ZelkaBrowser browser;
+    browser.SetBrowserTabIndex(0);
+    browser.SetManageVisible(true);
+    browser.resize(620, 560);
+    browser.show();
+    QApplication::processEvents();
+
+    TakeNodeDialog(browser, camera);
+    TakeConnectionDialogs(browser, camera);
+    frmChSelPktSize note(&browser);
+    camera.WithDialog([&] { note.exec(); }, QStringLiteral("packet-size"));
+    camera.Take(browser, QStringLiteral("browser"));
+    return failures == 0 ? 0 : 1;
+}
