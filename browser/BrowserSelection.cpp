@@ -1,4 +1,5 @@
 #include "browser/BrowserState.h"
+#include "browser/StaleRecords.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/Gateway.h"
@@ -8,22 +9,11 @@
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
 
+#include <QPointer>
+
 // From a click on an entry to the target that the host reads.
 
 namespace {
-
-/// An id in the database equals the one in an entry's key.
-bool SameId(const QString& databaseId, qint32 entryId)
-{
-    return ValInt(databaseId) == qAbs(entryId);
-}
-
-QString StaleText(const QString& kind, const QString& name)
-{
-    return kind + name +
-           QStringLiteral(" cannot be accessed, because another application has changed it. Automatic update "
-                          "follows, try again.");
-}
 
 /// GetConPicture's answer where there is no picture.
 constexpr int NoPicture = -1;
@@ -32,57 +22,16 @@ constexpr int NoPicture = -1;
 
 // Stale entries ---------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::ConEntryChanged(Entry entry, bool& hasId, bool& changed)
+bool T4ZelkaBrowser::TellStaleEntry(const StaleRecord& stale)
 {
-    hasId = true;
-    changed = false;
-    if (GetItem(m_conTree->Key(entry), 2, QLatin1Char(',')).isEmpty()) {
-        hasId = false;
-        return;
-    }
-    changed = true;
-    QString id;
-    if (Gateway().GetParentIDDb(m_conTree->Text(entry), id) && SameId(id, m_conTree->Id(entry)))
-        changed = false;
-}
-
-void T4ZelkaBrowser::NodeEntryChanged(const TreeEntries& tree, Entry entry, bool& hasId, bool& changed)
-{
-    hasId = true;
-    changed = false;
-    if (GetItem(tree.Key(entry), 2, QLatin1Char(',')).isEmpty()) {
-        hasId = false;
-        return;
-    }
-    changed = true;
-    QString id;
-    if (Gateway().GetNodeIDDb(tree.Text(entry), id) && SameId(id, tree.Id(entry)))
-        changed = false;
-}
-
-bool T4ZelkaBrowser::ConnectionIsCurrent(Entry entry)
-{
-    bool hasId = false;
-    bool changed = false;
-    ConEntryChanged(entry, hasId, changed);
-    return hasId && !changed;
-}
-
-bool T4ZelkaBrowser::NodeIsCurrent(const TreeEntries& tree, Entry entry)
-{
-    bool hasId = false;
-    bool changed = false;
-    NodeEntryChanged(tree, entry, hasId, changed);
-    return hasId && !changed;
-}
-
-void T4ZelkaBrowser::TellStaleEntry(const QString& text)
-{
+    const QPointer<T4ZelkaBrowser> alive(this);
     // The snapshot of the click is as old as the entry.
     EndClickReads();
     const BusyScope busy;
-    MsgBox(text);
-    cmdRefresh_Click();
+    MsgBox(stale.text);
+    if (alive && stale.refreshFollows)
+        cmdRefresh_Click();
+    return alive;
 }
 
 void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
@@ -95,13 +44,15 @@ void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
     // The node first, whose record brings its connection's along; the connection's message goes before.
     const bool nodeIsCurrent = kind != QLatin1Char('N') || NodeIsCurrent(*m_conTree, entry);
     const Entry connection = kind == QLatin1Char('C') ? entry : m_conTree->Parent(entry);
-    if (!ConnectionIsCurrent(connection))
-        TellStaleEntry(StaleText(QStringLiteral("Connection "), m_conTree->Text(connection)));
+    QString text;
+    if (!ConnectionIsCurrent(*m_conTree, connection))
+        text = ConnectionChangedText(m_conTree->Text(connection));
     else if (!nodeIsCurrent)
-        TellStaleEntry(StaleText(QStringLiteral("Node "), m_conTree->Text(entry)));
+        text = NodeChangedText(m_conTree->Text(entry));
     else
         return;
-    m_conTreeSkipClick = true;
+    if (TellStaleEntry({text, true}))
+        m_conTreeSkipClick = true;
 }
 
 void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
@@ -109,8 +60,8 @@ void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
     if (!m_ui->optNodes->isChecked() || m_nodesTree->Kind(entry) != QLatin1Char('N') ||
         NodeIsCurrent(*m_nodesTree, entry))
         return;
-    TellStaleEntry(StaleText(QStringLiteral("Node "), m_nodesTree->Text(entry)));
-    m_nodesTreeSkipClick = true;
+    if (TellStaleEntry({NodeChangedText(m_nodesTree->Text(entry)), true}))
+        m_nodesTreeSkipClick = true;
 }
 
 // Selection -------------------------------------------------------------------------------------------------
@@ -286,6 +237,16 @@ T4ZelkaBrowser::Entry T4ZelkaBrowser::SelectedEntry(const TreeView& tree) const
 {
     const QModelIndex selected = tree.SelectedIndex();
     return selected.isValid() ? TreeEntries::EntryOf(selected) : 0;
+}
+
+TreeView& T4ZelkaBrowser::ShownView() const
+{
+    return m_ui->optCon->isChecked() ? *m_ui->tvwConTree : *m_ui->tvwNodesTree;
+}
+
+TreeEntries& T4ZelkaBrowser::ShownEntries() const
+{
+    return m_ui->optCon->isChecked() ? *m_conTree : *m_nodesTree;
 }
 
 // Double clicks ---------------------------------------------------------------------------------------------

@@ -3,6 +3,8 @@
 /// The module-level state of the control itself: one instance in the process, shared by all controls.
 struct BrowserState
 {
+    /// The control whose hooks the dialogs use; not owned, null for none.
+    const void* HooksOwner = nullptr;
     /// A start of a control has come to its end.
     bool ControlInitialized = false;
     bool DirectNodeTabEnabled = false;

@@ -1,7 +1,9 @@
 #include "browser/BrowserState.h"
 #include "browser/IntervalTimer.h"
+#include "browser/JournalAgreement.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
+#include "browser/TreePlace.h"
 #include "browser/frmConNodesProgress.h"
 #include "browser/frmLoadProgress.h"
 #include "browser/ui_T4ZelkaBrowser.h"
@@ -12,6 +14,8 @@
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+
+#include <QPointer>
 
 // The two views of the Database tab and what fills their trees.
 
@@ -186,15 +190,49 @@ bool T4ZelkaBrowser::LoadMoreNodes()
 void T4ZelkaBrowser::cmdRefresh_Click()
 {
     const BusyScope busy;
+    const QPointer<T4ZelkaBrowser> alive(this);
     m_tmrRefreshTimer->SetEnabled(false);
     qint32 latestId = 0;
-    const bool nothingNew = !Database().DatabaseOpen ||
-                            (Gateway().GetJournalLastIdDb(latestId) && latestId == Load().JournalLastId);
-    if (!nothingNew) {
-        ReloadConnections();
-        ReloadNodes();
+    if (Database().DatabaseOpen) {
+        const bool answered = Gateway().GetJournalLastIdDb(latestId);
+        if (alive && !(answered && (latestId == Load().JournalLastId || ShowsOwnChanges())))
+            ReloadTrees();
     }
-    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+    if (alive)
+        m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+}
+
+bool T4ZelkaBrowser::ShowsOwnChanges()
+{
+    const ClickReads reads(*this);
+    return TreesShowJournal(*m_conTree, *m_nodesTree, Load().JournalLastId, Load().JournalLastId);
+}
+
+void T4ZelkaBrowser::ReloadTrees()
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    TreePlace connections(*m_conTree);
+    TreePlace nodes(*m_nodesTree);
+    const std::size_t connection = connections.Note(SelectedEntry(*m_ui->tvwConTree));
+    const std::size_t node = nodes.Note(SelectedEntry(*m_ui->tvwNodesTree));
+    TreePlace& shown = m_ui->optCon->isChecked() ? connections : nodes;
+    const std::size_t wanted = shown.Note(Model().ConObject ? Model().ConObject->SelectedTreeNodeIndex : 0);
+
+    ReloadConnections();
+    if (alive)
+        ReloadNodes();
+    if (!alive)
+        return;
+    const bool viewNodes = m_ui->chkViewNodes->isChecked();
+    connections.OpenAgain([&](Entry entry) {
+        // One that cannot be read stays closed.
+        (void)RefillConEntry(*m_conTree, entry, viewNodes);
+    });
+    m_ui->tvwConTree->SelectIndex(m_conTree->ModelIndex(connections.Find(connection)));
+    m_ui->tvwNodesTree->SelectIndex(m_nodesTree->ModelIndex(nodes.Find(node)));
+    if (Model().ConObject)
+        Model().ConObject->SelectedTreeNodeIndex = shown.Find(wanted);
+    EnableForSelection();
 }
 
 void T4ZelkaBrowser::ReloadConnections()

@@ -19,6 +19,7 @@
 
 #include <QCoreApplication>
 #include <QHideEvent>
+#include <QPointer>
 #include <QShortcut>
 #include <QShowEvent>
 
@@ -81,6 +82,10 @@ void T4ZelkaBrowser::ConnectControls()
         connect(button, &QAbstractButton::clicked, this,
                 [this, handler] { Guarded([this, handler] { (this->*handler)(); }); });
     };
+    onClick(m_ui->cmdDatabaseAdd, &T4ZelkaBrowser::cmdDatabaseAdd_Click);
+    onClick(m_ui->cmdDatabaseProp, &T4ZelkaBrowser::cmdDatabaseProp_Click);
+    onClick(m_ui->cmdDatabaseRemove, &T4ZelkaBrowser::cmdDatabaseRemove_Click);
+    onClick(m_ui->cmdDatabaseManage, &T4ZelkaBrowser::cmdDatabaseManage_Click);
     onClick(m_ui->cmdLoadMore, &T4ZelkaBrowser::cmdLoadMore_Click);
     onClick(m_ui->cmdRefresh, &T4ZelkaBrowser::cmdRefresh_Click);
     onClick(m_ui->cmdDatabaseHelp, &T4ZelkaBrowser::cmdDatabaseHelp_Click);
@@ -113,14 +118,18 @@ void T4ZelkaBrowser::ConnectControls()
 
 void T4ZelkaBrowser::Guarded(const std::function<void()>& handler)
 {
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const auto letGo = [&] {
+        if (alive)
+            m_clickReads.reset();
+    };
     try {
         handler();
-        return;
     } catch (const ComponentError& error) {
-        m_clickReads.reset();
+        letGo();
         ErrorBox(error.Description());
     } catch (const std::exception& error) {
-        m_clickReads.reset();
+        letGo();
         ErrorBox(QString::fromUtf8(error.what()));
     }
 }
@@ -172,6 +181,7 @@ void T4ZelkaBrowser::UserControl_Hide()
 void T4ZelkaBrowser::UserControl_Terminate()
 {
     m_clickReads.reset();
+    WithdrawHooks();
     if (Model().ConObject) {
         Model().ConObject->ConTree = nullptr;
         Model().ConObject->NodesTree = nullptr;
@@ -240,6 +250,7 @@ void T4ZelkaBrowser::StartControl()
     ReadSharedNames();
     for (int index = 0; index < ConnectionPictureCount; ++index)
         Dialogs().ConPictures[static_cast<std::size_t>(index)] = ConnectionPicture(index);
+    OfferHooks();
 
     m_pagesAnswer = true;
     if (!Database().DatabaseOpen)

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "browser/DialogOpening.h"
+
 #include <QString>
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 
 class IntervalTimer;
@@ -12,6 +15,7 @@ class QLabel;
 class ReadBracket;
 class TreeEntries;
 class TreeView;
+struct StaleRecord;
 
 namespace Ui {
 class T4ZelkaBrowser;
@@ -210,6 +214,10 @@ private:
     void LoadConNodes(Entry connection);
     void ShowConNodesProgress(Entry connection);
     void cmdRefresh_Click();
+    /// The Journal has nothing to tell that the trees do not show; the position in it moves on then.
+    [[nodiscard]] bool ShowsOwnChanges();
+    /// Loads both trees anew and goes back to where the operator was.
+    void ReloadTrees();
     void ReloadConnections();
     void ReloadNodes();
     void ReadJournalPosition();
@@ -221,13 +229,9 @@ private:
     void tvwNodesTree_NodeClick(Entry entry);
     void tvwNodesTree_Click();
     void tvwNodesTree_DblClick();
-    void ConEntryChanged(Entry entry, bool& hasId, bool& changed);
-    void NodeEntryChanged(const TreeEntries& tree, Entry entry, bool& hasId, bool& changed);
-    /// The id in an entry's key is that of its record.
-    [[nodiscard]] bool ConnectionIsCurrent(Entry entry);
-    [[nodiscard]] bool NodeIsCurrent(const TreeEntries& tree, Entry entry);
-    /// Tells the operator and brings the trees up to date.
-    void TellStaleEntry(const QString& text);
+    /// Tells the operator and, where it is announced, brings the trees up to date. False: the control is
+    /// gone.
+    bool TellStaleEntry(const StaleRecord& stale);
     /// Picture and caption of a connection. False: no type; the caption is as it was.
     bool ShowConnection(const QString& name);
     bool SetConnectionTargetText(const QString& name);
@@ -243,6 +247,9 @@ private:
     /// Does what a double click on the selected entry does. True: it ran the properties command.
     bool OpenConEntry();
     [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;
+    /// The tree of the view that is chosen.
+    [[nodiscard]] TreeView& ShownView() const;
+    [[nodiscard]] TreeEntries& ShownEntries() const;
 
     // Events, buttons and keys of the trees (BrowserButtons.cpp) --------------------------------------------
     void ConnectTrees();
@@ -258,6 +265,54 @@ private:
     /// True: the key is used up.
     [[nodiscard]] bool tvwNodesTree_KeyDown(int keyCode, int shift);
     [[nodiscard]] bool tvwNodesTree_KeyPress(int keyAscii);
+
+    // Commands of the Database tab (BrowserCommands.cpp) ----------------------------------------------------
+    void cmdDatabaseAdd_Click();
+    void cmdDatabaseProp_Click();
+    void cmdDatabaseRemove_Click();
+    void cmdDatabaseManage_Click();
+    /// What all commands have in common: one at a time, the timer off until the end.
+    void RunCommand(void (T4ZelkaBrowser::*steps)());
+    /// An entry that a command works on: it must be what the database holds.
+    struct CheckedEntry
+    {
+        const TreeEntries& tree;
+        Entry entry;
+        bool isNode;
+    };
+    /// Runs `work` in one transaction, behind the checks. False: it did not come to its end and the operator
+    /// has been told, or the control is gone. `failure`: what is told when `work` is False.
+    bool RunOnEntries(std::initializer_list<CheckedEntry> entries, const std::function<bool()>& work,
+                      const QString& failure);
+    /// Brings a stored record into the working copy, for a dialog.
+    bool ReadConnection(Entry connection);
+    /// `withConnection`: the entry above it is checked first.
+    bool ReadNode(Entry node, bool withConnection);
+    /// Shows the dialog, brings the trees up to date and goes back to the entry. False: the control is gone.
+    bool ShowDialog(const DialogOpening::Opener& dialog);
+    void ShowProperties();
+    void ShowConnectionProperties(Entry connection);
+    void ShowNodeProperties(Entry node);
+    void RemoveSelected();
+    bool RemoveSelectedNode(Entry node);
+    bool RemoveSelectedConnection(Entry connection);
+    void LaunchSelectedManager();
+    /// Target of the selected entry, where that is a connection; of a node that is selected.
+    void ShowTargetOfSelectedConnection();
+    void ShowTargetOfSelectedNode();
+    void EnableForSelection();
+
+    // Add (BrowserAdd.cpp) ----------------------------------------------------------------------------------
+    void AddRecord();
+    void AddNewConnection();
+    void AddConnectionFromEntry(Entry connection);
+    void AddNodeFromEntry(Entry node);
+    void AddNewNode();
+    void ShowNewNode();
+
+    // What the dialogs ask of the control (BrowserHooks.cpp) ------------------------------------------------
+    void OfferHooks();
+    void WithdrawHooks();
 
     std::unique_ptr<Ui::T4ZelkaBrowser> m_ui;
     /// Children of the control, as the views that show them.

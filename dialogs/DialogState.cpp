@@ -5,8 +5,20 @@
 #include <QWidget>
 
 namespace {
+
 constexpr int PictureSize = 48;
+
+/// Empty when there is none.
+QIcon PictureAt(int index)
+{
+    const auto& pictures = Dialogs().ConPictures;
+    const auto place = static_cast<std::size_t>(index);
+    if (index >= 0 && place < pictures.size() && !pictures[place].isNull())
+        return pictures[place];
+    return Dialogs().PictureOfType ? Dialogs().PictureOfType(index) : QIcon();
 }
+
+} // namespace
 
 DialogState& Dialogs()
 {
@@ -16,10 +28,8 @@ DialogState& Dialogs()
 
 QPixmap ConPicturePixmap(int pictureIndex, const QWidget& widget)
 {
-    const auto& pictures = Dialogs().ConPictures;
-    const auto index = static_cast<std::size_t>(qMax(0, pictureIndex));
-    const QIcon& picture = pictureIndex >= 0 && index < pictures.size() && !pictures[index].isNull()
-                               ? pictures[index]
-                               : pictures[ConOrderClass::UnknownPicture];
+    QIcon picture = PictureAt(pictureIndex);
+    if (picture.isNull())
+        picture = PictureAt(ConOrderClass::UnknownPicture);
     return picture.pixmap(QSize(PictureSize, PictureSize), widget.devicePixelRatioF());
 }

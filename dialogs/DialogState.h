@@ -14,6 +14,9 @@ struct DialogState
     int SelectedWpIndex = 0;
     /// Pictures of the connection types, by picture index; filled by the control.
     std::array<QIcon, 20> ConPictures;
+    /// Gives the picture of a type where ConPictures has none, as while the control is hidden; handed in by
+    /// the control.
+    std::function<QIcon(int pictureIndex)> PictureOfType;
     /// Shows the manager form over a window; handed in by the control.
     std::function<void(QWidget* parent)> ShowManagerInfo;
 };

@@ -2,10 +2,12 @@
 
 #include "browser/BrowserState.h"
 #include "browser/CaptionFrame.h"
+#include "browser/DialogOpening.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "database/DatabaseClass.h"
 #include "database/DatabaseState.h"
+#include "dialogs/DialogState.h"
 #include "model/ModelState.h"
 #include "platform/Components.h"
 #include "platform/HelpHook.h"
@@ -39,6 +41,8 @@ inline void ResetModuleState()
     Model() = ModelState();
     Load() = LoadState();
     Browser() = BrowserState();
+    ::Dialogs() = DialogState();
+    Opening() = DialogOpening();
     Help() = HelpHook();
     ResetMachine();
     Machine().Sleep = [](int) {};
@@ -87,7 +91,12 @@ Control& Child(const QObject& parent, const char* name)
 class BrowserFixture
 {
 public:
-    BrowserFixture() { ResetModuleState(); }
+    BrowserFixture()
+    {
+        ResetModuleState();
+        Opening().ConnectionProperties = [this](ConData& con, QWidget*) { ShowDialog("connection", con); };
+        Opening().NodeProperties = [this](ConData& con, QWidget*) { ShowDialog("node", con); };
+    }
     ~BrowserFixture()
     {
         Control.reset();
@@ -99,6 +108,17 @@ public:
     RecordingPresenter Operator;
     ScriptedDatabase Component;
     std::unique_ptr<T4ZelkaBrowser> Control;
+    /// Dialogs that the control showed: "connection" or "node".
+    QStringList Dialogs;
+    /// What the operator does in a dialog; without it, Cancel.
+    std::function<void(ConData& con)> InDialog;
+
+    void ShowDialog(const char* kind, ConData& con)
+    {
+        Dialogs << QString::fromLatin1(kind);
+        if (InDialog)
+            InDialog(con);
+    }
 
     /// Makes the control and shows it, which starts it.
     void Start()

@@ -13,6 +13,9 @@ public:
         ResetModuleState();
         SetSource(Database.Source());
         Browser().BrowserTabIndex = 0;
+        const auto cancel = [](ConData&, QWidget*) {};
+        Opening().ConnectionProperties = cancel;
+        Opening().NodeProperties = cancel;
     }
     ~SqliteFixture()
     {
@@ -28,6 +31,9 @@ public:
     std::unique_ptr<T4ZelkaBrowser> Control;
     /// The component that the control uses.
     HvxDatabaseComponent* Component = nullptr;
+
+    /// From now on a command shows its dialog and waits; before, the operator cancels each at once.
+    void ShowRealDialogs() { Opening() = DialogOpening(); }
 
     /// The source of the next start. The component waits for nobody.
     void SetSource(const QString& source)

@@ -1,0 +1,290 @@
+#include "browser/BrowserState.h"
+#include "browser/IntervalTimer.h"
+#include "browser/StaleRecords.h"
+#include "browser/T4ZelkaBrowser.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "database/DatabaseState.h"
+#include "database/ManagerLaunch.h"
+#include "database/ReadBracket.h"
+#include "database/SaveRoutines.h"
+#include "database/UnitOfWork.h"
+#include "model/ModelState.h"
+#include "platform/MsgBox.h"
+#include "platform/controls/TreeView.h"
+
+#include <QPointer>
+#include <QScopeGuard>
+
+// The commands of the Database tab, and what they have in common. A box or a dialog that stands open lets the
+// host do anything, even destroy the control, so each asks behind it whether there is one left.
+
+void T4ZelkaBrowser::cmdDatabaseAdd_Click()
+{
+    RunCommand(&T4ZelkaBrowser::AddRecord);
+}
+
+void T4ZelkaBrowser::cmdDatabaseProp_Click()
+{
+    RunCommand(&T4ZelkaBrowser::ShowProperties);
+}
+
+void T4ZelkaBrowser::cmdDatabaseRemove_Click()
+{
+    RunCommand(&T4ZelkaBrowser::RemoveSelected);
+}
+
+void T4ZelkaBrowser::cmdDatabaseManage_Click()
+{
+    RunCommand(&T4ZelkaBrowser::LaunchSelectedManager);
+}
+
+// Frame -----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::RunCommand(void (T4ZelkaBrowser::*steps)())
+{
+    // A key may ask for a command while another one's dialog stands open.
+    if (Browser().Busy > 0 || !Model().ConObject)
+        return;
+    const BusyScope busy;
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const auto restoreTimer = qScopeGuard([&] {
+        if (alive)
+            m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+    });
+    m_tmrRefreshTimer->SetEnabled(false);
+    EndClickReads();
+    // Another control may have offered its own since.
+    OfferHooks();
+    Model().ConObject->optCon = m_ui->optCon->isChecked();
+    (this->*steps)();
+}
+
+bool T4ZelkaBrowser::RunOnEntries(std::initializer_list<CheckedEntry> entries,
+                                  const std::function<bool()>& work, const QString& failure)
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    StaleRecord stale;
+    const bool done = UnitOfWork({m_conTree, m_nodesTree}).Run([&](UnitOfWork& unit) {
+        unit.Begin();
+        if (!alive)
+            UnitOfWork::GiveUp();
+        for (const CheckedEntry& checked : entries) {
+            if (!(checked.isNode ? CheckNodeEntry(checked.tree, checked.entry, stale)
+                                 : CheckConEntry(checked.tree, checked.entry, stale)))
+                UnitOfWork::GiveUp();
+        }
+        if (!work()) {
+            ErrorBox(failure);
+            UnitOfWork::GiveUp();
+        }
+        unit.Commit();
+    });
+    if (alive && !stale.text.isEmpty())
+        (void)TellStaleEntry(stale);
+    return done && alive;
+}
+
+bool T4ZelkaBrowser::ShowDialog(const DialogOpening::Opener& dialog)
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    {
+        ConData& con = *Model().ConObject;
+        con.SelectedTreeNodeIndex = SelectedEntry(ShownView());
+        con.ViewNodesChecked = m_ui->chkViewNodes->isChecked();
+        con.ConTree = m_conTree;
+        con.NodesTree = m_nodesTree;
+        const auto takeTreesBack = qScopeGuard([] {
+            if (!Model().ConObject)
+                return;
+            Model().ConObject->ConTree = nullptr;
+            Model().ConObject->NodesTree = nullptr;
+        });
+        dialog(con, this);
+        if (alive)
+            cmdRefresh_Click();
+    }
+    if (!alive || !Model().ConObject)
+        return false;
+    m_tmrRefreshTimer->SetEnabled(false);
+    SelectTreeEntry(ShownView(), Model().ConObject->SelectedTreeNodeIndex);
+    RestoreViewSelection();
+    return alive;
+}
+
+void T4ZelkaBrowser::ShowTargetOfSelectedConnection()
+{
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    if (m_ui->optCon->isChecked() && m_conTree->Kind(selected) == QLatin1Char('C'))
+        SetConnectionTargetText(m_conTree->Text(selected));
+}
+
+void T4ZelkaBrowser::ShowTargetOfSelectedNode()
+{
+    if (ShownEntries().Kind(SelectedEntry(ShownView())) != QLatin1Char('N'))
+        return;
+    QString parentName;
+    if (m_ui->optCon->isChecked())
+        ConTreeSetTargetText();
+    else
+        NodesTreeSetTargetText(parentName);
+}
+
+void T4ZelkaBrowser::EnableForSelection()
+{
+    const Entry selected = SelectedEntry(ShownView());
+    // What can still be loaded belongs to a node's connection.
+    const bool isBelow = m_ui->optCon->isChecked() && m_conTree->Kind(selected) == QLatin1Char('N');
+    EnableCmdLoadMore(isBelow ? m_conTree->Parent(selected) : selected);
+}
+
+// Properties ------------------------------------------------------------------------------------------------
+
+bool T4ZelkaBrowser::ReadConnection(Entry connection)
+{
+    return RunOnEntries(
+        {{*m_conTree, connection, false}},
+        [&] { return Model().ConObject && Model().ConObject->SetConDataFromNode(*m_conTree, connection); },
+        QStringLiteral("Failure to get connection data from database."));
+}
+
+bool T4ZelkaBrowser::ReadNode(Entry node, bool withConnection)
+{
+    const TreeEntries& tree = ShownEntries();
+    const auto read = [&] { return Model().ConObject && Model().ConObject->SetNodeDataFromNode(tree, node); };
+    const QString failure = QStringLiteral("Failure to get node data from database.");
+    if (withConnection)
+        return RunOnEntries({{tree, tree.Parent(node), false}, {tree, node, true}}, read, failure);
+    return RunOnEntries({{tree, node, true}}, read, failure);
+}
+
+void T4ZelkaBrowser::ShowProperties()
+{
+    const Entry selected = SelectedEntry(ShownView());
+    const QChar kind = ShownEntries().Kind(selected);
+    if (kind == QLatin1Char('N'))
+        ShowNodeProperties(selected);
+    else if (kind == QLatin1Char('C'))
+        ShowConnectionProperties(selected);
+    else if (kind == QLatin1Char('W'))
+        ShowConnectionProperties(m_conTree->Parent(selected));
+}
+
+void T4ZelkaBrowser::ShowConnectionProperties(Entry connection)
+{
+    const bool fromWaypoint = SelectedEntry(*m_ui->tvwConTree) != connection;
+    if (!ReadConnection(connection))
+        return;
+    Model().ConObject->NewCon = false;
+    Model().ConObject->SaveFromScan = false;
+    if (!ShowDialog(Opening().ConnectionProperties))
+        return;
+    const ClickReads reads(*this);
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    const QChar kind = m_conTree->Kind(selected);
+    const Entry shown = kind == QLatin1Char('W') ? m_conTree->Parent(selected) : selected;
+    if (m_conTree->Kind(shown) == QLatin1Char('C')) {
+        SetConnectionTargetText(m_conTree->Text(shown));
+        if (fromWaypoint && !m_ui->chkViewNodes->isChecked())
+            LoadConWaypoints(shown);
+    }
+    EnableForSelection();
+}
+
+void T4ZelkaBrowser::ShowNodeProperties(Entry node)
+{
+    if (!ReadNode(node, m_ui->optCon->isChecked()))
+        return;
+    Model().ConObject->NewNode = false;
+    if (!ShowDialog(Opening().NodeProperties))
+        return;
+    const ClickReads reads(*this);
+    ShowTargetOfSelectedNode();
+    EnableForSelection();
+}
+
+// Remove ----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::RemoveSelected()
+{
+    if (!Database().EditRight)
+        return;
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const Entry selected = SelectedEntry(ShownView());
+    const QChar kind = ShownEntries().Kind(selected);
+    bool removed = false;
+    if (selected == 0)
+        RestoreViewSelection();
+    else if (kind == QLatin1Char('N'))
+        removed = RemoveSelectedNode(selected);
+    else if (kind != QLatin1Char('R'))
+        removed = RemoveSelectedConnection(kind == QLatin1Char('W') ? m_conTree->Parent(selected) : selected);
+    if (!removed || !alive)
+        return;
+
+    RestoreViewSelection();
+    if (!alive)
+        return;
+    const ClickReads reads(*this);
+    const Entry now = SelectedEntry(ShownView());
+    if (m_ui->optCon->isChecked()) {
+        if (m_conTree->Kind(now) == QLatin1Char('C'))
+            (void)ShowConnection(m_conTree->Text(now));
+        ShowTargetOfSelectedConnection();
+    } else if (m_nodesTree->Kind(now) == QLatin1Char('N')) {
+        QString parentName;
+        NodesTreeSetTargetText(parentName);
+        (void)ShowConnection(parentName);
+    }
+    EnableForSelection();
+}
+
+bool T4ZelkaBrowser::RemoveSelectedNode(Entry node)
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const TreeEntries& tree = ShownEntries();
+    const QString name = tree.Text(node);
+    if (MsgBox(QStringLiteral("Do you want to remove Node ") + name + QStringLiteral(" from database ?"),
+               BoxFlags::OkCancel) != BoxAnswer::Ok ||
+        !alive)
+        return false;
+    const bool inNodeView = &tree == m_nodesTree;
+    return RunOnEntries(
+        {{tree, node, true}},
+        [&] {
+            return RemoveNodeEntry(name, *m_conTree, *m_nodesTree, inNodeView,
+                                   SelectedEntry(*m_ui->tvwConTree));
+        },
+        QStringLiteral("Failure in removing Node ") + name + QLatin1Char('.'));
+}
+
+bool T4ZelkaBrowser::RemoveSelectedConnection(Entry connection)
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const QString name = m_conTree->Text(connection);
+    if (MsgBox(QStringLiteral("Do you want to remove Connection ") + name +
+                   QStringLiteral(" and all its nodes from database ?"),
+               BoxFlags::OkCancel) != BoxAnswer::Ok ||
+        !alive)
+        return false;
+    if (!RunOnEntries(
+            {{*m_conTree, connection, false}}, [&] { return RemoveConnection(name); },
+            QStringLiteral("Failure in removing Connection ") + name + QLatin1Char('.')))
+        return false;
+    // The entry goes with what the Journal tells.
+    cmdRefresh_Click();
+    return alive;
+}
+
+// Manage ----------------------------------------------------------------------------------------------------
+
+void T4ZelkaBrowser::LaunchSelectedManager()
+{
+    const Entry selected = SelectedEntry(ShownView());
+    ManagerCommand command;
+    if (selected == 0)
+        MsgBox(QStringLiteral("Nothing is selected, select a node from the tree."));
+    else if (ShownEntries().Kind(selected) != QLatin1Char('N'))
+        MsgBox(QStringLiteral("Only nodes can be used to launch a manager, select a node from the tree."));
+    else if (ReadManagerCommand(ShownEntries().Text(selected), command))
+        LaunchManager(command);
+}

@@ -1,0 +1,42 @@
+#include "browser/BrowserState.h"
+#include "browser/ConnectionPictures.h"
+#include "browser/T4ZelkaBrowser.h"
+#include "browser/frmMngrInfo.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "dialogs/DialogState.h"
+#include "model/ModelState.h"
+#include "platform/controls/TreeView.h"
+
+#include <QPointer>
+
+// What the folders below ask of the control through their module-level state.
+
+void T4ZelkaBrowser::OfferHooks()
+{
+    Browser().HooksOwner = this;
+    const QPointer<T4ZelkaBrowser> control(this);
+    Model().SelectTreeEntry = [control](TreeEntries& tree, TreeEntries::Index entry) {
+        if (control && &tree == control->m_conTree)
+            control->SelectTreeEntry(*control->m_ui->tvwConTree, entry);
+        else if (control && &tree == control->m_nodesTree)
+            control->SelectTreeEntry(*control->m_ui->tvwNodesTree, entry);
+    };
+    Dialogs().PictureOfType = ConnectionPicture;
+    Dialogs().ShowManagerInfo = [](QWidget* parent) {
+        if (!Model().ConObject)
+            return;
+        const QPointer<frmMngrInfo> form(new frmMngrInfo(*Model().ConObject, parent));
+        form->exec();
+        delete form;
+    };
+}
+
+void T4ZelkaBrowser::WithdrawHooks()
+{
+    if (Browser().HooksOwner != this)
+        return;
+    Browser().HooksOwner = nullptr;
+    Model().SelectTreeEntry = nullptr;
+    Dialogs().PictureOfType = nullptr;
+    Dialogs().ShowManagerInfo = nullptr;
+}

@@ -1,0 +1,84 @@
+#include "database/ManagerLaunch.h"
+
+#include "database/Gateway.h"
+#include "database/UnitOfWork.h"
+#include "model/TextHelpers.h"
+#include "platform/MachineSeams.h"
+
+namespace {
+
+/// Every manager is told this device, whatever the node.
+const QString ManagerDevice = QStringLiteral("cdfq01");
+
+/// Arguments at even places up to here are options, all others values.
+constexpr qsizetype OptionPlaces = 4;
+
+bool IsOption(qsizetype place)
+{
+    return place < OptionPlaces && place % 2 == 0;
+}
+
+/// The rest of ReadManagerCommand once the transaction is open.
+void ReadManager(UnitOfWork& unit, const QString& nodeName, ManagerCommand& command)
+{
+    QString conName;
+    QString target;
+    QString device;
+    QString commandLine;
+    // A node that is gone is answered with empty texts.
+    if (!Gateway().GetNodeExDb(nodeName, conName, target, device, commandLine) || conName.isEmpty())
+        unit.Refuse(QStringLiteral("Failure to get node data from database."), ErrorBoxFlags(),
+                    ErrorBoxTitle());
+    QString path;
+    QString commandText;
+    QString index;
+    const bool answered = Gateway().GetNMAInfoDb(device, path, commandText, index);
+    if (TrimBlanks(device).isEmpty())
+        unit.Refuse(QStringLiteral("Missing Device Name, manager cannot be launched."));
+    if (!answered || TrimBlanks(path).isEmpty())
+        unit.Refuse(QStringLiteral("Device Name ") + device +
+                    QStringLiteral(" not found, manager cannot be launched."));
+    command = ComposeManagerCommand(path, nodeName, commandText);
+}
+
+} // namespace
+
+QString ManagerCommand::Text() const
+{
+    QString text = program;
+    for (qsizetype place = 0; place < arguments.size(); ++place) {
+        const QString& argument = arguments.at(place);
+        text += u' ' + (IsOption(place) ? argument : u'"' + argument + u'"');
+    }
+    return text;
+}
+
+ManagerCommand ComposeManagerCommand(const QString& path, const QString& nodeName, const QString& extra)
+{
+    ManagerCommand command{
+        path, {QStringLiteral("-sobriquet"), nodeName, QStringLiteral("-device"), ManagerDevice}};
+    if (!extra.isEmpty())
+        command.arguments << extra;
+    return command;
+}
+
+bool ReadManagerCommand(const QString& nodeName, ManagerCommand& command)
+{
+    ManagerCommand read;
+    const bool done = UnitOfWork({}).Run([&](UnitOfWork& unit) {
+        unit.Begin();
+        ReadManager(unit, nodeName, read);
+        unit.Commit();
+    });
+    if (done)
+        command = read;
+    return done;
+}
+
+bool LaunchManager(const ManagerCommand& command)
+{
+    if (Machine().StartProgram(command.program, command.arguments))
+        return true;
+    MsgBox(QStringLiteral("Manager Launch Error with Command Line:") + command.Text());
+    return false;
+}
