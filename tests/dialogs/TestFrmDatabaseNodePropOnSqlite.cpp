@@ -323,7 +323,6 @@ void TestFrmDatabaseNodePropOnSqlite::Open_ManyConnections_IsQuick()
     QCOMPARE(f.Entries("cboConName").size(), 20'003);
     QCOMPARE(f.Chosen("cboConName"), "Alpha");
     QVERIFY2(best < 100, qPrintable(QStringLiteral("%1 ms").arg(best)));
-    qDebug() << best;
 }
 
 QTEST_MAIN(TestFrmDatabaseNodePropOnSqlite)
