@@ -6,6 +6,8 @@
 #include "tools/zelka/GatewaySession.h"
 #include "tools/zelka/ParameterValues.h"
 
+#include <QJsonArray>
+
 ShowCommand::ShowCommand(CLI::App& app, CommandContext& context) : m_context(context)
 {
     CLI::App& show = *app.add_subcommand("show", "Show a connection or node with its id and parameters");

@@ -3,10 +3,6 @@
 #include "tools/zelka/CommandContext.h"
 #include "tools/zelka/RecordLookup.h"
 
-#include <QJsonArray>
-
-#include <optional>
-
 class GatewaySession;
 
 /// `zelka show`: one record with its id and all parameters, under the keys by which `zelka set` takes them.
