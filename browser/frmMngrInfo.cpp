@@ -2,6 +2,7 @@
 
 #include "browser/ui_frmMngrInfo.h"
 #include "database/Gateway.h"
+#include "database/SaveRoutines.h"
 #include "database/UnitOfWork.h"
 #include "model/ConData.h"
 #include "model/ItemList.h"
@@ -67,9 +68,8 @@ void frmMngrInfo::OfferOwnDevice()
 {
     if (TrimBlanks(m_con.NodeType).isEmpty() || FindComboItem(DeviceNames(), m_con.NodeType))
         return;
-    const qsizetype separator = m_con.CommandLine.indexOf(FieldSeparator);
-    m_managers.push_back({m_con.NodeType, m_con.CommandLine.left(qMax(separator, qsizetype{0})),
-                          m_con.CommandLine.mid(separator + 1)});
+    m_managers.push_back(
+        {m_con.NodeType, ManagerIndexOf(m_con.CommandLine), ManagerTailOf(m_con.CommandLine)});
 }
 
 QStringList frmMngrInfo::DeviceNames() const

@@ -4,7 +4,13 @@
 #include "database/DatabaseTexts.h"
 #include "database/Gateway.h"
 
-UnitOfWork::UnitOfWork(std::initializer_list<TreeEntries*> trees) : m_patches(trees) {}
+UnitOfWork::UnitOfWork(std::initializer_list<TreeEntries*> trees)
+{
+    for (TreeEntries* tree : trees)
+        m_trees.emplace_back(tree);
+}
+
+UnitOfWork::~UnitOfWork() = default;
 
 bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
 {
@@ -15,17 +21,20 @@ bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
     } catch (...) {
         Gateway().ReportDatabaseFailure(CurrentErrorNumber(), m_transactionOpen);
         m_transactionOpen = false;
-        m_patches.Undo();
+        UndoPatches();
         return false;
     }
 }
 
 void UnitOfWork::Begin()
 {
-    if (Gateway().BeginTransactionDb(m_transactionOpen))
-        return;
-    ErrorBox(DatabaseText::AccessDenied());
-    GiveUp();
+    if (!Gateway().BeginTransactionDb(m_transactionOpen)) {
+        ErrorBox(DatabaseText::AccessDenied());
+        GiveUp();
+    }
+    // Not earlier: what other code does to the trees while a box stands open is not this transaction's.
+    for (const QPointer<TreeEntries>& tree : m_trees)
+        m_patches.push_back(std::make_unique<TreePatches>(std::initializer_list<TreeEntries*>{tree}));
 }
 
 void UnitOfWork::Commit()
@@ -34,20 +43,33 @@ void UnitOfWork::Commit()
         ErrorBox(DatabaseText::CommitFailure());
         GiveUp();
     }
-    m_patches.Keep();
+    KeepPatches();
 }
 
 void UnitOfWork::CommitBeforeRefusal()
 {
     if (Gateway().CommitTransactionDb(m_transactionOpen))
-        m_patches.Keep();
+        KeepPatches();
 }
 
 bool UnitOfWork::Rollback()
 {
     const bool done = Gateway().RollbackTransactionDb();
-    m_patches.Undo();
+    UndoPatches();
     return done;
+}
+
+void UnitOfWork::KeepPatches()
+{
+    for (const std::unique_ptr<TreePatches>& patches : m_patches)
+        patches->Keep();
+    m_patches.clear();
+}
+
+void UnitOfWork::UndoPatches()
+{
+    // What was not kept is undone at its end.
+    m_patches.clear();
 }
 
 void UnitOfWork::Refuse(const QString& text, int flags, const QString& title)

@@ -3,10 +3,13 @@
 #include "model/TreePatches.h"
 #include "platform/MsgBox.h"
 
+#include <QPointer>
 #include <QString>
 
 #include <functional>
 #include <initializer_list>
+#include <memory>
+#include <vector>
 
 /// One transaction of a command or of a dialog's save, together with what it does to the trees.
 ///
@@ -17,8 +20,11 @@
 class UnitOfWork
 {
 public:
-    /// Trees that the work may patch; null ones are left out.
+    /// Trees that the work may patch while its transaction is open; null ones are left out.
     explicit UnitOfWork(std::initializer_list<TreeEntries*> trees);
+    ~UnitOfWork();
+    UnitOfWork(const UnitOfWork&) = delete;
+    UnitOfWork& operator=(const UnitOfWork&) = delete;
 
     /// `work` uses the procedures below and returns when all is done, which includes its Commit.
     bool Run(const std::function<void(UnitOfWork& unit)>& work);
@@ -44,6 +50,11 @@ public:
     [[noreturn]] static void Fail();
 
 private:
+    void KeepPatches();
+    void UndoPatches();
+
     bool m_transactionOpen = false;
-    TreePatches m_patches;
+    std::vector<QPointer<TreeEntries>> m_trees;
+    /// Of each tree, while the transaction is open.
+    std::vector<std::unique_ptr<TreePatches>> m_patches;
 };

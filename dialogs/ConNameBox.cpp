@@ -24,6 +24,7 @@ ConNameBox::ConNameBox(QWidget* parent) : QLineEdit(parent)
 void ConNameBox::ShowName(const QString& name)
 {
     setText(name);
+    selectAll();
     m_savedName = name;
 }
 

@@ -14,7 +14,7 @@ class ConNameBox : public QLineEdit
 public:
     explicit ConNameBox(QWidget* parent = nullptr);
 
-    /// Shows a name, which Escape brings back.
+    /// Shows a name, selected, which Escape brings back.
     void ShowName(const QString& name);
 
 protected:

@@ -58,7 +58,7 @@ void DefinitionListView::AddColumn(const QString& title, double share)
     setColumnCount(column + 1);
     headerItem()->setText(column, title);
     if (title == MarkerTitle())
-        headerItem()->setToolTip(column, tr("M: mandatory, D: default value in use"));
+        headerItem()->setToolTip(column, QStringLiteral("M: mandatory, D: default value in use"));
     FitColumns();
 }
 

@@ -4,9 +4,7 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "dialogs/DialogState.h"
-#if __has_include("dialogs/frmWpProp.h")
 #include "dialogs/frmWpProp.h"
-#endif
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "model/ConData.h"
 #include "model/ItemList.h"
@@ -16,6 +14,7 @@
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
 
+#include <QPointer>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -25,15 +24,8 @@ constexpr QChar KeySeparator = u'_';
 /// Rows at the end of a waypoint between the first and the last that hold for the whole connection.
 constexpr int SharedRows = 2;
 
-QString UnknownType()
-{
-    return QStringLiteral("Unknown");
-}
-
-QString HelpTopic()
-{
-    return QStringLiteral("Browser4Properties00000007.htm");
-}
+const QString UnknownType = QStringLiteral("Unknown");
+const QString HelpTopic = QStringLiteral("Browser4Properties00000007.htm");
 
 // Words ---------------------------------------------------------------------------------------------------
 
@@ -59,15 +51,9 @@ QString TypeForbidsScan(const QString& type)
     return type + QStringLiteral(" cannot be used as a connection type for the scanned nodes.");
 }
 
-QString NothingSelected()
-{
-    return QStringLiteral("Select connection part name or parameter from the listbox.");
-}
-
-QString NameIsReserved()
-{
-    return QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
-}
+const QString NothingSelected = QStringLiteral("Select connection part name or parameter from the listbox.");
+const QString NameIsReserved =
+    QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
 
 } // namespace
 
@@ -114,7 +100,7 @@ void frmDatabaseConProp::Form_Load()
     m_ui->txtConName->ShowName(m_con.ConName);
     const QString firstType = FirstType();
     FillTypes();
-    if (m_con.NewCon && m_con.ConTypeName == UnknownType()) {
+    if (m_con.NewCon && m_con.ConTypeName == UnknownType) {
         SelectFirstType(longName);
         if (!firstType.isEmpty())
             m_con.ConTypeName = firstType;
@@ -147,7 +133,6 @@ QString frmDatabaseConProp::FirstType()
 void frmDatabaseConProp::FillTypes()
 {
     const QSignalBlocker noClicks(m_ui->cboConType);
-    m_ui->cboConType->clear();
     const ConOrderClass* order = Model().ConOrderObject.get();
     for (int row = 1; order && row <= order->ConnectionCount(); ++row)
         m_ui->cboConType->addItem(order->LongName(row));
@@ -184,8 +169,7 @@ void frmDatabaseConProp::showEvent(QShowEvent* event)
 void frmDatabaseConProp::Form_Activate()
 {
     FillList();
-    if (m_selectedListIndex > 0)
-        m_ui->lvWPlist->SelectRow(m_selectedListIndex);
+    m_ui->lvWPlist->SelectRow(m_selectedListIndex);
 }
 
 // Type ----------------------------------------------------------------------------------------------------
@@ -271,7 +255,7 @@ void frmDatabaseConProp::cmdProperties_Click()
 {
     const QString key = m_ui->lvWPlist->SelectedKey();
     if (key.isEmpty()) {
-        MsgBox(NothingSelected());
+        MsgBox(NothingSelected);
         return;
     }
     const int waypoint = ValInt(GetItem(key, 1, KeySeparator));
@@ -279,16 +263,19 @@ void frmDatabaseConProp::cmdProperties_Click()
     Dialogs().SelectedWpIndex = ValInt(GetItem(key, 2, KeySeparator));
     m_con.ReduceParameterCount = waypoint == 1 || waypoint == m_con.ConWpCount ? 0 : SharedRows;
     m_selectedListIndex = m_ui->lvWPlist->SelectedRow();
-    ShowWaypoint();
-    Form_Activate();
+    if (ShowWaypoint())
+        Form_Activate();
 }
 
-void frmDatabaseConProp::ShowWaypoint()
+bool frmDatabaseConProp::ShowWaypoint()
 {
-#if __has_include("dialogs/frmWpProp.h")
-    frmWpProp form(m_con, this);
-    form.exec();
-#endif
+    // The host may close this window while the other is open, which goes with it.
+    const QPointer<frmWpProp> form = new frmWpProp(m_con, this);
+    form->exec();
+    if (!form)
+        return false;
+    delete form;
+    return true;
 }
 
 // Buttons -------------------------------------------------------------------------------------------------
@@ -297,7 +284,7 @@ void frmDatabaseConProp::cmdSave_Click()
 {
     QString name = m_ui->txtConName->text();
     if (IsReservedConnectionName(name)) {
-        MsgBox(NameIsReserved());
+        MsgBox(NameIsReserved);
         return;
     }
     const bool saved = SaveConnection(m_con, name);
@@ -309,5 +296,5 @@ void frmDatabaseConProp::cmdSave_Click()
 
 void frmDatabaseConProp::cmdHelp_Click()
 {
-    ShowHelpTopic(HelpTopic());
+    ShowHelpTopic(HelpTopic);
 }

@@ -12,6 +12,7 @@
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 
+#include <QHeaderView>
 #include <QListView>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -72,6 +73,8 @@ void frmDatabaseNodeProp::ConnectControls()
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmDatabaseNodeProp::cmdHelp_Click);
     connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
             &frmDatabaseNodeProp::cmdHelp_Click);
+    m_ui->cboConName->installEventFilter(this);
+    m_ui->cboNodeType->installEventFilter(this);
 }
 
 void frmDatabaseNodeProp::Guarded(const std::function<void()>& handler)
@@ -90,6 +93,8 @@ void frmDatabaseNodeProp::Guarded(const std::function<void()>& handler)
 void frmDatabaseNodeProp::Form_Load()
 {
     m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, 2);
+    m_ui->grdNodeParam->horizontalHeader()->setSectionResizeMode(ParameterGrid::ValueColumn,
+                                                                 QHeaderView::Stretch);
     GridAttach(*m_ui->grdNodeParam, *m_ui->txtGridEdit, *m_ui->cboGridEdit, *m_ui->spnGridEdit);
     GridEdit().GridWpName = m_con.GetConWpName(1);
     GridEdit().GridWpData = &m_con.GetWpData(1);
@@ -154,6 +159,16 @@ bool frmDatabaseNodeProp::event(QEvent* event)
             this, [this] { Guarded([this] { Form_Activate(); }); }, Qt::QueuedConnection);
     }
     return used;
+}
+
+bool frmDatabaseNodeProp::eventFilter(QObject* watched, QEvent* event)
+{
+    // A turn of the wheel would choose unawares, and another class discards the parameters.
+    const bool isChoice = watched == m_ui->cboConName || watched == m_ui->cboNodeType;
+    if (!isChoice || event->type() != QEvent::Wheel)
+        return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 // Other controls --------------------------------------------------------------------------------------------

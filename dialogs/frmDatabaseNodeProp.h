@@ -27,6 +27,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void ConnectControls();
@@ -50,6 +51,8 @@ private:
     bool LoadClass(const QString& longName);
     void FillWpList();
     void ShowPage(int waypoint);
+    /// Makes room for the names of the page; what other pages needed stays.
+    void WidenNames();
     /// Empties the grid; an edit that is open is lost.
     void ClearGrid();
 
@@ -60,7 +63,7 @@ private:
     // Save (frmDatabaseNodePropSave.cpp)
     void cmdSave_Click();
     [[nodiscard]] bool IsFePage(int row) const;
-    /// False: FE CHANNEL and PACKET SIZE, as they are shown, do not go together.
+    /// False: FE CHANNEL and PACKET SIZE do not go together.
     [[nodiscard]] bool PacketSizeFits() const;
     /// The value of a row as the operator sees it, in the cell or in the editor over it.
     [[nodiscard]] QString ShownValue(int row) const;

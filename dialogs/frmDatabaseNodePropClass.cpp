@@ -19,6 +19,9 @@ namespace {
 
 /// Type id that belongs to the SNMP family whatever its name.
 constexpr int SnmpFamilyType = 15;
+/// Width of the parameter names, in pixels: as much as they need between these two.
+constexpr int NameWidth = 147;
+constexpr int LongestNameWidth = 240;
 
 QString Snmp()
 {
@@ -163,11 +166,21 @@ void frmDatabaseNodeProp::ShowPage(int waypoint)
     QString title;
     FillWpGrid(GridParameters(), m_con, title, m_rowCount);
     m_ui->lblParameterHeader->setText(DoubleAnyChar(title, QStringLiteral("&")));
+    WidenNames();
     GridEditState& state = GridEdit();
     state.GridLastRow = m_rowCount;
     state.GridValueCol = ParameterGrid::ValueColumn;
     state.GridWpName = m_con.GetConWpName(waypoint);
     state.GridWpData = &m_con.GetWpData(waypoint);
+}
+
+void frmDatabaseNodeProp::WidenNames()
+{
+    FlexGrid& grid = *m_ui->grdNodeParam;
+    const int width = qMax(NameWidth, grid.columnWidth(ParameterGrid::NameColumn));
+    grid.resizeColumnToContents(ParameterGrid::NameColumn);
+    grid.setColumnWidth(ParameterGrid::NameColumn, qBound(width, grid.columnWidth(ParameterGrid::NameColumn),
+                                                          qMax(width, LongestNameWidth)));
 }
 
 void frmDatabaseNodeProp::SaveOneWpValues()

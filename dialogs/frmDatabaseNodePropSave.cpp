@@ -1,5 +1,6 @@
 #include "database/NodeSave.h"
 #include "dialogs/GridEdit.h"
+#include "dialogs/GridEditors.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
@@ -31,10 +32,10 @@ bool frmDatabaseNodeProp::IsFePage(int row) const
 QString frmDatabaseNodeProp::ShownValue(int row) const
 {
     const bool isCurrent = m_ui->grdNodeParam->Row() == row;
-    if (isCurrent && !m_ui->txtGridEdit->isHidden())
+    if (isCurrent && GridTextOpen())
         return m_ui->txtGridEdit->text();
-    if (isCurrent && !m_ui->cboGridEdit->isHidden()) {
-        const QString text = m_ui->cboGridEdit->currentText();
+    if (isCurrent && GridComboOpen()) {
+        const QString text = GridComboText();
         return TextContains(text, u"Default") ? GridEdit().GridParameter.text : text;
     }
     return m_ui->grdNodeParam->TextMatrix(row, ParameterGrid::ValueColumn);
@@ -58,8 +59,10 @@ void frmDatabaseNodeProp::cmdSave_Click()
         frmChSelPktSize(this).exec();
         return;
     }
-    if (!GridCommitEdit())
+    if (!GridCommitEdit()) {
+        GridPlaceCell(m_ui->grdNodeParam->Row(), ParameterGrid::ValueColumn);
         return;
+    }
     if (IsReservedNodeName(m_ui->txtNodeName->text())) {
         MsgBox(QStringLiteral("'New Node' cannot be used as a node name, give a new name."));
         return;

@@ -111,7 +111,8 @@ void frmWpProp::CmdOk_Click()
         MsgBox(RefusalText(exclusiveFailure));
         return;
     }
-    TakeWpGridValues(GridParameters(), m_con, m_rowCount, m_con.ConWpCount);
+    if (m_rowCount > 0)
+        TakeWpGridValues(GridParameters(), m_con, m_rowCount, m_con.ConWpCount);
     accept();
 }
 

@@ -31,7 +31,7 @@ int KeepWanted(TreeEntries& tree, TreeEntries::Index parent, Find find)
     int kept = 0;
     for (const TreeEntries::Index child : children) {
         WantedChild* const wanted = find(KeyOf(tree, child));
-        if (!wanted || wanted->kept || !tree.SetKey(child, wanted->key.Format())) {
+        if (!wanted || !tree.SetKey(child, wanted->key.Format())) {
             left.push_back(child);
             continue;
         }

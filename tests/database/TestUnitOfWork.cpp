@@ -40,7 +40,6 @@ private Q_SLOTS:
     void Pointer_IsNormalAtEachEnd_data();
     void Pointer_IsNormalAtEachEnd();
     void Run_Again_StartsAnew();
-    void Trees_NullOnesAreLeftOut();
 };
 
 static const QString Denied =
@@ -489,17 +488,6 @@ void TestUnitOfWork::Run_Again_StartsAnew()
 
     QVERIFY(unit.Run(work));
     QCOMPARE(fixture.Component.Calls, (QStringList{BeginCall, CommitCall}));
-}
-
-void TestUnitOfWork::Trees_NullOnesAreLeftOut()
-{
-    const SavingFixture fixture;
-    UnitOfWork unit({nullptr, nullptr});
-
-    QVERIFY(unit.Run([](UnitOfWork& running) {
-        running.Begin();
-        running.Commit();
-    }));
 }
 
 QTEST_GUILESS_MAIN(TestUnitOfWork)

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void Escape_InAnEditor_LosesTheEdit();
     void Escape_InTheGrid_Cancels();
     void Enter_InAnEditor_StoresTheValueAndSavesNothing();
+    void Wheel_OverAChoice_ChangesNothing();
     void Cancel_Click_SavesNothing();
     void Help_ClickOrF1_ShowsTheTopic();
     void Manager_Click_ShowsTheForm();
@@ -224,6 +225,20 @@ void TestFrmDatabaseNodePropControls::Enter_InAnEditor_StoresTheValueAndSavesNot
     QCOMPARE(f.Cell(1), "99");
     QVERIFY(f.Form->isVisible());
     QCOMPARE(f.Component.Count("BeginTransaction"), 0);
+}
+
+void TestFrmDatabaseNodePropControls::Wheel_OverAChoice_ChangesNothing()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    for (const char* name : {"cboConName", "cboNodeType"}) {
+        auto& box = f.Find<QComboBox>(name);
+        const QPointF place = box.rect().center();
+        QWheelEvent turn(place, box.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&box, &turn);
+        QCOMPARE(box.currentIndex(), 0);
+    }
 }
 
 void TestFrmDatabaseNodePropControls::Cancel_Click_SavesNothing()

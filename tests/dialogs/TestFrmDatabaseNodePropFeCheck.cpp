@@ -50,6 +50,7 @@ private Q_SLOTS:
     void Check_OtherPage_DoesNotRun();
     void Check_OtherClass_DoesNotRun();
     void Check_OpenEditor_CountsAsItIsSeen();
+    void Check_OpenDefault_CountsAsItsValue();
     void Check_BeforeTheReservedName();
 };
 
@@ -150,6 +151,20 @@ void TestFrmDatabaseNodePropFeCheck::Check_OpenEditor_CountsAsItIsSeen()
     f.ClickPage(2);
     f.EnterValue(2, "15");
     f.TypeValue(6, "1032");
+    const ModalCloser closer;
+    QTest::keyClick(f.Editor(), Qt::Key_S, Qt::AltModifier);
+
+    QTRY_COMPARE(f.Form->result(), int(QDialog::Accepted));
+    QCOMPARE(closer.Caption, QString());
+}
+
+void TestFrmDatabaseNodePropFeCheck::Check_OpenDefault_CountsAsItsValue()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    f.ClickPage(2);
+    f.EnterValue(6, "32");
+    f.TypeValue(6, "Default (18)");
     const ModalCloser closer;
     QTest::keyClick(f.Editor(), Qt::Key_S, Qt::AltModifier);
 

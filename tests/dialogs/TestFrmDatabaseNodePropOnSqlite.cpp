@@ -3,6 +3,7 @@
 #include "tests/dialogs/NodePropFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
 
@@ -94,6 +95,7 @@ private Q_SLOTS:
     void Save_DeletedElsewhere_IsPrevented();
     void Save_NameOfAConnection_IsRefused();
     void Save_HeldElsewhere_IsDenied();
+    void Open_ManyConnections_IsQuick();
 };
 
 void TestFrmDatabaseNodePropOnSqlite::Save_New_AddsTheNode()
@@ -295,6 +297,32 @@ void TestFrmDatabaseNodePropOnSqlite::Save_HeldElsewhere_IsDenied()
     other->RollbackTransaction();
     f.Click("cmdSave");
     QCOMPARE(f.Form->result(), int(QDialog::Accepted));
+}
+
+void TestFrmDatabaseNodePropOnSqlite::Open_ManyConnections_IsQuick()
+{
+    SqliteNodeProp s;
+    {
+        const auto administration = HvxAdministration::Open(s.File.Source());
+        const auto writer = administration->BeginBulkWrite();
+        for (int number = 0; number < 20'000; ++number)
+            writer->AddConnection(QStringLiteral("Line %1").arg(number), DatabaseFixture::AlphaTarget);
+        writer->Commit();
+    }
+    NodePropFixture& f = s.Dialog;
+    f.EditNode("North");
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        f.Form.reset();
+        QElapsedTimer clock;
+        clock.start();
+        f.Show();
+        best = std::min(best, clock.elapsed());
+    }
+
+    QCOMPARE(f.Entries("cboConName").size(), 20'003);
+    QCOMPARE(f.Chosen("cboConName"), "Alpha");
+    QVERIFY2(best < 100, qPrintable(QStringLiteral("%1 ms").arg(best)));
 }
 
 QTEST_MAIN(TestFrmDatabaseNodePropOnSqlite)

@@ -5,8 +5,11 @@
 #include "platform/HvxDatabase.h"
 #include "tools/zelka/AdministrationCommands.h"
 #include "tools/zelka/CommandContext.h"
+#include "tools/zelka/EditCommands.h"
 #include "tools/zelka/InitCommand.h"
 #include "tools/zelka/ListCommands.h"
+#include "tools/zelka/ManageCommand.h"
+#include "tools/zelka/ShowCommand.h"
 #include "tools/zelka/TargetCommands.h"
 #include "tools/zelka/TransferCommands.h"
 
@@ -88,7 +91,7 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     CommandOutput output(data, words);
     CommandContext context{output, {}, false, {}};
 
-    CLI::App app("Makes, fills, checks and reads the HVX Database of connections and nodes.\n"
+    CLI::App app("Makes, fills, checks, reads and changes the HVX Database of connections and nodes.\n"
                  "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable.",
                  "zelka");
     app.set_version_flag("--version", "zelka " ZELKA_VERSION);
@@ -101,7 +104,10 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     const TransferCommands transfer(db, context);
     const AdministrationCommands administration(db, context);
     const ListCommands list(app, context);
+    const ShowCommand show(app, context);
     const TargetCommands target(app, context);
+    const EditCommands edit(app, context);
+    const ManageCommand manage(app, context);
 
     try {
         ExitCode code = ExitCode::Done;

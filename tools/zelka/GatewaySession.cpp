@@ -3,6 +3,7 @@
 #include "components/hvxdb/HvxAdministration.h"
 #include "database/DatabaseClass.h"
 #include "database/DatabaseState.h"
+#include "database/DatabaseTexts.h"
 #include "model/ModelState.h"
 #include "tools/zelka/CommandError.h"
 
@@ -53,6 +54,15 @@ void GatewaySession::Require(bool worked) const
     if (m_lastText.isEmpty())
         throw CommandError(ExitCode::DatabaseUnavailable, QStringLiteral("The database gave no answer."));
     throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, m_lastTold);
+}
+
+void GatewaySession::Refused() const
+{
+    const bool unavailable = m_lastText.isEmpty() || m_lastText == DatabaseText::AccessDenied() ||
+                             m_lastText == DatabaseText::CommitFailure();
+    if (unavailable)
+        Require(false);
+    throw CommandError(ExitCode::Refused, m_lastText, m_lastTold);
 }
 
 void GatewaySession::RequireNoErrorBox() const

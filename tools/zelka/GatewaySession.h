@@ -24,6 +24,9 @@ public:
 
     /// Raises CommandError (DatabaseUnavailable) unless an operation worked.
     void Require(bool worked) const;
+    /// Raises CommandError for work that ended with a box: DatabaseUnavailable when no transaction could be
+    /// begun or ended, else Refused.
+    [[noreturn]] void Refused() const;
     /// Raises CommandError (Refused) when an error box was shown.
     void RequireNoErrorBox() const;
 

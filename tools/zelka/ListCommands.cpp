@@ -21,6 +21,7 @@ ListCommands::ListCommands(CLI::App& app, CommandContext& context) : m_context(c
     for (CLI::App* command : {&connections, &nodes}) {
         command->add_option("--match", m_match, "Only names that hold this text, in any case")
             ->type_name("TEXT");
+        command->add_flag("--ids", m_ids, "Print each record's id and a tab in front of its name");
         m_context.AddSourceOption(*command);
         m_context.AddJsonOption(*command);
     }
@@ -79,6 +80,6 @@ void ListCommands::PrintMatching(const QString& pairList) const
             m_context.output.Item({{QStringLiteral("name"), entry.first},
                                    {QStringLiteral("id"), static_cast<qint64>(entry.second.toInt())}});
         else
-            m_context.output.Line(entry.first);
+            m_context.output.Line(m_ids ? entry.second + u'\t' + entry.first : entry.first);
     }
 }

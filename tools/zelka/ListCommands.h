@@ -19,4 +19,5 @@ private:
     CommandContext& m_context;
     std::string m_under;
     std::string m_match;
+    bool m_ids = false;
 };
