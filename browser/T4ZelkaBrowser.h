@@ -174,7 +174,6 @@ private:
     // Life cycle (T4ZelkaBrowser.cpp) -----------------------------------------------------------------------
     void ConnectControls();
     void StartControl();
-    void CreateWorkingObjects();
     void LoadAtStart();
     void ReadSharedNames();
     void EnterDirectOnly();
@@ -312,7 +311,8 @@ private:
     void AddNewNode();
     void ShowNewNode();
 
-    // What the dialogs ask of the control (BrowserHooks.cpp) ------------------------------------------------
+    // What the folders below share with the control (BrowserHooks.cpp) --------------------------------------
+    void CreateWorkingObjects();
     void OfferHooks();
     void WithdrawHooks();
 
