@@ -16,6 +16,7 @@
 
 #include <QPointer>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 namespace {
