@@ -27,12 +27,19 @@
 
 namespace {
 
-std::unique_ptr<ConData> NewConData()
+/// Empties a working object. It stays the same one: the host may start a control while a dialog of another
+/// shows it.
+void Renew(std::unique_ptr<ConData>& data)
 {
-    auto data = std::make_unique<ConData>();
+    if (!data)
+        data = std::make_unique<ConData>();
     data->Initialize();
     data->Clear();
-    return data;
+    data->optCon = false;
+    data->ViewNodesChecked = false;
+    data->SelectedTreeNodeIndex = 0;
+    data->ConTree = nullptr;
+    data->NodesTree = nullptr;
 }
 
 QString HelpFilePath()
@@ -263,10 +270,9 @@ void T4ZelkaBrowser::CreateWorkingObjects()
     m_nodesTree->Clear();
     m_ui->tabMain->setTabEnabled(0, true);
     ModelState& model = Model();
-    model.ConObject = NewConData();
-    model.DirectObject = NewConData();
-    model.NewDirectObject = NewConData();
-    model.SavedDirectObject = NewConData();
+    for (auto* const object :
+         {&model.ConObject, &model.DirectObject, &model.NewDirectObject, &model.SavedDirectObject})
+        Renew(*object);
 }
 
 void T4ZelkaBrowser::LoadAtStart()

@@ -1,6 +1,7 @@
 #include "database/NodeSave.h"
 #include "dialogs/GridEdit.h"
 #include "dialogs/GridEditors.h"
+#include "dialogs/ModalForm.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
@@ -8,6 +9,8 @@
 #include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+
+#include <QPointer>
 
 // What the Save button does.
 
@@ -42,7 +45,7 @@ bool frmDatabaseNodeProp::PacketSizeFits() const
 void frmDatabaseNodeProp::cmdSave_Click()
 {
     if (!PacketSizeFits()) {
-        frmChSelPktSize(this).exec();
+        ShowModalForm<frmChSelPktSize>(this);
         return;
     }
     if (!GridCommitEdit()) {
@@ -55,7 +58,11 @@ void frmDatabaseNodeProp::cmdSave_Click()
     }
     NodeSaveRequest request{m_ui->txtNodeName->text(), m_ui->cboConName->currentText(),
                             [this] { SaveOneWpValues(); }, GridParameters(), m_rowCount};
+    const QPointer<frmDatabaseNodeProp> alive(this);
     const bool saved = SaveNode(m_con, request);
+    // The host may have closed the window under a box.
+    if (!alive)
+        return;
     m_ui->txtNodeName->setText(request.name);
     if (saved)
         accept();
