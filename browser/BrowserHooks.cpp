@@ -4,6 +4,7 @@
 #include "browser/frmMngrInfo.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "dialogs/DialogState.h"
+#include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
 #include "platform/controls/TreeView.h"
 
@@ -46,11 +47,8 @@ void T4ZelkaBrowser::OfferHooks()
     };
     Dialogs().PictureOfType = ConnectionPicture;
     Dialogs().ShowManagerInfo = [](QWidget* parent) {
-        if (!Model().ConObject)
-            return;
-        const QPointer<frmMngrInfo> form(new frmMngrInfo(*Model().ConObject, parent));
-        form->exec();
-        delete form;
+        if (Model().ConObject)
+            ShowModalForm<frmMngrInfo>(*Model().ConObject, parent);
     };
 }
 

@@ -218,8 +218,12 @@ void T4ZelkaBrowser::SelectTreeEntry(TreeView& tree, Entry entry)
     tree.setFocus(Qt::OtherFocusReason);
     const auto& entries = static_cast<const TreeEntries&>(*tree.model());
     const Entry wanted = entry == SelectedAgain ? SelectedEntry(tree) : entry;
-    if (entries.Exists(wanted))
-        tree.SelectIndex(entries.ModelIndex(wanted));
+    if (!entries.Exists(wanted))
+        return;
+    tree.SelectIndex(entries.ModelIndex(wanted));
+    // One that is selected already may have moved, as behind a new name.
+    if (entry != SelectedAgain && entries.Exists(wanted))
+        tree.scrollTo(entries.ModelIndex(wanted));
 }
 
 void T4ZelkaBrowser::RestoreViewSelection()

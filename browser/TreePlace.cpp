@@ -78,17 +78,9 @@ TreeEntries::Index TreePlace::FindMark(const Mark& mark) const
 
 TreeEntries::Index TreePlace::FindConnection(const QString& name) const
 {
-    const TreeEntries::Index found = m_tree.FindByText(name, false);
-    if (found == 0 || m_tree.Kind(found) == ConnectionKind)
-        return found;
-    // Something else is called so and stands before it.
-    for (auto entry = m_tree.Child(m_tree.FindByKey(RootKey), 0); entry != 0;
-         entry = m_tree.NextSibling(entry)) {
-        if (m_tree.Kind(entry) == ConnectionKind &&
-            m_tree.Text(entry).compare(name, Qt::CaseInsensitive) == 0)
-            return entry;
-    }
-    return 0;
+    TreeEntries::Index entry = 0;
+    FindConnectionEntry(name, m_tree, entry);
+    return entry;
 }
 
 TreeEntries::Index TreePlace::FindWaypoint(const Mark& mark) const

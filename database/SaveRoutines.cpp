@@ -95,6 +95,17 @@ bool MoveUnderConnection(TreeEntries& conTree, const QString& oldName, const QSt
     return refill ? FillChildEntries(conTree, connection, true) : !NodesAreShown();
 }
 
+/// The node's entry under its connection, whose nodes are filled in first where they never were.
+bool FindUnderConnection(TreeEntries& conTree, const QString& name, const QString& conName,
+                         TreeEntries::Index& entry)
+{
+    if (FindTreeEntry(name, conTree, entry, true))
+        return true;
+    TreeEntries::Index connection = 0;
+    return FindConnectionEntry(conName, conTree, connection) && FillChildEntries(conTree, connection, true) &&
+           FindTreeEntry(name, conTree, entry, true);
+}
+
 /// Deletes and saves the record of a node. On False `errorText` tells why.
 bool ReplaceNodeRecord(const QString& oldName, const QString& newName, const QString& conName,
                        const QString& nodeType, const QString& commandLine, const QString& target,
@@ -216,7 +227,8 @@ bool SaveNodeChanges(const QString& oldName, const QString& newName, const QStri
         return false;
     if (IsFilled(conTree) && !MoveUnderConnection(conTree, before, name, id, conName, stays))
         return false;
-    if (NodesAreSelectedUnderConnections() && !FindTreeEntry(name, conTree, entry, true) && IsFilled(conTree))
+    if (NodesAreSelectedUnderConnections() && !FindUnderConnection(conTree, name, conName, entry) &&
+        IsFilled(conTree))
         return false;
     position = entry;
     return true;

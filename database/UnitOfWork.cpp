@@ -4,10 +4,14 @@
 #include "database/DatabaseTexts.h"
 #include "database/Gateway.h"
 
+#include <algorithm>
+
 UnitOfWork::UnitOfWork(std::initializer_list<TreeEntries*> trees)
 {
-    for (TreeEntries* tree : trees)
-        m_trees.emplace_back(tree);
+    for (TreeEntries* tree : trees) {
+        if (tree)
+            m_trees.emplace_back(tree);
+    }
 }
 
 UnitOfWork::~UnitOfWork() = default;
@@ -28,13 +32,21 @@ bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
 
 void UnitOfWork::Begin()
 {
+    RequireTrees();
     if (!Gateway().BeginTransactionDb(m_transactionOpen)) {
         ErrorBox(DatabaseText::AccessDenied());
         GiveUp();
     }
+    RequireTrees();
     // Not earlier: what other code does to the trees while a box stands open is not this transaction's.
     for (const QPointer<TreeEntries>& tree : m_trees)
         m_patches.push_back(std::make_unique<TreePatches>(std::initializer_list<TreeEntries*>{tree}));
+}
+
+void UnitOfWork::RequireTrees() const
+{
+    if (std::any_of(m_trees.begin(), m_trees.end(), [](const auto& tree) { return tree.isNull(); }))
+        GiveUp();
 }
 
 void UnitOfWork::Commit()

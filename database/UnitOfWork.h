@@ -29,7 +29,8 @@ public:
     /// `work` uses the procedures below and returns when all is done, which includes its Commit.
     bool Run(const std::function<void(UnitOfWork& unit)>& work);
 
-    /// Begins the transaction. Refused: the operator is told, and the work ends.
+    /// Begins the transaction. Refused: the operator is told, and the work ends. It ends as well, without a
+    /// word, when the host has destroyed one of the trees under a box.
     void Begin();
     /// Commits and keeps the trees' patches. A failure is told, and the work ends.
     void Commit();
@@ -50,6 +51,7 @@ public:
     [[noreturn]] static void Fail();
 
 private:
+    void RequireTrees() const;
     void KeepPatches();
     void UndoPatches();
 

@@ -4,6 +4,7 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "dialogs/DialogState.h"
+#include "dialogs/ModalForm.h"
 #include "dialogs/frmWpProp.h"
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "model/ConData.h"
@@ -264,19 +265,9 @@ void frmDatabaseConProp::cmdProperties_Click()
     Dialogs().SelectedWpIndex = ValInt(GetItem(key, 2, KeySeparator));
     m_con.ReduceParameterCount = waypoint == 1 || waypoint == m_con.ConWpCount ? 0 : SharedRows;
     m_selectedListIndex = m_ui->lvWPlist->SelectedRow();
-    if (ShowWaypoint())
-        Form_Activate();
-}
-
-bool frmDatabaseConProp::ShowWaypoint()
-{
     // The host may close this window while the other is open, which goes with it.
-    const QPointer<frmWpProp> form = new frmWpProp(m_con, this);
-    form->exec();
-    if (!form)
-        return false;
-    delete form;
-    return true;
+    if (ShowModalForm<frmWpProp>(m_con, this))
+        Form_Activate();
 }
 
 // Buttons -------------------------------------------------------------------------------------------------
@@ -288,7 +279,11 @@ void frmDatabaseConProp::cmdSave_Click()
         MsgBox(NameIsReserved);
         return;
     }
+    const QPointer<frmDatabaseConProp> alive(this);
     const bool saved = SaveConnection(m_con, name);
+    // The host may have closed the window under a box.
+    if (!alive)
+        return;
     if (m_ui->txtConName->text() != name)
         m_ui->txtConName->setText(name);
     if (saved)

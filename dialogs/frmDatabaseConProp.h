@@ -54,8 +54,6 @@ private:
     [[nodiscard]] bool LoadType(const QString& longName);
     void FillList();
     void ShowPicture();
-    /// False: this form has gone meanwhile.
-    [[nodiscard]] bool ShowWaypoint();
 
     std::unique_ptr<Ui::frmDatabaseConProp> m_ui;
     ConData& m_con;

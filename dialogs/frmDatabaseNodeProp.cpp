@@ -14,6 +14,7 @@
 
 #include <QHeaderView>
 #include <QListView>
+#include <QPointer>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -177,8 +178,11 @@ void frmDatabaseNodeProp::cmdManager_Click()
 {
     const bool listEnabled = m_listEnabled;
     const bool typeChanging = m_typeChanging;
+    const QPointer<frmDatabaseNodeProp> alive(this);
     if (Dialogs().ShowManagerInfo)
         Dialogs().ShowManagerInfo(this);
+    if (!alive)
+        return;
     m_listEnabled = listEnabled;
     m_typeChanging = typeChanging;
 }

@@ -1,27 +1,18 @@
 #include "database/NodeSave.h"
 #include "dialogs/GridEdit.h"
 #include "dialogs/GridEditors.h"
+#include "dialogs/ModalForm.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
 #include "model/ConData.h"
+#include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
 
-#include <array>
+#include <QPointer>
 
 // What the Save button does.
-
-namespace {
-
-constexpr int FeChannelRow = 2;
-constexpr int PacketSizeRow = 6;
-
-/// Packet size by FE channel; channels above are free.
-constexpr std::array<int, 16> PacketSizes{18,  32,  32,  64,  64,  128,  128,  256,
-                                          256, 512, 512, 768, 768, 1020, 1020, 1032};
-
-} // namespace
 
 bool frmDatabaseNodeProp::IsFePage(int row) const
 {
@@ -44,19 +35,17 @@ QString frmDatabaseNodeProp::ShownValue(int row) const
 bool frmDatabaseNodeProp::PacketSizeFits() const
 {
     if (m_ui->cboNodeType->currentText() != QLatin1String("T4 Node") ||
-        !IsFePage(m_ui->lstWPlist->currentRow()) || m_rowCount < PacketSizeRow)
+        !IsFePage(m_ui->lstWPlist->currentRow()) || m_rowCount < FePacketSizeRow)
         return true;
     const qint32 channel = ValInt(ShownValue(FeChannelRow));
-    if (channel >= static_cast<qint32>(PacketSizes.size()))
-        return true;
-    return channel >= 0 &&
-           ValInt(ShownValue(PacketSizeRow)) == PacketSizes[static_cast<std::size_t>(channel)];
+    const int size = PacketSizeOfChannel(channel);
+    return channel >= 0 && (size == 0 || size == ValInt(ShownValue(FePacketSizeRow)));
 }
 
 void frmDatabaseNodeProp::cmdSave_Click()
 {
     if (!PacketSizeFits()) {
-        frmChSelPktSize(this).exec();
+        ShowModalForm<frmChSelPktSize>(this);
         return;
     }
     if (!GridCommitEdit()) {
@@ -69,7 +58,11 @@ void frmDatabaseNodeProp::cmdSave_Click()
     }
     NodeSaveRequest request{m_ui->txtNodeName->text(), m_ui->cboConName->currentText(),
                             [this] { SaveOneWpValues(); }, GridParameters(), m_rowCount};
+    const QPointer<frmDatabaseNodeProp> alive(this);
     const bool saved = SaveNode(m_con, request);
+    // The host may have closed the window under a box.
+    if (!alive)
+        return;
     m_ui->txtNodeName->setText(request.name);
     if (saved)
         accept();

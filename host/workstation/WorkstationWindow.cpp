@@ -37,6 +37,10 @@ QString RefreshTimerProperty()
 {
     return QStringLiteral("RefreshTimer");
 }
+QString ManageVisibleProperty()
+{
+    return QStringLiteral("ManageVisible");
+}
 QString BrowserTabIndexProperty()
 {
     return QStringLiteral("BrowserTabIndex");
@@ -112,13 +116,16 @@ void WorkstationWindow::ConnectMenus()
     m_ui->mnuRefreshTimer->setEnabled(Database().DatabaseOpen);
     m_ui->mnuRefreshTimer->setChecked(m_control->RefreshTimer());
     m_ui->mnuRefreshVisible->setChecked(m_control->RefreshVisible());
+    m_ui->mnuManageVisible->setChecked(m_control->ManageVisible());
     m_ui->mnuStartDirect->setChecked(m_control->BrowserTabIndex() == DirectPage);
     connect(m_ui->mnuRefreshTimer, &QAction::toggled, m_control, &T4ZelkaBrowser::SetRefreshTimer);
     connect(m_ui->mnuRefreshVisible, &QAction::toggled, m_control, &T4ZelkaBrowser::SetRefreshVisible);
+    connect(m_ui->mnuManageVisible, &QAction::toggled, m_control, &T4ZelkaBrowser::SetManageVisible);
     connect(m_ui->mnuStartDirect, &QAction::toggled, m_control,
             [this](bool direct) { m_control->SetBrowserTabIndex(direct ? DirectPage : DatabasePage); });
     connect(m_control, &T4ZelkaBrowser::RefreshTimerChanged, m_ui->mnuRefreshTimer, &QAction::setChecked);
     connect(m_control, &T4ZelkaBrowser::RefreshVisibleChanged, m_ui->mnuRefreshVisible, &QAction::setChecked);
+    connect(m_control, &T4ZelkaBrowser::ManageVisibleChanged, m_ui->mnuManageVisible, &QAction::setChecked);
     connect(m_control, &T4ZelkaBrowser::BrowserTabIndexChanged, m_ui->mnuStartDirect,
             [this](int page) { m_ui->mnuStartDirect->setChecked(page == DirectPage); });
 }
@@ -131,9 +138,14 @@ void WorkstationWindow::mnuAbout_Click()
 void WorkstationWindow::ReadProperties()
 {
     SettingsPropertyBag bag(m_settings, PropertyGroup());
-    // An operator's workstation is about the database; the control by itself would open its direct page.
-    if (!bag.Holds(RefreshIntervalProperty()) && !bag.Holds(BrowserTabIndexProperty()))
-        bag.WriteProperty(BrowserTabIndexProperty(), DatabasePage);
+    // An operator's workstation is about the database and starts managers; the control by itself would open
+    // its direct page and offer none.
+    if (!bag.Holds(RefreshIntervalProperty())) {
+        if (!bag.Holds(BrowserTabIndexProperty()))
+            bag.WriteProperty(BrowserTabIndexProperty(), DatabasePage);
+        if (!bag.Holds(ManageVisibleProperty()))
+            bag.WriteProperty(ManageVisibleProperty(), true);
+    }
     m_refreshTimerStored = bag.ReadProperty(RefreshTimerProperty(), false).toBool();
     m_control->UserControl_ReadProperties(bag);
 }

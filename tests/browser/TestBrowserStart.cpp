@@ -403,12 +403,15 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         DatabaseClass* const gateway = Database().DbObject.get();
-        const ConData* const working = Model().ConObject.get();
+        // What stands open over the first goes on with its working object.
+        ConData* const working = Model().ConObject.get();
+        working->ConName = QStringLiteral("left");
         {
             T4ZelkaBrowser second;
             second.show();
             QCOMPARE(Database().DbObject.get(), gateway);
-            QVERIFY(Model().ConObject.get() != working);
+            QCOMPARE(Model().ConObject.get(), working);
+            QCOMPARE(working->ConName, QString());
             QCOMPARE(f.Component.Created, 1);
             QVERIFY(Database().DatabaseOpen);
         }

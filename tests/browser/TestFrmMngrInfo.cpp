@@ -17,6 +17,7 @@ class TestFrmMngrInfo : public QObject
 
 private Q_SLOTS:
     void Shown_HasItsTextsAndOrder();
+    void Shown_ButtonsStandApart();
     void Load_ReadsTheManagersInOneTransaction();
     void Load_OffersTheEmptyChoiceFirst();
     void Load_SelectsTheNodesDevice_data();
@@ -107,6 +108,19 @@ void TestFrmMngrInfo::Shown_HasItsTextsAndOrder()
         QTest::keyClick(fixture.Form.get(), Qt::Key_Tab);
     }
     QCOMPARE(order, (QStringList{"cboDeviceName", "txtCommandLine", "cmdOK", "cmdCancel", "cmdHelp"}));
+}
+
+void TestFrmMngrInfo::Shown_ButtonsStandApart()
+{
+    FormFixture fixture;
+    fixture.Show();
+
+    const QRect ok = fixture.Find<QPushButton>("cmdOK").geometry();
+    const QRect cancel = fixture.Find<QPushButton>("cmdCancel").geometry();
+    const QRect help = fixture.Find<QPushButton>("cmdHelp").geometry();
+
+    QCOMPARE_GE(cancel.left() - ok.right(), 6);
+    QCOMPARE_GE(help.left() - cancel.right(), 6);
 }
 
 void TestFrmMngrInfo::Load_ReadsTheManagersInOneTransaction()

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void Change_TextOfTheConnection_DoesNotCountAsTheNode();
     void Change_Position_IsInTheTreeThatIsShown_data();
     void Change_Position_IsInTheTreeThatIsShown();
+    void Change_ShownUnderConnections_NeverOpened_IsFilledAndFound();
+    void Change_ShownUnderConnections_ButNotThere_GivesFalse_data();
     void Change_ShownUnderConnections_ButNotThere_GivesFalse();
     void Change_TreeNotFilledYet_IsLeftAlone_data();
     void Change_TreeNotFilledYet_IsLeftAlone();
@@ -258,11 +260,42 @@ void TestSavedNodesUnderConnections::Change_Position_IsInTheTreeThatIsShown()
     QVERIFY(fixture.Position != 0);
 }
 
-void TestSavedNodesUnderConnections::Change_ShownUnderConnections_ButNotThere_GivesFalse()
+void TestSavedNodesUnderConnections::Change_ShownUnderConnections_NeverOpened_IsFilledAndFound()
 {
     SavingFixture fixture;
     Model().ConObject->ViewNodesChecked = true;
     Model().ConObject->optCon = true;
+
+    QVERIFY(ChangeNorth(fixture, "Omega"));
+
+    QCOMPARE(fixture.Component.Count("GetParentNodesWithID"), 1);
+    QCOMPARE(fixture.ConTree.Children(fixture.Alpha()), (QStringList{"N,6,1 Omega", "N,4,1 South"}));
+    QCOMPARE(fixture.Position, fixture.ConTree.FindByKey("N,6,1"));
+    QCOMPARE(fixture.ConTree.ChildCount(fixture.Beta()), 0);
+}
+
+void TestSavedNodesUnderConnections::Change_ShownUnderConnections_ButNotThere_GivesFalse_data()
+{
+    QTest::addColumn<bool>("connectionIsShown");
+    QTest::addColumn<bool>("answers");
+    QTest::newRow("no such connection") << false << true;
+    QTest::newRow("not among its nodes") << true << true;
+    QTest::newRow("the nodes cannot be read") << true << false;
+}
+
+void TestSavedNodesUnderConnections::Change_ShownUnderConnections_ButNotThere_GivesFalse()
+{
+    QFETCH(bool, connectionIsShown);
+    QFETCH(bool, answers);
+    SavingFixture fixture;
+    Model().ConObject->ViewNodesChecked = true;
+    Model().ConObject->optCon = true;
+    if (!connectionIsShown)
+        fixture.ConTree.Remove(fixture.Alpha());
+    if (answers)
+        fixture.Component.Answer("GetParentNodesWithID", {"South\t4"});
+    else
+        fixture.Component.Fail("GetParentNodesWithID");
 
     QVERIFY(!ChangeNorth(fixture, "North"));
 

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void Patches_WhileBoxesAreShownAtTheEnd_Stay_data();
     void Patches_WhileBoxesAreShownAtTheEnd_Stay();
     void Trees_NullOnesAreLeftOut();
-    void Trees_GoneMeanwhile_AreLeftOut();
+    void Trees_GoneMeanwhile_EndTheWorkAtTheNextBegin();
     void Trees_ClearedMeanwhile_StayCleared();
 };
 
@@ -272,24 +272,27 @@ void TestUnitOfWorkTrees::Trees_NullOnesAreLeftOut()
     QCOMPARE(fixture.NodesTree.Count(), 4);
 }
 
-void TestUnitOfWorkTrees::Trees_GoneMeanwhile_AreLeftOut()
+void TestUnitOfWorkTrees::Trees_GoneMeanwhile_EndTheWorkAtTheNextBegin()
 {
     SavingFixture fixture;
     auto tree = std::make_unique<CheckedTree>();
     tree->FillWithTwoConnections();
     UnitOfWork unit({tree.get(), &fixture.NodesTree});
 
-    QVERIFY(unit.Run([&](UnitOfWork& running) {
+    QVERIFY(!unit.Run([&](UnitOfWork& running) {
         running.Begin();
         tree->Remove(2);
         tree.reset();
         running.Rollback();
+        fixture.NodesTree.Add(1, "N,91", "between");
         running.Begin();
-        fixture.NodesTree.Add(1, "N,91", "within");
-        running.Commit();
+        qFatal("There is nothing left to work on.");
     }));
 
     QCOMPARE(fixture.NodesTree.Count(), 5);
+    QCOMPARE(fixture.Component.Count("BeginTransaction"), 1);
+    QCOMPARE(fixture.Component.Store.Levels(), 0);
+    QCOMPARE(fixture.Operator.Texts(), QStringList());
 }
 
 void TestUnitOfWorkTrees::Trees_ClearedMeanwhile_StayCleared()

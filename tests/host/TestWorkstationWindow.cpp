@@ -31,6 +31,7 @@ private Q_SLOTS:
 
     void Start_Database_ShowsItsNodes();
     void Start_FirstRun_OpensTheDatabaseTab();
+    void Start_FirstRun_OffersManagers();
     void Start_DirectTabKept_OpensIt();
     void Start_NoDatabase_WorksDirectOnly();
     void Start_WhenPainted_RunsOnce();
@@ -129,6 +130,14 @@ void TestWorkstationWindow::Start_FirstRun_OpensTheDatabaseTab()
 
     QCOMPARE(Child<QTabWidget>("tabMain").currentIndex(), 0);
     QVERIFY(!Menu("mnuStartDirect").isChecked());
+}
+
+void TestWorkstationWindow::Start_FirstRun_OffersManagers()
+{
+    Open(m_database->Source());
+
+    QVERIFY(Child<QAbstractButton>("cmdDatabaseManage").isVisible());
+    QVERIFY(Menu("mnuManageVisible").isChecked());
 }
 
 void TestWorkstationWindow::Start_DirectTabKept_OpensIt()
@@ -237,6 +246,8 @@ void TestWorkstationWindow::Settings_Changed_AreKeptForTheNextRun_data()
                                        << "RefreshTimer";
     QTest::newRow("refresh button") << "mnuRefreshVisible"
                                     << "RefreshVisible";
+    QTest::newRow("manage button") << "mnuManageVisible"
+                                   << "ManageVisible";
     QTest::newRow("first tab") << "mnuStartDirect"
                                << "BrowserTabIndex";
 }
@@ -265,10 +276,12 @@ void TestWorkstationWindow::Settings_ChangedInTheControl_ShowInTheMenu()
     Open(m_database->Source());
 
     m_window->Control()->SetRefreshVisible(false);
+    m_window->Control()->SetManageVisible(false);
     m_window->Control()->SetRefreshTimer(true);
     m_window->Control()->SetBrowserTabIndex(1);
 
     QVERIFY(!Menu("mnuRefreshVisible").isChecked());
+    QVERIFY(!Menu("mnuManageVisible").isChecked());
     QVERIFY(Menu("mnuRefreshTimer").isChecked());
     QVERIFY(Menu("mnuStartDirect").isChecked());
 }
