@@ -93,18 +93,21 @@ Widget& Find(QWidget& parent, const char* name)
     return *found;
 }
 
-void SelectEntry(T4ZelkaBrowser& browser, const char* tree, int position)
+void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text, bool isNode)
 {
     auto& view = Find<TreeView>(browser, tree);
     const auto& entries = static_cast<const TreeEntries&>(*view.model());
-    view.SelectIndex(entries.ModelIndex(entries.Child(1, position)));
+    const TreeEntries::Index entry = entries.FindByText(text, isNode);
+    if (entry == 0)
+        qFatal("there is no %s", qUtf8Printable(text));
+    view.SelectIndex(entries.ModelIndex(entry));
     QApplication::processEvents();
 }
 
 void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
 {
     Find<QRadioButton>(browser, "optNodes").setChecked(true);
-    SelectEntry(browser, "tvwNodesTree", 2);
+    SelectEntry(browser, "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
     properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, QStringLiteral("node"),
@@ -114,19 +117,34 @@ void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
                       });
 }
 
+void TakeWaypointDialog(QDialog& connection, const Camera& camera, const QString& parameter,
+                        const QString& name)
+{
+    auto& list = Find<QTreeWidget>(connection, "lvWPlist");
+    const QList<QTreeWidgetItem*> rows = list.findItems(parameter, Qt::MatchEndsWith);
+    if (rows.isEmpty())
+        qFatal("there is no %s", qUtf8Printable(parameter));
+    list.setCurrentItem(rows.first());
+    camera.WithDialog([&] { Find<QPushButton>(connection, "cmdProperties").click(); }, name);
+}
+
 void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
 {
     Find<QRadioButton>(browser, "optCon").setChecked(true);
-    SelectEntry(browser, "tvwConTree", 1);
+    SelectEntry(browser, "tvwConTree", QStringLiteral("Copper Creek modem"), false);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
     properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, QStringLiteral("connection"),
                       [&](QDialog& dialog) {
-                          Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
-                          auto& list = Find<QTreeWidget>(dialog, "lvWPlist");
-                          list.setCurrentItem(list.topLevelItem(0));
-                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdProperties").click(); },
-                                            QStringLiteral("waypoint"));
+                          auto& parameters = Find<QCheckBox>(dialog, "chkShowParameters");
+                          camera.Take(dialog, QStringLiteral("connection-parts"));
+                          parameters.setChecked(true);
+                          TakeWaypointDialog(dialog, camera, QStringLiteral("PASSWORD"),
+                                             QStringLiteral("waypoint-password"));
+                          TakeWaypointDialog(dialog, camera, QStringLiteral("BUS NUMBER"),
+                                             QStringLiteral("waypoint"));
+                          TakeWaypointDialog(dialog, camera, QStringLiteral("BUS SPEED"),
+                                             QStringLiteral("waypoint-list"));
                       });
 }
 
