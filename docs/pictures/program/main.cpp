@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
@@ -104,6 +105,11 @@ void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text,
     QApplication::processEvents();
 }
 
+QString ManagerProgram()
+{
+    return QStringLiteral("/usr/bin/zelka-node-manager");
+}
+
 void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
 {
     Find<QRadioButton>(browser, "optNodes").setChecked(true);
@@ -112,8 +118,13 @@ void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
     properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, QStringLiteral("node"),
                       [&](QDialog& dialog) {
-                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdManager").click(); },
-                                            QStringLiteral("manager-info"));
+                          camera.WithDialog(
+                              [&] { Find<QPushButton>(dialog, "cmdManager").click(); },
+                              QStringLiteral("manager-info"),
+                              [](QDialog& manager) {
+                                  // The demo names the program beside it, wherever it was built.
+                                  Find<QLineEdit>(manager, "txtCommandLine").setText(ManagerProgram());
+                              });
                       });
 }
 
@@ -128,24 +139,33 @@ void TakeWaypointDialog(QDialog& connection, const Camera& camera, const QString
     camera.WithDialog([&] { Find<QPushButton>(connection, "cmdProperties").click(); }, name);
 }
 
-void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
+/// Opens the properties of a connection of the demo network.
+void WithConnection(T4ZelkaBrowser& browser, const Camera& camera, const QString& connection,
+                    const QString& name, const std::function<void(QDialog& dialog)>& work)
 {
     Find<QRadioButton>(browser, "optCon").setChecked(true);
-    SelectEntry(browser, "tvwConTree", QStringLiteral("Copper Creek modem"), false);
+    SelectEntry(browser, "tvwConTree", connection, false);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
     properties.setEnabled(true);
-    camera.WithDialog([&] { properties.click(); }, QStringLiteral("connection"),
+    camera.WithDialog([&] { properties.click(); }, name,
                       [&](QDialog& dialog) {
-                          auto& parameters = Find<QCheckBox>(dialog, "chkShowParameters");
-                          camera.Take(dialog, QStringLiteral("connection-parts"));
-                          parameters.setChecked(true);
-                          TakeWaypointDialog(dialog, camera, QStringLiteral("PASSWORD"),
-                                             QStringLiteral("waypoint-password"));
-                          TakeWaypointDialog(dialog, camera, QStringLiteral("BUS NUMBER"),
-                                             QStringLiteral("waypoint"));
-                          TakeWaypointDialog(dialog, camera, QStringLiteral("BUS SPEED"),
-                                             QStringLiteral("waypoint-list"));
+                          Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
+                          work(dialog);
                       });
+}
+
+void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
+{
+    WithConnection(browser, camera, QStringLiteral("Copper Creek modem"), QStringLiteral("connection-modem"),
+                   [&](QDialog& dialog) {
+                       TakeWaypointDialog(dialog, camera, QStringLiteral("PASSWORD"),
+                                          QStringLiteral("waypoint-password"));
+                   });
+    WithConnection(
+        browser, camera, QStringLiteral("Ellermoor TCP"), QStringLiteral("connection"), [&](QDialog& dialog) {
+            TakeWaypointDialog(dialog, camera, QStringLiteral("HOST NAME"), QStringLiteral("waypoint"));
+            TakeWaypointDialog(dialog, camera, QStringLiteral("BUS SPEED"), QStringLiteral("waypoint-list"));
+        });
 }
 
 } // namespace
