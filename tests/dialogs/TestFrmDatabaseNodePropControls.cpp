@@ -20,6 +20,8 @@ private Q_SLOTS:
     void AccessKeys_AllControls_AreDifferent();
     void AccessibleName_EachControl_IsThere();
     void Tab_FromTheName_VisitsAllControls();
+    void Tab_FromAnOpenEditor_GoesOnBehindTheGrid();
+    void BackTab_FromAnOpenEditor_GoesToTheGrid();
     void Resize_Smaller_KeepsEverythingInside();
     void TypeName_Comma_IsCutWithTheBell();
     void PasteName_Comma_IsCutWithTheBell();
@@ -124,6 +126,32 @@ void TestFrmDatabaseNodePropControls::Tab_FromTheName_VisitsAllControls()
     }
     QCOMPARE(visited, (QStringList{"txtNodeName", "cboConName", "cboNodeType", "lstWPlist", "grdNodeParam",
                                    "cmdManager", "cmdSave", "cmdCancel", "cmdHelp"}));
+}
+
+void TestFrmDatabaseNodePropControls::Tab_FromAnOpenEditor_GoesOnBehindTheGrid()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    for (const int row : {2, 3}) {
+        f.OpenEditor(row);
+        QTest::keyClick(f.Editor(), Qt::Key_Tab);
+
+        QCOMPARE(f.Form->focusWidget(), &f.Find<QWidget>("cmdManager"));
+        QVERIFY(!f.Editor());
+    }
+}
+
+void TestFrmDatabaseNodePropControls::BackTab_FromAnOpenEditor_GoesToTheGrid()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    for (const int row : {2, 3}) {
+        f.OpenEditor(row);
+        QTest::keyClick(f.Editor(), Qt::Key_Backtab, Qt::ShiftModifier);
+
+        QCOMPARE(f.Form->focusWidget(), &f.Find<QWidget>("grdNodeParam"));
+        QVERIFY(!f.Editor());
+    }
 }
 
 void TestFrmDatabaseNodePropControls::Resize_Smaller_KeepsEverythingInside()
