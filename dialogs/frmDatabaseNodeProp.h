@@ -77,6 +77,8 @@ private:
     /// The value of a row as the operator sees it, in the cell or in the editor over it.
     [[nodiscard]] QString ShownValue(int row) const;
 
+    static constexpr int GridColumns = 2;
+
     std::unique_ptr<Ui::frmDatabaseNodeProp> m_ui;
     ConData& m_con;
     QStringListModel m_conNames;

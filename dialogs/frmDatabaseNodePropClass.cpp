@@ -159,6 +159,7 @@ bool frmDatabaseNodeProp::LoadClass(const QString& longName)
 void frmDatabaseNodeProp::ClearGrid()
 {
     GridCloseEditors();
+    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
     ParameterGrid& grid = GridParameters();
     grid.SetPassword(0, QString());
     for (int row = 1; row <= NodeGridRows; ++row) {
@@ -200,6 +201,7 @@ void frmDatabaseNodeProp::lstWPlist_Click()
 void frmDatabaseNodeProp::ShowPage(int waypoint)
 {
     m_con.SelectedWpIndx = waypoint;
+    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
     QString title;
     FillWpGrid(GridParameters(), m_con, title, m_rowCount);
     m_ui->lblParameterHeader->setText(DoubleAnyChar(title, QStringLiteral("&")));

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void Class_TooManyWaypoints_TellsTheError();
     void Page_Clicked_ShowsItsParameters();
     void Page_Clicked_StoresTheOneLeft();
+    void Page_OfTenParameters_LeavesNoRowBehind();
     void Page_ClickedWithAnOpenEditor_StoresTheEdit();
     void Page_OutOfRange_KeepsTheOldValue();
     void Page_Shared_ReachesTheOtherPages();
@@ -342,6 +343,31 @@ void TestFrmDatabaseNodePropClass::Page_Clicked_StoresTheOneLeft()
     f.ClickPage(0);
     QCOMPARE(f.Cell(1), "99");
     QCOMPARE(f.Value(2, 1), "T4DT");
+}
+
+void TestFrmDatabaseNodePropClass::Page_OfTenParameters_LeavesNoRowBehind()
+{
+    NodePropFixture f;
+    QStringList values;
+    QStringList names;
+    for (int row = 1; row <= 10; ++row) {
+        values << QStringLiteral("K%1").arg(row) << QString();
+        names << QStringLiteral("NAME %1").arg(row) << QStringLiteral("0|D%1").arg(row);
+    }
+    f.Component.Answer("GetWpParameters(NEMML,0)", {values.join(u'\t')});
+    f.Component.Answer("GetWpParametersLongNames(NEMML,0)", {names.join(u'\t')});
+    f.Component.Answer("GetNodeTypeWpList(,1)", {"NEMML\t1\tOPT\t0"});
+    f.ShowNode("North");
+    f.Choose("cboNodeType", "MML Network Element");
+    QCOMPARE(f.Cell(10), "D10");
+    f.ClickPage(1);
+    QCOMPARE(f.Column(0), (QStringList{"PROTOCOL", "DATA TYPE", "VERIFY"}));
+    f.ClickPage(0);
+    QCOMPARE(f.Cell(10), "D10");
+    f.Choose("cboNodeType", "T4 Node");
+
+    QCOMPARE(f.Parameters().GridRows(), 10);
+    QCOMPARE(f.Column(0).size(), 6);
 }
 
 void TestFrmDatabaseNodePropClass::Page_ClickedWithAnOpenEditor_StoresTheEdit()

@@ -3,6 +3,7 @@
 #include "tests/dialogs/NodePropFixture.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -107,10 +108,15 @@ void TestFrmDatabaseNodePropControls::AccessibleName_EachControl_IsThere()
     NodePropFixture f;
     f.ShowNode("North");
 
-    for (const char* name : {"txtNodeName", "cboConName", "lblConnectionType", "cboNodeType", "lstWPlist",
-                             "grdNodeParam", "txtGridEdit", "cboGridEdit", "spnGridEdit", "cmdManager",
-                             "cmdSave", "cmdCancel", "cmdHelp", "imgConArray"})
+    for (const char* name :
+         {"txtNodeName", "cboConName", "cboNodeType", "lstWPlist", "grdNodeParam", "txtGridEdit",
+          "cboGridEdit", "spnGridEdit", "cmdManager", "cmdSave", "cmdCancel", "cmdHelp", "imgConArray"})
         QVERIFY2(!f.Find<QWidget>(name).accessibleName().isEmpty(), name);
+    // What these two say changes, so it is their name.
+    for (const char* name : {"lblConnectionType", "lblParameterHeader"}) {
+        auto& label = f.Find<QLabel>(name);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), label.text());
+    }
 }
 
 void TestFrmDatabaseNodePropControls::Tab_FromTheName_VisitsAllControls()
