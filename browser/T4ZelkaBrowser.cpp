@@ -27,14 +27,6 @@
 
 namespace {
 
-std::unique_ptr<ConData> NewConData()
-{
-    auto data = std::make_unique<ConData>();
-    data->Initialize();
-    data->Clear();
-    return data;
-}
-
 QString HelpFilePath()
 {
     return Help().HelpFilePath ? Help().HelpFilePath() : QString();
@@ -255,18 +247,6 @@ void T4ZelkaBrowser::StartControl()
     m_pagesAnswer = true;
     if (!Database().DatabaseOpen)
         EnterDirectOnly();
-}
-
-void T4ZelkaBrowser::CreateWorkingObjects()
-{
-    m_conTree->Clear();
-    m_nodesTree->Clear();
-    m_ui->tabMain->setTabEnabled(0, true);
-    ModelState& model = Model();
-    model.ConObject = NewConData();
-    model.DirectObject = NewConData();
-    model.NewDirectObject = NewConData();
-    model.SavedDirectObject = NewConData();
 }
 
 void T4ZelkaBrowser::LoadAtStart()
