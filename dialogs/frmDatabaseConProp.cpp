@@ -25,7 +25,6 @@ namespace {
 constexpr QChar KeySeparator = u'_';
 
 const QString UnknownType = QStringLiteral("Unknown");
-const QString HelpTopic = QStringLiteral("Browser4Properties00000007.htm");
 
 // Words ---------------------------------------------------------------------------------------------------
 
@@ -296,5 +295,5 @@ void frmDatabaseConProp::cmdSave_Click()
 
 void frmDatabaseConProp::cmdHelp_Click()
 {
-    ShowHelpTopic(HelpTopic);
+    ShowHelpTopic(QStringLiteral("Browser4Properties00000007.htm"));
 }
