@@ -82,10 +82,7 @@ void NodeSaving::CheckValues()
 {
     bool groupError = false;
     if (!CheckGridValues(m_con, m_request.grid, m_request.rowCount, groupError))
-        m_unit.Refuse(groupError ? QStringLiteral("Mandatory and mutually exclusive parameters are set "
-                                                  "incorrectly (check parameters with bold and italic font).")
-                                 : QStringLiteral("Mandatory parameter without value (check parameter names "
-                                                  "with bold font)."));
+        m_unit.Refuse(GridRefusalText(groupError));
     if (!CheckWpMandatory(m_con.GetWpData(1)))
         m_unit.Refuse(QStringLiteral("T4 Node mandatory parameter without value (check parameter names with "
                                      "bold font)."));

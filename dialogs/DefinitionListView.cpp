@@ -10,6 +10,8 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+#include <numeric>
+
 namespace {
 
 constexpr int KeyRole = Qt::UserRole;
@@ -24,6 +26,18 @@ bool IsParameterKey(const QString& key)
 QString MarkerTitle()
 {
     return QStringLiteral("M/D");
+}
+
+/// Widens columns towards what they need, at the cost of those that have more.
+void ShareRoom(std::vector<int>& widths, const std::vector<int>& needs)
+{
+    for (std::size_t to = 0; to < widths.size(); ++to) {
+        for (std::size_t from = 0; from < widths.size(); ++from) {
+            const int moved = qMax(0, qMin(needs[to] - widths[to], widths[from] - needs[from]));
+            widths[from] -= moved;
+            widths[to] += moved;
+        }
+    }
 }
 
 } // namespace
@@ -97,12 +111,41 @@ void DefinitionListView::SelectRow(int row)
 
 // Columns -------------------------------------------------------------------------------------------------
 
+int DefinitionListView::WidestText(int column) const
+{
+    int width = 0;
+    for (int row = 0; row < topLevelItemCount(); ++row)
+        width = qMax(width, sizeHintForIndex(model()->index(row, column)).width());
+    return width;
+}
+
 void DefinitionListView::FitColumns()
 {
-    for (int column = 0; column < columnCount() && column < static_cast<int>(m_shares.size()); ++column) {
-        const int wanted = qRound(m_shares[static_cast<std::size_t>(column)] * width());
-        setColumnWidth(column, qMax(wanted, header()->sectionSizeHint(column)));
+    const double allShares = std::accumulate(m_shares.begin(), m_shares.end(), 0.0);
+    int rest = viewport()->width();
+    std::vector<int> widths;
+    std::vector<int> titles;
+    std::vector<int> needs;
+    for (const double share : m_shares) {
+        const int column = static_cast<int>(widths.size());
+        widths.push_back(qRound(share / allShares * viewport()->width()));
+        rest -= widths.back();
+        titles.push_back(header()->sectionSizeHint(column));
+        needs.push_back(qMax(titles.back(), WidestText(column)));
     }
+    if (widths.empty())
+        return;
+    widths.back() += rest;
+    ShareRoom(widths, titles);
+    ShareRoom(widths, needs);
+    for (std::size_t index = 0; index < widths.size(); ++index)
+        setColumnWidth(static_cast<int>(index), qMax(widths[index], titles[index]));
+}
+
+void DefinitionListView::doItemsLayout()
+{
+    FitColumns();
+    QTreeWidget::doItemsLayout();
 }
 
 void DefinitionListView::resizeEvent(QResizeEvent* event)

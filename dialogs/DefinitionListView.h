@@ -9,8 +9,8 @@
 /// The list of a connection's definition in the connection dialogs: waypoints, and beneath each of them its
 /// parameters.
 ///
-/// Each column keeps its share of the list's width when the list is resized, but is never narrower than its
-/// title. While parameters are shown the waypoints stand out in bold. Rows count from 1.
+/// The columns fill the list in the proportion of their shares, also when it is resized; none is narrower
+/// than its title. While parameters are shown the waypoints stand out in bold. Rows count from 1.
 class DefinitionListView : public QTreeWidget, public DefinitionList
 {
     Q_OBJECT
@@ -39,9 +39,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    void doItemsLayout() override;
 
 private:
     void FitColumns();
+    [[nodiscard]] int WidestText(int column) const;
     void ShowCutText(const QPoint& position, const QPoint& globalPosition) const;
 
     /// Share of each column.

@@ -120,10 +120,9 @@ void GridSetupRowHeight()
     if (!GridAttached())
         return;
     QComboBox& comboBox = *GridEdit().GridComboBox;
-    comboBox.setFont(GridEdit().GridControl->font());
     comboBox.clear();
     comboBox.addItems({QStringLiteral(" 1"), QStringLiteral(" 2")});
-    GridEdit().GridControl->SetRowHeights(comboBox.sizeHint().height());
+    GridFollowFont();
 }
 
 bool GridCommitEdit()

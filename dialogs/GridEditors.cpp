@@ -161,6 +161,8 @@ void GridOpenCombo()
     comboBox.setPalette(palette);
     comboBox.setAccessibleDescription(comboBox.placeholderText());
 
+    // Without it some styles do not show that a combo box has the focus.
+    comboBox.window()->setAttribute(Qt::WA_KeyboardFocusChange);
     ShowEditor(comboBox);
     state.GridTextBox->hide();
     state.GridSpinner->hide();
@@ -181,6 +183,17 @@ void GridPlaceEditors()
     }
     QComboBox& comboBox = *GridEdit().GridComboBox;
     comboBox.setGeometry(cell.left(), cell.top(), cell.width(), comboBox.sizeHint().height());
+}
+
+void GridFollowFont()
+{
+    if (!GridAttached())
+        return;
+    FlexGrid& grid = *GridEdit().GridControl;
+    GridEdit().GridTextBox->setFont(grid.font());
+    GridEdit().GridComboBox->setFont(grid.font());
+    grid.SetRowHeights(GridEdit().GridComboBox->sizeHint().height());
+    GridPlaceEditors();
 }
 
 void GridCloseEditors()

@@ -29,6 +29,8 @@ void GridOpenTextBox(int keyAscii);
 void GridOpenCombo();
 /// Puts open editors over the current cell.
 void GridPlaceEditors();
+/// Gives the editors the grid's font, and all rows the height of the combo box.
+void GridFollowFont();
 /// Closes the editors without storing; gives the grid the focus they had.
 void GridCloseEditors();
 

@@ -63,12 +63,18 @@ GridEvents::GridEvents(FlexGrid& grid, QLineEdit& textBox, QComboBox& comboBox, 
         if (Machine().Beep)
             Machine().Beep();
     });
+    grid.installEventFilter(this);
     textBox.installEventFilter(this);
     comboBox.installEventFilter(this);
 }
 
 bool GridEvents::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == GridEdit().GridControl) {
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+            GridFollowFont();
+        return false;
+    }
     const bool isText = watched == GridEdit().GridTextBox;
     switch (event->type()) {
     case QEvent::KeyPress: {

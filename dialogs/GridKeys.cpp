@@ -38,6 +38,15 @@ void FocusGrid()
     GridCommitEdit();
 }
 
+/// Escape and Enter, which do the same in both editors.
+void EndEdit(int keyCode)
+{
+    if (keyCode == GridKeys::Escape)
+        LoseEdit();
+    else if (keyCode == GridKeys::Enter)
+        FocusGrid();
+}
+
 /// Stores the edit and opens the one a row further, or the same at the end.
 void MoveRow(int by)
 {
@@ -86,12 +95,6 @@ void GridTextKeyDown(int& keyCode, int shift)
 {
     const bool spins = GridSpinnerOpen() && shift == 0;
     switch (keyCode) {
-    case GridKeys::Escape:
-        LoseEdit();
-        break;
-    case GridKeys::Enter:
-        FocusGrid();
-        break;
     case GridKeys::Down:
         keyCode = 0;
         spins ? GridSpinDown() : MoveRow(1);
@@ -101,19 +104,13 @@ void GridTextKeyDown(int& keyCode, int shift)
         spins ? GridSpinUp() : MoveRow(-1);
         break;
     default:
-        break;
+        EndEdit(keyCode);
     }
 }
 
 void GridComboKeyDown(int& keyCode, int shift)
 {
     switch (keyCode) {
-    case GridKeys::Escape:
-        LoseEdit();
-        break;
-    case GridKeys::Enter:
-        FocusGrid();
-        break;
     case GridKeys::Down:
     case GridKeys::Up:
         if (shift == 0)
@@ -122,7 +119,7 @@ void GridComboKeyDown(int& keyCode, int shift)
         keyCode = 0;
         break;
     default:
-        break;
+        EndEdit(keyCode);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "dialogs/frmWpProp.h"
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "model/ConData.h"
+#include "model/GridChecks.h"
 #include "model/ItemList.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
@@ -23,11 +24,8 @@
 namespace {
 
 constexpr QChar KeySeparator = u'_';
-/// Rows at the end of a waypoint between the first and the last that hold for the whole connection.
-constexpr int SharedRows = 2;
 
 const QString UnknownType = QStringLiteral("Unknown");
-const QString HelpTopic = QStringLiteral("Browser4Properties00000007.htm");
 
 // Words ---------------------------------------------------------------------------------------------------
 
@@ -263,7 +261,7 @@ void frmDatabaseConProp::cmdProperties_Click()
     const int waypoint = ValInt(GetItem(key, 1, KeySeparator));
     m_con.SelectedWpIndx = waypoint;
     Dialogs().SelectedWpIndex = ValInt(GetItem(key, 2, KeySeparator));
-    m_con.ReduceParameterCount = waypoint == 1 || waypoint == m_con.ConWpCount ? 0 : SharedRows;
+    m_con.ReduceParameterCount = ReducedParameterCount(waypoint, m_con.ConWpCount);
     m_selectedListIndex = m_ui->lvWPlist->SelectedRow();
     // The host may close this window while the other is open, which goes with it.
     if (ShowModalForm<frmWpProp>(m_con, this))
@@ -292,5 +290,5 @@ void frmDatabaseConProp::cmdSave_Click()
 
 void frmDatabaseConProp::cmdHelp_Click()
 {
-    ShowHelpTopic(HelpTopic);
+    ShowHelpTopic(QStringLiteral("Browser4Properties00000007.htm"));
 }

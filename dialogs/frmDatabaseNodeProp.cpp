@@ -93,7 +93,7 @@ void frmDatabaseNodeProp::Guarded(const std::function<void()>& handler)
 
 void frmDatabaseNodeProp::Form_Load()
 {
-    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, 2);
+    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
     m_ui->grdNodeParam->horizontalHeader()->setSectionResizeMode(ParameterGrid::ValueColumn,
                                                                  QHeaderView::Stretch);
     GridAttach(*m_ui->grdNodeParam, *m_ui->txtGridEdit, *m_ui->cboGridEdit, *m_ui->spnGridEdit);

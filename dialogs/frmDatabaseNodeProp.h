@@ -1,10 +1,14 @@
 #pragma once
 
+#include "model/WpData.h"
+
 #include <QDialog>
 #include <QStringListModel>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <vector>
 
 class ConData;
 
@@ -47,6 +51,11 @@ private:
     /// Picture and long name of the chosen connection's type. True: one of the SNMP family.
     bool ShowConnectionType();
     void FillClasses(bool isSnmp);
+    /// Remembers class and values for the next connection of the family that is left.
+    void KeepClass();
+    /// Loads the class that is chosen, with the values of `tables` as far as they go.
+    void ChangeClass(const std::vector<WpData>& tables);
+    void GoToFirstCell();
     /// False: the class cannot be loaded, the node has no waypoints then.
     bool LoadClass(const QString& longName);
     void FillWpList();
@@ -68,9 +77,22 @@ private:
     /// The value of a row as the operator sees it, in the cell or in the editor over it.
     [[nodiscard]] QString ShownValue(int row) const;
 
+    static constexpr int GridColumns = 2;
+
     std::unique_ptr<Ui::frmDatabaseNodeProp> m_ui;
     ConData& m_con;
     QStringListModel m_conNames;
+    /// A class of nodes and the parameters of its waypoints.
+    struct KeptClass
+    {
+        QString longName;
+        std::vector<WpData> tables;
+    };
+    /// What the node was when connections of a family were left for the other, SNMP second: stepping past one
+    /// costs nothing that was typed.
+    std::array<KeptClass, 2> m_keptClasses;
+    /// Family of the connection whose classes are offered.
+    bool m_isSnmp = false;
     /// Long name of the class that is loaded.
     QString m_savedTypeLongName;
     /// The form has been activated; before, the choice of a connection has no effect.

@@ -78,19 +78,41 @@ void frmDatabaseNodeProp::FillClasses(bool isSnmp)
     const bool isStored = !m_listEnabled && !m_con.NewNode;
     if (classes.isEmpty() || (isStored && !FindComboItem(classes, m_savedTypeLongName)))
         classes << m_savedTypeLongName;
-    const bool takeFirst = isSnmp && m_listEnabled;
+    const bool familyChanged = m_listEnabled && isSnmp != m_isSnmp;
+    if (familyChanged)
+        KeepClass();
+    m_isSnmp = isSnmp;
+    const KeptClass& former = m_keptClasses[isSnmp ? 1 : 0];
+    const bool comesBack = familyChanged && FindComboItem(classes, former.longName);
+    const QString wanted = comesBack ? former.longName : m_savedTypeLongName;
+    const bool takeFirst = isSnmp && m_listEnabled && !comesBack;
     {
         const QSignalBlocker quiet(m_ui->cboNodeType);
         m_ui->cboNodeType->clear();
         m_ui->cboNodeType->addItems(classes);
-        m_ui->cboNodeType->setCurrentIndex(takeFirst ? 0 : SelectComboItem(classes, m_savedTypeLongName));
+        m_ui->cboNodeType->setCurrentIndex(takeFirst ? 0 : SelectComboItem(classes, wanted));
     }
-    cboNodeType_Click();
+    ChangeClass(comesBack ? former.tables : std::vector<WpData>());
+}
+
+void frmDatabaseNodeProp::KeepClass()
+{
+    SaveOneWpValues();
+    KeptClass& kept = m_keptClasses[m_isSnmp ? 1 : 0];
+    kept.longName = m_savedTypeLongName;
+    kept.tables.clear();
+    for (int waypoint = 1; waypoint <= m_con.NodeWpCount; ++waypoint)
+        kept.tables.push_back(m_con.GetWpData(waypoint));
 }
 
 // Class -----------------------------------------------------------------------------------------------------
 
 void frmDatabaseNodeProp::cboNodeType_Click()
+{
+    ChangeClass({});
+}
+
+void frmDatabaseNodeProp::ChangeClass(const std::vector<WpData>& tables)
 {
     const QString longName = m_ui->cboNodeType->currentText();
     if (longName == m_savedTypeLongName)
@@ -99,12 +121,27 @@ void frmDatabaseNodeProp::cboNodeType_Click()
     ClearGrid();
     m_con.SelectedWpIndx = 0;
     const bool loaded = LoadClass(longName);
+    for (int waypoint = 1; loaded && waypoint <= m_con.NodeWpCount; ++waypoint) {
+        if (const auto index = static_cast<std::size_t>(waypoint) - 1; index < tables.size())
+            m_con.GetWpData(waypoint) = tables[index];
+    }
     FillWpList();
     m_ui->lstWPlist->setCurrentRow(0);
     m_typeChanging = false;
     // A class that failed can be chosen again.
     m_savedTypeLongName = loaded ? longName : QString();
-    if (loaded && m_listEnabled && Database().EditRight && m_rowCount > 0)
+    if (loaded)
+        GoToFirstCell();
+}
+
+void frmDatabaseNodeProp::GoToFirstCell()
+{
+    if (!m_listEnabled || m_rowCount == 0)
+        return;
+    // An editor takes the focus, which would stop those who step through the connections by keys.
+    if (m_ui->cboConName->hasFocus() || !Database().EditRight)
+        m_ui->grdNodeParam->SetCell(1, ParameterGrid::ValueColumn);
+    else
         GridPlaceCell(1, ParameterGrid::ValueColumn);
 }
 
@@ -122,6 +159,7 @@ bool frmDatabaseNodeProp::LoadClass(const QString& longName)
 void frmDatabaseNodeProp::ClearGrid()
 {
     GridCloseEditors();
+    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
     ParameterGrid& grid = GridParameters();
     grid.SetPassword(0, QString());
     for (int row = 1; row <= NodeGridRows; ++row) {
@@ -163,6 +201,7 @@ void frmDatabaseNodeProp::lstWPlist_Click()
 void frmDatabaseNodeProp::ShowPage(int waypoint)
 {
     m_con.SelectedWpIndx = waypoint;
+    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
     QString title;
     FillWpGrid(GridParameters(), m_con, title, m_rowCount);
     m_ui->lblParameterHeader->setText(DoubleAnyChar(title, QStringLiteral("&")));

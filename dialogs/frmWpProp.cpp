@@ -22,15 +22,6 @@ constexpr int SeenRows = 8;
 constexpr int NameWidth = 133;
 constexpr int LongestNameWidth = 240;
 
-QString RefusalText(bool exclusiveFailure)
-{
-    return exclusiveFailure
-               ? QStringLiteral("Mandatory and mutually exclusive parameters are set incorrectly "
-                                "(check parameters with bold and italic font).")
-               : QStringLiteral("Mandatory parameter without value (check parameter names with "
-                                "bold font).");
-}
-
 QString HeaderText(const QString& longName)
 {
     return TextContains(longName, u"param") ? longName : longName + QStringLiteral(" Parameters");
@@ -108,7 +99,7 @@ void frmWpProp::CmdOk_Click()
     }
     bool exclusiveFailure = false;
     if (!CheckGridValues(m_con, GridParameters(), m_rowCount, exclusiveFailure)) {
-        MsgBox(RefusalText(exclusiveFailure));
+        MsgBox(GridRefusalText(exclusiveFailure));
         return;
     }
     if (m_rowCount > 0)

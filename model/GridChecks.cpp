@@ -75,6 +75,20 @@ bool CheckWpMandatory(const WpData& waypoint)
     return true;
 }
 
+QString GridRefusalText(bool exclusiveFailure)
+{
+    return exclusiveFailure
+               ? QStringLiteral("Mandatory and mutually exclusive parameters are set incorrectly (check "
+                                "parameters with bold and italic font).")
+               : QStringLiteral("Mandatory parameter without value (check parameter names with bold font).");
+}
+
+int ReducedParameterCount(int waypoint, int waypointCount)
+{
+    constexpr int SharedRows = 2;
+    return waypoint == 1 || waypoint == waypointCount ? 0 : SharedRows;
+}
+
 int ShownParameterCount(const WpData& waypoint, int reduceBy)
 {
     return std::max(0, LastRow(waypoint.WpParamCount()) - reduceBy);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class ConData;
 class ParameterGrid;
 class WpData;
@@ -32,6 +34,13 @@ class WpData;
 {
     return CheckWpMandatory(waypoint);
 }
+
+/// What the operator is told when CheckGridValues refuses.
+[[nodiscard]] QString GridRefusalText(bool exclusiveFailure);
+
+/// Rows at the end that waypoint i of a connection leaves out, for they hold for the whole connection: two
+/// between the first and the last, else none.
+[[nodiscard]] int ReducedParameterCount(int waypoint, int waypointCount);
 
 /// Rows of a waypoint that the dialogs show, check and take over: all but the last `reduceBy`; never
 /// negative.

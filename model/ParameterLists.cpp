@@ -14,9 +14,6 @@ constexpr int LongNameColumn = 4;
 constexpr int DigitColumn = 5;
 constexpr int DefaultColumn = 6;
 
-/// Rows at the end of a waypoint that hold for the whole connection.
-constexpr int SharedRows = 2;
-
 bool IsPassword(const WpData& waypoint, int row)
 {
     return waypoint.GetWpParam(row, LongNameColumn).compare(QLatin1String("PASSWORD"), Qt::CaseInsensitive) ==
@@ -122,9 +119,9 @@ void TakeWpGridValues(ParameterGrid& grid, ConData& con, int rowCount, int waypo
 void ListWpParameters(const ConData& con, DefinitionList& list, int waypoint, int indent)
 {
     const WpData& table = con.GetWpData(waypoint);
-    const bool isEnd = waypoint == 1 || waypoint == con.ConWpCount;
+    const int rowCount = ShownParameterCount(table, ReducedParameterCount(waypoint, con.ConWpCount));
     const QString prefix(std::max(0, indent), u' ');
-    for (int row = 1; row <= ShownParameterCount(table, isEnd ? 0 : SharedRows); ++row) {
+    for (int row = 1; row <= rowCount; ++row) {
         const QString value = ListValue(table, row);
         list.AddItem(Str(waypoint) + u'_' + Str(row),
                      {prefix + table.GetWpParam(row, LongNameColumn), value, Marker(table, row, value)});

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -29,12 +30,19 @@ public:
 
     DefinitionListView View;
 
-    [[nodiscard]] QList<int> Widths() const
+    [[nodiscard]] int AllWidth() const
     {
-        QList<int> widths;
+        int width = 0;
         for (int column = 0; column < View.columnCount(); ++column)
-            widths << View.columnWidth(column);
-        return widths;
+            width += View.columnWidth(column);
+        return width;
+    }
+    /// The columns fill the list, the three as 45 to 19 to 6.
+    [[nodiscard]] bool KeepsShares() const
+    {
+        const int width = View.viewport()->width();
+        return AllWidth() == width && qAbs(View.columnWidth(0) - width * 45 / 70) <= 2 &&
+               qAbs(View.columnWidth(1) - width * 19 / 70) <= 2;
     }
     [[nodiscard]] QPoint Center(int row, int column) const
     {
@@ -59,9 +67,13 @@ private Q_SLOTS:
     void New_HasNothing();
     void Columns_Added_HaveTheirTitlesAndShares();
     void Columns_Resized_KeepTheirShares();
+    void Columns_BarAppears_StayInSight();
+    void Columns_LongText_GetsTheRoomThatOthersHave();
+    void Columns_TooLongText_LeavesTheOthersWhole();
+    void Columns_TitleBeyondItsShare_IsShownWhole();
     void Columns_NarrowList_ShowTheirTitles();
     void Columns_LargerFont_ShowTheirTitles();
-    void Columns_SingleShare_IsFollowed();
+    void Columns_Single_FillsTheList();
     void Clear_Filled_LeavesNothing();
     void Rows_WithParameters_WaypointsAreBold();
     void Rows_WithoutParameters_NothingIsBold();
@@ -93,9 +105,7 @@ void TestDefinitionListView::Columns_Added_HaveTheirTitlesAndShares()
     QCOMPARE(list.View.headerItem()->text(1), "Value");
     QCOMPARE(list.View.headerItem()->text(2), "M/D");
     QCOMPARE(list.View.headerItem()->toolTip(2), "M: mandatory, D: default value in use");
-    QCOMPARE(list.Widths().mid(0, 2), QList<int>({225, 95}));
-    QVERIFY(list.Widths()[2] >= 30);
-    QVERIFY(list.Widths()[2] >= list.View.header()->sectionSizeHint(2));
+    QVERIFY(list.KeepsShares());
 }
 
 void TestDefinitionListView::Columns_Resized_KeepTheirShares()
@@ -104,7 +114,51 @@ void TestDefinitionListView::Columns_Resized_KeepTheirShares()
 
     list.View.resize(1000, 200);
 
-    QTRY_COMPARE(list.Widths(), QList<int>({450, 190, 60}));
+    QTRY_VERIFY(list.View.columnWidth(0) > 600);
+    QVERIFY(list.KeepsShares());
+}
+
+void TestDefinitionListView::Columns_BarAppears_StayInSight()
+{
+    const ShownList list(100);
+
+    QVERIFY(list.View.verticalScrollBar()->isVisible());
+    QVERIFY(list.KeepsShares());
+    QVERIFY(!list.View.horizontalScrollBar()->isVisible());
+}
+
+void TestDefinitionListView::Columns_LongText_GetsTheRoomThatOthersHave()
+{
+    ShownList list;
+
+    list.View.AddItem(" 1_ 3", {"     HOST NAME", "a-rather-long.example.net", "M"});
+
+    const QModelIndex value = list.View.model()->index(3, 1);
+    QTRY_COMPARE(list.View.columnWidth(1), list.View.sizeHintForIndex(value).width());
+    QCOMPARE(list.AllWidth(), list.View.viewport()->width());
+}
+
+void TestDefinitionListView::Columns_TooLongText_LeavesTheOthersWhole()
+{
+    ShownList list;
+
+    list.View.AddItem(" 1_ 3", {"     HOST NAME", QString(500, u'x'), "M"});
+
+    QTRY_VERIFY(list.View.columnWidth(1) > 200);
+    QVERIFY(list.View.columnWidth(0) >= list.View.header()->sectionSizeHint(0));
+    QVERIFY(list.View.columnWidth(2) >= list.View.header()->sectionSizeHint(2));
+    QCOMPARE(list.AllWidth(), list.View.viewport()->width());
+}
+
+void TestDefinitionListView::Columns_TitleBeyondItsShare_IsShownWhole()
+{
+    ShownList list;
+    const int title = list.View.header()->sectionSizeHint(2);
+
+    list.View.resize(10 * title, 200);
+
+    QTRY_COMPARE(list.View.columnWidth(2), title);
+    QCOMPARE(list.AllWidth(), list.View.viewport()->width());
 }
 
 void TestDefinitionListView::Columns_NarrowList_ShowTheirTitles()
@@ -130,14 +184,15 @@ void TestDefinitionListView::Columns_LargerFont_ShowTheirTitles()
         QVERIFY(list.View.columnWidth(column) >= list.View.header()->sectionSizeHint(column));
 }
 
-void TestDefinitionListView::Columns_SingleShare_IsFollowed()
+void TestDefinitionListView::Columns_Single_FillsTheList()
 {
     ShownList list;
 
     list.View.Clear();
     list.View.AddColumn("Connection Definition", 0.91);
 
-    QCOMPARE(list.Widths(), QList<int>{455});
+    QCOMPARE(list.View.columnCount(), 1);
+    QCOMPARE(list.View.columnWidth(0), list.View.viewport()->width());
 }
 
 void TestDefinitionListView::Clear_Filled_LeavesNothing()

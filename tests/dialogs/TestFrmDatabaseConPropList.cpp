@@ -91,7 +91,7 @@ void TestFrmDatabaseConPropList::List_ParametersHidden_ShowsWaypoints()
     QCOMPARE(fixture.Rows(), rows);
     QCOMPARE(fixture.List().columnCount(), 1);
     QCOMPARE(fixture.List().headerItem()->text(0), "Connection Definition");
-    QCOMPARE(fixture.List().columnWidth(0), qRound(0.91 * fixture.List().width()));
+    QCOMPARE(fixture.List().columnWidth(0), fixture.List().viewport()->width());
     fixture.ClickRow(2);
     QCOMPARE(fixture.List().SelectedKey(), " 2_1");
 }
@@ -151,9 +151,10 @@ void TestFrmDatabaseConPropList::List_Resized_ColumnsFollow()
     fixture.Form->resize(1000, 700);
 
     const DefinitionListView& list = fixture.List();
-    QTRY_COMPARE(list.columnWidth(0), qRound(0.45 * list.width()));
-    QCOMPARE(list.columnWidth(1), qRound(0.19 * list.width()));
-    QCOMPARE(list.columnWidth(2), qRound(0.06 * list.width()));
+    const auto share = [&](int part) { return qRound(part / 70.0 * list.viewport()->width()); };
+    QTRY_COMPARE(list.columnWidth(0), share(45));
+    QCOMPARE(list.columnWidth(1), share(19));
+    QCOMPARE(list.columnWidth(0) + list.columnWidth(1) + list.columnWidth(2), list.viewport()->width());
 }
 
 void TestFrmDatabaseConPropList::ShowParameters_Twice_IsAsBefore()

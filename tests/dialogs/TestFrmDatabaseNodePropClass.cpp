@@ -19,7 +19,10 @@ private Q_SLOTS:
     void Connection_Snmp_LeavesSnmpClassesOnly();
     void Connection_SnmpWithSeveralClasses_TakesTheFirst();
     void Connection_Type15_IsOfTheSnmpFamily();
-    void Connection_BackFromSnmp_TakesTheFirstOtherClass();
+    void Connection_BackFromSnmp_BringsClassAndValuesBack();
+    void Connection_SteppedPastSnmp_KeepsFocusAndWhatWasTyped();
+    void Connection_BackToSnmp_BringsItsClassAndValuesBack();
+    void Connection_BackButClassIsGone_TakesTheFirst();
     void Connection_TypeUnknown_ShowsThePictureOfNone();
     void Connection_ClassesUnreadable_KeepsTheClass();
     void Class_Changed_ShowsItsPages();
@@ -31,6 +34,7 @@ private Q_SLOTS:
     void Class_TooManyWaypoints_TellsTheError();
     void Page_Clicked_ShowsItsParameters();
     void Page_Clicked_StoresTheOneLeft();
+    void Page_OfTenParameters_LeavesNoRowBehind();
     void Page_ClickedWithAnOpenEditor_StoresTheEdit();
     void Page_OutOfRange_KeepsTheOldValue();
     void Page_Shared_ReachesTheOtherPages();
@@ -107,17 +111,76 @@ void TestFrmDatabaseNodePropClass::Connection_Type15_IsOfTheSnmpFamily()
     QVERIFY(!f.Enabled("cmdManager"));
 }
 
-void TestFrmDatabaseNodePropClass::Connection_BackFromSnmp_TakesTheFirstOtherClass()
+void TestFrmDatabaseNodePropClass::Connection_BackFromSnmp_BringsClassAndValuesBack()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    f.Choose("cboNodeType", "MML Network Element");
+    f.EnterValue(1, "operator");
+    f.EnterValue(2, "secret");
+    f.Choose("cboConName", "Gamma");
+    QCOMPARE(GridEdit().GridPasswordRow, 0);
+    f.Choose("cboConName", "Alpha");
+
+    QCOMPARE(f.Entries("cboNodeType"), (QStringList{"T4 Node", "MML Network Element"}));
+    QCOMPARE(f.Chosen("cboNodeType"), "MML Network Element");
+    QCOMPARE(f.Con().NodeTypeName, "MML Network Element");
+    QCOMPARE(f.Column(1), (QStringList{"operator", "******", "", "2000", "2"}));
+    QCOMPARE(f.Value(1, 1), "operator");
+    QCOMPARE(GridEdit().GridPasswordValue, "secret");
+    QVERIFY(f.Enabled("cmdManager"));
+}
+
+void TestFrmDatabaseNodePropClass::Connection_SteppedPastSnmp_KeepsFocusAndWhatWasTyped()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    f.ClickPage(1);
+    f.EnterValue(2, "UNIHEX");
+    f.ClickPage(0);
+    f.EnterValue(1, "99");
+    auto& connections = f.Find<QComboBox>("cboConName");
+    connections.setFocus();
+    QTest::keyClick(&connections, Qt::Key_End);
+    QCOMPARE(f.Chosen("cboConName"), "Gamma");
+    QCOMPARE(f.Chosen("cboNodeType"), "SNMP Node");
+    QVERIFY(!f.Editor());
+    QVERIFY(connections.hasFocus());
+    QTest::keyClick(&connections, Qt::Key_Up);
+
+    QCOMPARE(f.Chosen("cboConName"), "Beta");
+    QCOMPARE(f.Chosen("cboNodeType"), "T4 Node");
+    QCOMPARE(f.Cell(1), "99");
+    QCOMPARE(f.Value(2, 2), "UNIHEX");
+    QCOMPARE(f.Parameters().Row(), 1);
+    QVERIFY(connections.hasFocus());
+}
+
+void TestFrmDatabaseNodePropClass::Connection_BackToSnmp_BringsItsClassAndValuesBack()
 {
     NodePropFixture f;
     f.ShowNode("North");
     f.Choose("cboConName", "Gamma");
+    f.EnterValue(1, "private");
+    f.Choose("cboConName", "Beta");
+    f.EnterValue(1, "33");
+    f.Choose("cboConName", "Gamma");
+    QCOMPARE(f.Cell(1), "private");
     f.Choose("cboConName", "Alpha");
 
-    QCOMPARE(f.Entries("cboNodeType"), (QStringList{"T4 Node", "MML Network Element"}));
-    QCOMPARE(f.Chosen("cboNodeType"), "T4 Node");
-    QCOMPARE(f.Cell(1), QString());
-    QVERIFY(f.Enabled("cmdManager"));
+    QCOMPARE(f.Cell(1), "33");
+}
+
+void TestFrmDatabaseNodePropClass::Connection_BackButClassIsGone_TakesTheFirst()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    f.Choose("cboConName", "Gamma");
+    f.Component.Answer("GetNodeTypeList()", {"NEMML\tSNMPNODE"});
+    f.Choose("cboConName", "Alpha");
+
+    QCOMPARE(f.Chosen("cboNodeType"), "MML Network Element");
+    QCOMPARE(f.Column(1), (QStringList{"", "******", "", "2000", "2"}));
 }
 
 void TestFrmDatabaseNodePropClass::Connection_TypeUnknown_ShowsThePictureOfNone()
@@ -280,6 +343,31 @@ void TestFrmDatabaseNodePropClass::Page_Clicked_StoresTheOneLeft()
     f.ClickPage(0);
     QCOMPARE(f.Cell(1), "99");
     QCOMPARE(f.Value(2, 1), "T4DT");
+}
+
+void TestFrmDatabaseNodePropClass::Page_OfTenParameters_LeavesNoRowBehind()
+{
+    NodePropFixture f;
+    QStringList values;
+    QStringList names;
+    for (int row = 1; row <= 10; ++row) {
+        values << QStringLiteral("K%1").arg(row) << QString();
+        names << QStringLiteral("NAME %1").arg(row) << QStringLiteral("0|D%1").arg(row);
+    }
+    f.Component.Answer("GetWpParameters(NEMML,0)", {values.join(u'\t')});
+    f.Component.Answer("GetWpParametersLongNames(NEMML,0)", {names.join(u'\t')});
+    f.Component.Answer("GetNodeTypeWpList(,1)", {"NEMML\t1\tOPT\t0"});
+    f.ShowNode("North");
+    f.Choose("cboNodeType", "MML Network Element");
+    QCOMPARE(f.Cell(10), "D10");
+    f.ClickPage(1);
+    QCOMPARE(f.Column(0), (QStringList{"PROTOCOL", "DATA TYPE", "VERIFY"}));
+    f.ClickPage(0);
+    QCOMPARE(f.Cell(10), "D10");
+    f.Choose("cboNodeType", "T4 Node");
+
+    QCOMPARE(f.Parameters().GridRows(), 10);
+    QCOMPARE(f.Column(0).size(), 6);
 }
 
 void TestFrmDatabaseNodePropClass::Page_ClickedWithAnOpenEditor_StoresTheEdit()

@@ -3,6 +3,7 @@
 #include "tests/dialogs/NodePropFixture.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,6 +21,8 @@ private Q_SLOTS:
     void AccessKeys_AllControls_AreDifferent();
     void AccessibleName_EachControl_IsThere();
     void Tab_FromTheName_VisitsAllControls();
+    void Tab_FromAnOpenEditor_GoesOnBehindTheGrid();
+    void BackTab_FromAnOpenEditor_GoesToTheGrid();
     void Resize_Smaller_KeepsEverythingInside();
     void TypeName_Comma_IsCutWithTheBell();
     void PasteName_Comma_IsCutWithTheBell();
@@ -105,10 +108,15 @@ void TestFrmDatabaseNodePropControls::AccessibleName_EachControl_IsThere()
     NodePropFixture f;
     f.ShowNode("North");
 
-    for (const char* name : {"txtNodeName", "cboConName", "lblConnectionType", "cboNodeType", "lstWPlist",
-                             "grdNodeParam", "txtGridEdit", "cboGridEdit", "spnGridEdit", "cmdManager",
-                             "cmdSave", "cmdCancel", "cmdHelp", "imgConArray"})
+    for (const char* name :
+         {"txtNodeName", "cboConName", "cboNodeType", "lstWPlist", "grdNodeParam", "txtGridEdit",
+          "cboGridEdit", "spnGridEdit", "cmdManager", "cmdSave", "cmdCancel", "cmdHelp", "imgConArray"})
         QVERIFY2(!f.Find<QWidget>(name).accessibleName().isEmpty(), name);
+    // What these two say changes, so it is their name.
+    for (const char* name : {"lblConnectionType", "lblParameterHeader"}) {
+        auto& label = f.Find<QLabel>(name);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), label.text());
+    }
 }
 
 void TestFrmDatabaseNodePropControls::Tab_FromTheName_VisitsAllControls()
@@ -124,6 +132,32 @@ void TestFrmDatabaseNodePropControls::Tab_FromTheName_VisitsAllControls()
     }
     QCOMPARE(visited, (QStringList{"txtNodeName", "cboConName", "cboNodeType", "lstWPlist", "grdNodeParam",
                                    "cmdManager", "cmdSave", "cmdCancel", "cmdHelp"}));
+}
+
+void TestFrmDatabaseNodePropControls::Tab_FromAnOpenEditor_GoesOnBehindTheGrid()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    for (const int row : {2, 3}) {
+        f.OpenEditor(row);
+        QTest::keyClick(f.Editor(), Qt::Key_Tab);
+
+        QCOMPARE(f.Form->focusWidget(), &f.Find<QWidget>("cmdManager"));
+        QVERIFY(!f.Editor());
+    }
+}
+
+void TestFrmDatabaseNodePropControls::BackTab_FromAnOpenEditor_GoesToTheGrid()
+{
+    NodePropFixture f;
+    f.ShowNode("North");
+    for (const int row : {2, 3}) {
+        f.OpenEditor(row);
+        QTest::keyClick(f.Editor(), Qt::Key_Backtab, Qt::ShiftModifier);
+
+        QCOMPARE(f.Form->focusWidget(), &f.Find<QWidget>("grdNodeParam"));
+        QVERIFY(!f.Editor());
+    }
 }
 
 void TestFrmDatabaseNodePropControls::Resize_Smaller_KeepsEverythingInside()

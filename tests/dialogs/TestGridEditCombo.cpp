@@ -27,6 +27,15 @@ private Q_SLOTS:
         QVERIFY(!fixture.Combo->isEditable());
     }
 
+    void Open_List_ShowsThatItHasTheFocus()
+    {
+        GridFixture fixture;
+        fixture.Window.setAttribute(Qt::WA_KeyboardFocusChange, false);
+        fixture.Open(GridFixture::List);
+        QVERIFY(fixture.Combo->hasFocus());
+        QVERIFY(fixture.Window.testAttribute(Qt::WA_KeyboardFocusChange));
+    }
+
     void Open_NoDefault_ReadsNoValue()
     {
         GridFixture fixture;

@@ -191,6 +191,29 @@ private Q_SLOTS:
         QCOMPARE(fixture.Text->geometry().right() + 1, fixture.Spinner->geometry().left());
     }
 
+    void Place_LargerFont_RowsAndEditorFollow_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::newRow("text") << int(GridFixture::LimitedText);
+        QTest::newRow("list") << int(GridFixture::List);
+    }
+    void Place_LargerFont_RowsAndEditorFollow()
+    {
+        QFETCH(const int, row);
+        GridFixture fixture;
+        fixture.Open(row, QStringLiteral("C"));
+        QFont large = fixture.Grid->font();
+        large.setPointSize(2 * large.pointSize());
+        fixture.Grid->setFont(large);
+
+        QWidget& editor = row == GridFixture::List ? static_cast<QWidget&>(*fixture.Combo) : *fixture.Text;
+        QCOMPARE(editor.font().pointSize(), large.pointSize());
+        QCOMPARE(fixture.Grid->rowHeight(0), fixture.Combo->sizeHint().height());
+        QTRY_COMPARE(editor.geometry().topLeft(), fixture.Grid->CellRect(row, 1).topLeft());
+        QVERIFY(qAbs(editor.height() - fixture.Grid->rowHeight(0)) <= 1);
+        QVERIFY(editor.hasFocus());
+    }
+
     void Place_ScrolledOrResized_FollowsTheCell()
     {
         GridFixture fixture;

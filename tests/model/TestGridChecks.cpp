@@ -31,6 +31,8 @@ private Q_SLOTS:
     void CheckWpMandatory_Rows_data();
     void CheckWpMandatory_Rows();
     void CheckWpMandatory_RowsBehindCount_AreNotSeen();
+    void GridRefusalText_EachFailure_NamesIt();
+    void ReducedParameterCount_BetweenTheEnds_IsTwo();
     void ShownParameterCount_Counts_data();
     void ShownParameterCount_Counts();
 };
@@ -315,6 +317,22 @@ void TestGridChecks::CheckWpMandatory_RowsBehindCount_AreNotSeen()
 
     con.GetWpData(1).SetWpParamCount(12);
     QVERIFY(!CheckWpMandatory(con.GetWpData(1)));
+}
+
+void TestGridChecks::GridRefusalText_EachFailure_NamesIt()
+{
+    QCOMPARE(GridRefusalText(true), "Mandatory and mutually exclusive parameters are set incorrectly (check "
+                                    "parameters with bold and italic font).");
+    QCOMPARE(GridRefusalText(false),
+             "Mandatory parameter without value (check parameter names with bold font).");
+}
+
+void TestGridChecks::ReducedParameterCount_BetweenTheEnds_IsTwo()
+{
+    QCOMPARE(ReducedParameterCount(1, 1), 0);
+    QCOMPARE(ReducedParameterCount(1, 3), 0);
+    QCOMPARE(ReducedParameterCount(2, 3), 2);
+    QCOMPARE(ReducedParameterCount(3, 3), 0);
 }
 
 void TestGridChecks::ShownParameterCount_Counts_data()

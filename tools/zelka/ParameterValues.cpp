@@ -23,9 +23,6 @@ constexpr int LongNameColumn = 4;
 constexpr int DigitColumn = 5;
 constexpr int DefaultColumn = 6;
 
-/// Rows that the dialogs leave out between the first waypoint and the last.
-constexpr int SharedRows = 2;
-
 bool SameText(const QString& one, const QString& other)
 {
     return one.compare(other, Qt::CaseInsensitive) == 0;
@@ -199,8 +196,7 @@ bool ParameterValues::IsUsed(int waypoint) const
 void ParameterValues::CheckRules(bool isConnection) const
 {
     for (int i = 1; i <= m_waypointCount; ++i) {
-        const bool isEnd = i == 1 || i == m_waypointCount;
-        const int reduceBy = isConnection && !isEnd ? SharedRows : 0;
+        const int reduceBy = isConnection ? ReducedParameterCount(i, m_waypointCount) : 0;
         if (IsUsed(i))
             CheckWaypoint(i, ShownParameterCount(m_con.GetWpData(i), reduceBy));
     }
@@ -223,12 +219,8 @@ void ParameterValues::CheckWaypoint(int waypoint, int rowCount) const
         if (missing || (groupError && IsExclusiveParameter(digit)))
             concerned << KeyOf(waypoint, row);
     }
-    Refuse(
-        (groupError
-             ? QStringLiteral("Mandatory and mutually exclusive parameters are set incorrectly (check "
-                              "parameters with bold and italic font).")
-             : QStringLiteral("Mandatory parameter without value (check parameter names with bold font).")) +
-        QStringLiteral(" Concerned: ") + concerned.join(QStringLiteral(", ")) + u'.');
+    Refuse(GridRefusalText(groupError) + QStringLiteral(" Concerned: ") +
+           concerned.join(QStringLiteral(", ")) + u'.');
 }
 
 void ParameterValues::WriteMandatoryDefaults(int waypoint)

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
@@ -93,41 +94,78 @@ Widget& Find(QWidget& parent, const char* name)
     return *found;
 }
 
-void SelectEntry(T4ZelkaBrowser& browser, const char* tree, int position)
+void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text, bool isNode)
 {
     auto& view = Find<TreeView>(browser, tree);
     const auto& entries = static_cast<const TreeEntries&>(*view.model());
-    view.SelectIndex(entries.ModelIndex(entries.Child(1, position)));
+    const TreeEntries::Index entry = entries.FindByText(text, isNode);
+    if (entry == 0)
+        qFatal("there is no %s", qUtf8Printable(text));
+    view.SelectIndex(entries.ModelIndex(entry));
     QApplication::processEvents();
+}
+
+QString ManagerProgram()
+{
+    return QStringLiteral("/usr/bin/zelka-node-manager");
 }
 
 void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
 {
     Find<QRadioButton>(browser, "optNodes").setChecked(true);
-    SelectEntry(browser, "tvwNodesTree", 2);
+    SelectEntry(browser, "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
     properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, QStringLiteral("node"),
                       [&](QDialog& dialog) {
-                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdManager").click(); },
-                                            QStringLiteral("manager-info"));
+                          camera.WithDialog(
+                              [&] { Find<QPushButton>(dialog, "cmdManager").click(); },
+                              QStringLiteral("manager-info"),
+                              [](QDialog& manager) {
+                                  // The demo names the program beside it, wherever it was built.
+                                  Find<QLineEdit>(manager, "txtCommandLine").setText(ManagerProgram());
+                              });
+                      });
+}
+
+void TakeWaypointDialog(QDialog& connection, const Camera& camera, const QString& parameter,
+                        const QString& name)
+{
+    auto& list = Find<QTreeWidget>(connection, "lvWPlist");
+    const QList<QTreeWidgetItem*> rows = list.findItems(parameter, Qt::MatchEndsWith);
+    if (rows.isEmpty())
+        qFatal("there is no %s", qUtf8Printable(parameter));
+    list.setCurrentItem(rows.first());
+    camera.WithDialog([&] { Find<QPushButton>(connection, "cmdProperties").click(); }, name);
+}
+
+/// Opens the properties of a connection of the demo network.
+void WithConnection(T4ZelkaBrowser& browser, const Camera& camera, const QString& connection,
+                    const QString& name, const std::function<void(QDialog& dialog)>& work)
+{
+    Find<QRadioButton>(browser, "optCon").setChecked(true);
+    SelectEntry(browser, "tvwConTree", connection, false);
+    auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
+    properties.setEnabled(true);
+    camera.WithDialog([&] { properties.click(); }, name,
+                      [&](QDialog& dialog) {
+                          Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
+                          work(dialog);
                       });
 }
 
 void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
 {
-    Find<QRadioButton>(browser, "optCon").setChecked(true);
-    SelectEntry(browser, "tvwConTree", 1);
-    auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
-    properties.setEnabled(true);
-    camera.WithDialog([&] { properties.click(); }, QStringLiteral("connection"),
-                      [&](QDialog& dialog) {
-                          Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
-                          auto& list = Find<QTreeWidget>(dialog, "lvWPlist");
-                          list.setCurrentItem(list.topLevelItem(0));
-                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdProperties").click(); },
-                                            QStringLiteral("waypoint"));
-                      });
+    WithConnection(browser, camera, QStringLiteral("Copper Creek modem"), QStringLiteral("connection-modem"),
+                   [&](QDialog& dialog) {
+                       TakeWaypointDialog(dialog, camera, QStringLiteral("PASSWORD"),
+                                          QStringLiteral("waypoint-password"));
+                   });
+    WithConnection(
+        browser, camera, QStringLiteral("Ellermoor TCP"), QStringLiteral("connection"), [&](QDialog& dialog) {
+            TakeWaypointDialog(dialog, camera, QStringLiteral("HOST NAME"), QStringLiteral("waypoint"));
+            TakeWaypointDialog(dialog, camera, QStringLiteral("BUS SPEED"), QStringLiteral("waypoint-list"));
+        });
 }
 
 } // namespace
