@@ -170,12 +170,11 @@ private:
         bool m_outermost;
     };
 
-    // Life cycle (T4ZelkaBrowser.cpp) -----------------------------------------------------------------------
+    // Life cycle (T4ZelkaBrowser.cpp, BrowserStart.cpp) -----------------------------------------------------
     void ConnectControls();
     void StartControl();
     void CreateWorkingObjects();
     void LoadAtStart();
-    void ReadSharedNames();
     void EnterDirectOnly();
     void UserControl_Show();
     void UserControl_Hide();
