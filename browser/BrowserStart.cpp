@@ -13,6 +13,7 @@
 #include "platform/HelpHook.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 
 // The start of a control, from its container's word to trees that answer.
 
@@ -59,7 +60,8 @@ void T4ZelkaBrowser::StartControl()
     Model().ConObject->NodesTree = m_nodesTree;
     EnableByRights();
 
-    LoadAtStart();
+    if (!LoadAtStart())
+        return;
     if (!Database().DatabaseOpen) {
         Database().EditRight = false;
         SetRefreshTimer(false);
@@ -97,13 +99,14 @@ void T4ZelkaBrowser::CreateWorkingObjects()
         Renew(*object);
 }
 
-void T4ZelkaBrowser::LoadAtStart()
+bool T4ZelkaBrowser::LoadAtStart()
 {
-    {
-        frmLoadProgress form(this);
-        form.UpdateDataStatus(true);
-        form.exec();
-    }
+    const QPointer<frmLoadProgress> form(new frmLoadProgress(this));
+    form->UpdateDataStatus(true);
+    form->exec();
+    if (!form)
+        return false;
+    delete form;
     if (Database().DatabaseOpen)
         EnableCmdLoadMore(RootEntry);
     if (Database().DbObject) {
@@ -111,6 +114,7 @@ void T4ZelkaBrowser::LoadAtStart()
         m_cursor = connect(Database().DbObject.get(), &DatabaseClass::SetMousePointer, this,
                            &T4ZelkaBrowser::mCursor_SetMousePointer);
     }
+    return true;
 }
 
 void T4ZelkaBrowser::EnterDirectOnly()

@@ -120,10 +120,11 @@ void T4ZelkaBrowser::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    Guarded([this] {
+    Guarded([this, alive = QPointer<T4ZelkaBrowser>(this)] {
         if (!m_startRan)
             StartControl();
-        UserControl_Show();
+        if (alive)
+            UserControl_Show();
     });
 }
 

@@ -174,7 +174,8 @@ private:
     void ConnectControls();
     void StartControl();
     void CreateWorkingObjects();
-    void LoadAtStart();
+    /// False: the control is gone.
+    [[nodiscard]] bool LoadAtStart();
     void EnterDirectOnly();
     void UserControl_Show();
     void UserControl_Hide();
@@ -210,8 +211,9 @@ private:
     [[nodiscard]] bool LoadMoreNodes();
     [[nodiscard]] bool FillConnections();
     void LoadConWaypoints(Entry connection);
-    void LoadConNodes(Entry connection);
-    void ShowConNodesProgress(Entry connection);
+    /// False: the control is gone.
+    [[nodiscard]] bool LoadConNodes(Entry connection);
+    [[nodiscard]] bool ShowConNodesProgress(Entry connection);
     void cmdRefresh_Click();
     /// The Journal has nothing to tell that the trees do not show; the position in it moves on then.
     [[nodiscard]] bool ShowsOwnChanges();
@@ -243,7 +245,8 @@ private:
     [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
     void SelectTreeEntry(TreeView& tree, Entry entry);
     void RestoreViewSelection();
-    /// Does what a double click on the selected entry does. True: it ran the properties command.
+    /// Does what a double click on the selected entry does. True: it ran the properties command, or the
+    /// control is gone.
     bool OpenConEntry();
     [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;
     /// The tree of the view that is chosen.
