@@ -105,7 +105,8 @@ void TestControlGone::Reload_ControlDestroyed_Ends()
     QFETCH(bool, underQuestion);
     GoneFixture f;
     f.StartOnDatabasePage();
-    f.Component.Store.SaveParent(QStringLiteral("Beta"), QStringLiteral("WP=BUST4,ID=7"));
+    f.Component.Store.ReplaceNodeTarget(QStringLiteral("Node 000001"), QStringLiteral("Alpha"),
+                                        QStringLiteral("WP=NET4,ADDR=7"));
     f.DestroyUnderLoad(underQuestion);
 
     QTest::mouseClick(&f.Find<QPushButton>("cmdRefresh"), Qt::LeftButton);
