@@ -117,15 +117,15 @@ void T4ZelkaBrowser::EndClickReads()
 }
 
 T4ZelkaBrowser::ClickReads::ClickReads(T4ZelkaBrowser& control)
-    : m_control(control), m_outermost(!control.m_clickReads)
+    : m_control(&control), m_outermost(!control.m_clickReads)
 {
-    m_control.BeginClickReads();
+    control.BeginClickReads();
 }
 
 T4ZelkaBrowser::ClickReads::~ClickReads()
 {
-    if (m_outermost)
-        m_control.EndClickReads();
+    if (m_outermost && m_control)
+        m_control->EndClickReads();
 }
 
 // Buttons ---------------------------------------------------------------------------------------------------
@@ -231,7 +231,11 @@ void T4ZelkaBrowser::tvwConTree_KeyDown(int keyCode, int shift)
         return;
     // No Click follows a key, so none is to be skipped.
     const bool ranProperties = shift == 0 && OpenConEntry();
-    if (!ranProperties)
+    if (ranProperties)
+        return;
+    if (m_conTree->Kind(SelectedEntry(*m_ui->tvwConTree)) == QLatin1Char('W'))
+        RunPropertiesOfWaypoint();
+    else
         m_ui->cmdDatabaseProp->click();
 }
 

@@ -10,7 +10,30 @@
 
 #include <QPointer>
 
-// What the folders below ask of the control through their module-level state.
+// What the control shares with the folders below through their module-level state.
+
+namespace {
+
+std::unique_ptr<ConData> NewConData()
+{
+    auto data = std::make_unique<ConData>();
+    data->Initialize();
+    data->Clear();
+    return data;
+}
+
+} // namespace
+
+void T4ZelkaBrowser::CreateWorkingObjects()
+{
+    m_conTree->Clear();
+    m_nodesTree->Clear();
+    m_ui->tabMain->setTabEnabled(0, true);
+    ModelState& model = Model();
+    for (std::unique_ptr<ConData>* object :
+         {&model.ConObject, &model.DirectObject, &model.NewDirectObject, &model.SavedDirectObject})
+        Browser().Replaced.push_back(std::exchange(*object, NewConData()));
+}
 
 void T4ZelkaBrowser::OfferHooks()
 {

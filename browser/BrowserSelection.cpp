@@ -269,8 +269,7 @@ bool T4ZelkaBrowser::OpenConEntry()
         return false;
     EndClickReads();
     if (m_conTree->Kind(selected) != QLatin1Char('C')) {
-        // Also while the button is disabled, as it stays for a waypoint that is selected behind the root.
-        Q_EMIT m_ui->cmdDatabaseProp->clicked();
+        RunPropertiesOfWaypoint();
         return true;
     }
     if (m_ui->chkViewNodes->isChecked()) {
@@ -282,6 +281,12 @@ bool T4ZelkaBrowser::OpenConEntry()
         m_conTreeSkipClick = false;
     }
     return false;
+}
+
+void T4ZelkaBrowser::RunPropertiesOfWaypoint()
+{
+    // Also while the button is disabled, as it stays for a waypoint that is selected behind the root.
+    Q_EMIT m_ui->cmdDatabaseProp->clicked();
 }
 
 void T4ZelkaBrowser::tvwNodesTree_DblClick()

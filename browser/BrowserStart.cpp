@@ -19,21 +19,6 @@
 
 namespace {
 
-/// Empties a working object. It stays the same one: the host may start a control while a dialog of another
-/// shows it.
-void Renew(std::unique_ptr<ConData>& data)
-{
-    if (!data)
-        data = std::make_unique<ConData>();
-    data->Initialize();
-    data->Clear();
-    data->optCon = false;
-    data->ViewNodesChecked = false;
-    data->SelectedTreeNodeIndex = 0;
-    data->ConTree = nullptr;
-    data->NodesTree = nullptr;
-}
-
 QString HelpFilePath()
 {
     return Help().HelpFilePath ? Help().HelpFilePath() : QString();
@@ -86,17 +71,6 @@ void T4ZelkaBrowser::StartControl()
     m_pagesAnswer = true;
     if (!Database().DatabaseOpen)
         EnterDirectOnly();
-}
-
-void T4ZelkaBrowser::CreateWorkingObjects()
-{
-    m_conTree->Clear();
-    m_nodesTree->Clear();
-    m_ui->tabMain->setTabEnabled(0, true);
-    ModelState& model = Model();
-    for (auto* const object :
-         {&model.ConObject, &model.DirectObject, &model.NewDirectObject, &model.SavedDirectObject})
-        Renew(*object);
 }
 
 bool T4ZelkaBrowser::LoadAtStart()

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "model/ConData.h"
+
+#include <memory>
+#include <vector>
+
 /// The module-level state of the control itself: one instance in the process, shared by all controls.
 struct BrowserState
 {
@@ -12,6 +17,8 @@ struct BrowserState
     int BrowserTabIndex = 1;
     /// Loads, commands and dialogs that run; a refresh that falls due meanwhile is left out.
     int Busy = 0;
+    /// Working objects that a start has replaced under an open dialog, which still uses them.
+    std::vector<std::unique_ptr<ConData>> Replaced;
 };
 
 /// The one instance.
@@ -22,7 +29,11 @@ class BusyScope
 {
 public:
     BusyScope() { ++Browser().Busy; }
-    ~BusyScope() { --Browser().Busy; }
+    ~BusyScope()
+    {
+        if (--Browser().Busy == 0)
+            Browser().Replaced.clear();
+    }
     BusyScope(const BusyScope&) = delete;
     BusyScope& operator=(const BusyScope&) = delete;
 };

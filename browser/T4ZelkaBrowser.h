@@ -2,6 +2,7 @@
 
 #include "browser/DialogOpening.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -166,14 +167,13 @@ private:
         ClickReads& operator=(const ClickReads&) = delete;
 
     private:
-        T4ZelkaBrowser& m_control;
+        QPointer<T4ZelkaBrowser> m_control;
         bool m_outermost;
     };
 
     // Life cycle (T4ZelkaBrowser.cpp, BrowserStart.cpp) -----------------------------------------------------
     void ConnectControls();
     void StartControl();
-    void CreateWorkingObjects();
     /// False: the control is gone.
     [[nodiscard]] bool LoadAtStart();
     void EnterDirectOnly();
@@ -248,6 +248,7 @@ private:
     /// Does what a double click on the selected entry does. True: it ran the properties command, or the
     /// control is gone.
     bool OpenConEntry();
+    void RunPropertiesOfWaypoint();
     [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;
     /// The tree of the view that is chosen.
     [[nodiscard]] TreeView& ShownView() const;
@@ -312,7 +313,8 @@ private:
     void AddNewNode();
     void ShowNewNode();
 
-    // What the dialogs ask of the control (BrowserHooks.cpp) ------------------------------------------------
+    // What the folders below share with the control (BrowserHooks.cpp) --------------------------------------
+    void CreateWorkingObjects();
     void OfferHooks();
     void WithdrawHooks();
 

@@ -17,6 +17,7 @@
 
 #include <QPointer>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 namespace {
