@@ -273,7 +273,8 @@ bool T4ZelkaBrowser::OpenConEntry()
         return true;
     }
     if (m_ui->chkViewNodes->isChecked()) {
-        LoadConNodes(selected);
+        if (!LoadConNodes(selected))
+            return true;
         EnableCmdLoadMore(selected);
     } else {
         LoadConWaypoints(selected);

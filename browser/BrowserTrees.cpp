@@ -10,6 +10,7 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
+#include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
@@ -99,7 +100,8 @@ void T4ZelkaBrowser::chkViewNodes_Click()
         m_conTree->RemoveChildren(connection);
     for (const Entry connection : connections) {
         if (viewNodes) {
-            ShowConNodesProgress(connection);
+            if (!ShowConNodesProgress(connection))
+                return;
             m_conTree->SetExpanded(connection, true);
         } else if (!RefillConEntry(*m_conTree, connection, false)) {
             return;
@@ -120,15 +122,17 @@ void T4ZelkaBrowser::LoadConWaypoints(Entry connection)
         return;
 }
 
-void T4ZelkaBrowser::LoadConNodes(Entry connection)
+bool T4ZelkaBrowser::LoadConNodes(Entry connection)
 {
     m_ui->tvwConTree->viewport()->update();
-    ShowConNodesProgress(connection);
+    if (!ShowConNodesProgress(connection))
+        return false;
     m_conTreeSkipClick = false;
     m_conTree->SetExpanded(connection, true);
+    return true;
 }
 
-void T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
+bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
 {
     LoadState& load = Load();
     load.LoadRootKey = ConnectionsText;
@@ -136,18 +140,22 @@ void T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
     load.LoadTree = m_conTree;
     load.LoadAddRoot = false;
     load.LoadParentNode = connection;
-    frmConNodesProgress(this).exec();
+    if (!ShowModalForm<frmConNodesProgress>(this))
+        return false;
     load.LoadTree = nullptr;
+    return true;
 }
 
 void T4ZelkaBrowser::cmdLoadMore_Click()
 {
     const BusyScope busy;
+    const QPointer<T4ZelkaBrowser> alive(this);
     m_tmrRefreshTimer->SetEnabled(false);
     const bool loaded = m_ui->optCon->isChecked() ? LoadMoreNodesOfConnection() : LoadMoreNodes();
     if (loaded)
         RestoreViewSelection();
-    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
+    if (alive)
+        m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
 }
 
 bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
@@ -159,7 +167,8 @@ bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
         return false;
     const Entry connection =
         m_conTree->Kind(selected) == QLatin1Char('N') ? m_conTree->Parent(selected) : selected;
-    ShowConNodesProgress(connection);
+    if (!ShowConNodesProgress(connection))
+        return false;
     m_conTree->SetExpanded(connection, true);
     EnableCmdLoadMore(selected);
     return true;
@@ -175,7 +184,8 @@ bool T4ZelkaBrowser::LoadMoreNodes()
     if (m_nodesTree->Count() > 0) {
         load.LoadParentNode = RootEntry;
         m_nodesTree->SetExpanded(RootEntry, false);
-        frmLoadProgress(this).exec();
+        if (!ShowModalForm<frmLoadProgress>(this))
+            return false;
         // Sorted also behind a load that failed.
         m_nodesTree->SetSorted(RootEntry, true);
         m_nodesTree->SetExpanded(RootEntry, true);
@@ -261,7 +271,8 @@ void T4ZelkaBrowser::ReloadNodes()
     load.LoadKeySuffix = NodeKeySuffix;
     load.LoadTree = m_nodesTree;
     load.LoadAddRoot = true;
-    frmLoadProgress(this).exec();
+    if (!ShowModalForm<frmLoadProgress>(this))
+        return;
     load.LoadTree = nullptr;
     EnableCmdLoadMore(RootEntry);
 }

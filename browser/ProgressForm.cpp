@@ -3,6 +3,7 @@
 #include "platform/MsgBox.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShowEvent>
@@ -45,7 +46,12 @@ void ProgressForm::RunStep()
         Unload();
         return;
     }
-    switch (m_procedure->Next()) {
+    const QPointer<ProgressForm> alive(this);
+    const std::shared_ptr<LoadingProcedure> running = m_procedure;
+    const LoadStep step = running->Next();
+    if (!alive)
+        return;
+    switch (step) {
     case LoadStep::More:
         break;
     case LoadStep::Done:
@@ -66,8 +72,11 @@ void ProgressForm::cmdLoadStop_Click()
     if (m_asking)
         return;
     m_asking = true;
+    const QPointer<ProgressForm> alive(this);
     const BoxAnswer answer = MsgBox(QStringLiteral("Do you want to interrupt database loading ?"),
                                     BoxFlags::OkCancel, QStringLiteral("Interrupt Loading"));
+    if (!alive)
+        return;
     m_asking = false;
     if (answer == BoxAnswer::Ok) {
         m_loadStopped = true;

@@ -54,7 +54,8 @@ private:
     QLabel* m_label = nullptr;
     QProgressBar* m_bar = nullptr;
     QTimer m_betweenSteps;
-    std::unique_ptr<LoadingProcedure> m_procedure;
+    /// Shared with the step that runs: a box of its own may see the form destroyed.
+    std::shared_ptr<LoadingProcedure> m_procedure;
     BusyScope m_busy;
     bool m_formActivated = false;
     bool m_loadStopped = false;

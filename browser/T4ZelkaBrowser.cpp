@@ -4,35 +4,22 @@
 #include "browser/ConnectionPictures.h"
 #include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
-#include "browser/frmLoadProgress.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
-#include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "dialogs/DialogState.h"
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
 #include "platform/ComponentError.h"
-#include "platform/HelpHook.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 
-#include <QCoreApplication>
 #include <QHideEvent>
 #include <QPointer>
 #include <QShortcut>
 #include <QShowEvent>
 
 #include <exception>
-
-namespace {
-
-QString HelpFilePath()
-{
-    return Help().HelpFilePath ? Help().HelpFilePath() : QString();
-}
-
-} // namespace
 
 T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::T4ZelkaBrowser>())
@@ -133,10 +120,11 @@ void T4ZelkaBrowser::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    Guarded([this] {
+    Guarded([this, alive = QPointer<T4ZelkaBrowser>(this)] {
         if (!m_startRan)
             StartControl();
-        UserControl_Show();
+        if (alive)
+            UserControl_Show();
     });
 }
 
@@ -201,85 +189,7 @@ void T4ZelkaBrowser::FreeObjects()
     database.DbObject.reset();
 }
 
-// Start -----------------------------------------------------------------------------------------------------
-
-void T4ZelkaBrowser::StartControl()
-{
-    m_startRan = true;
-    m_tmrRefreshTimer->SetEnabled(false);
-    if (!m_userMode)
-        return;
-
-    const BusyScope busy;
-    m_pagesAnswer = false;
-    Browser().ControlInitialized = false;
-    m_ui->txtTarget->clear();
-    // An empty box that is cleared tells nothing, and a host may have set a target that it does not show.
-    m_targetText.clear();
-    CreateWorkingObjects();
-    m_ui->optCon->setChecked(true);
-    Model().ConObject->ConTree = m_conTree;
-    Model().ConObject->NodesTree = m_nodesTree;
-    EnableByRights();
-
-    LoadAtStart();
-    if (!Database().DatabaseOpen) {
-        Database().EditRight = false;
-        SetRefreshTimer(false);
-    }
-    Load().LoadTree = nullptr;
-    Model().ConObject->ConTree = nullptr;
-    Model().ConObject->NodesTree = nullptr;
-
-    ShowConPicture(NoConType);
-    findChild<QObject*>(QStringLiteral("cdlBrowserHelp"))->setProperty("HelpFile", HelpFilePath());
-    InitializeDirectTab();
-    Browser().ControlInitialized = true;
-    m_conTreeSkipClick = false;
-    m_nodesTreeSkipClick = false;
-    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
-    QCoreApplication::instance()->setProperty("HelpFile", HelpFilePath());
-    ReadSharedNames();
-    for (int index = 0; index < ConnectionPictureCount; ++index)
-        Dialogs().ConPictures[static_cast<std::size_t>(index)] = ConnectionPicture(index);
-    OfferHooks();
-
-    m_pagesAnswer = true;
-    if (!Database().DatabaseOpen)
-        EnterDirectOnly();
-}
-
-void T4ZelkaBrowser::LoadAtStart()
-{
-    {
-        frmLoadProgress form(this);
-        form.UpdateDataStatus(true);
-        form.exec();
-    }
-    if (Database().DatabaseOpen)
-        EnableCmdLoadMore(RootEntry);
-    if (Database().DbObject) {
-        disconnect(m_cursor);
-        m_cursor = connect(Database().DbObject.get(), &DatabaseClass::SetMousePointer, this,
-                           &T4ZelkaBrowser::mCursor_SetMousePointer);
-    }
-}
-
-void T4ZelkaBrowser::ReadSharedNames()
-{
-    auto& names = Model().TimeRetryNames;
-    if (!Gateway().GetWpLongNameDb(QStringLiteral("TIME"), names[0]))
-        names[0] = QStringLiteral("TIME OUT");
-    if (!Gateway().GetWpLongNameDb(QStringLiteral("RETRY"), names[1]))
-        names[1] = QStringLiteral("RETRY COUNT");
-}
-
-void T4ZelkaBrowser::EnterDirectOnly()
-{
-    m_ui->tabMain->setCurrentIndex(1);
-    m_ui->tabMain->setTabEnabled(0, false);
-    m_ui->tabNode->setCurrentIndex(0);
-}
+// Events ----------------------------------------------------------------------------------------------------
 
 void T4ZelkaBrowser::mCursor_SetMousePointer(int pointer)
 {

@@ -171,11 +171,11 @@ private:
         bool m_outermost;
     };
 
-    // Life cycle (T4ZelkaBrowser.cpp) -----------------------------------------------------------------------
+    // Life cycle (T4ZelkaBrowser.cpp, BrowserStart.cpp) -----------------------------------------------------
     void ConnectControls();
     void StartControl();
-    void LoadAtStart();
-    void ReadSharedNames();
+    /// False: the control is gone.
+    [[nodiscard]] bool LoadAtStart();
     void EnterDirectOnly();
     void UserControl_Show();
     void UserControl_Hide();
@@ -211,8 +211,9 @@ private:
     [[nodiscard]] bool LoadMoreNodes();
     [[nodiscard]] bool FillConnections();
     void LoadConWaypoints(Entry connection);
-    void LoadConNodes(Entry connection);
-    void ShowConNodesProgress(Entry connection);
+    /// False: the control is gone.
+    [[nodiscard]] bool LoadConNodes(Entry connection);
+    [[nodiscard]] bool ShowConNodesProgress(Entry connection);
     void cmdRefresh_Click();
     /// The Journal has nothing to tell that the trees do not show; the position in it moves on then.
     [[nodiscard]] bool ShowsOwnChanges();
@@ -244,7 +245,8 @@ private:
     [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
     void SelectTreeEntry(TreeView& tree, Entry entry);
     void RestoreViewSelection();
-    /// Does what a double click on the selected entry does. True: it ran the properties command.
+    /// Does what a double click on the selected entry does. True: it ran the properties command, or the
+    /// control is gone.
     bool OpenConEntry();
     void RunPropertiesOfWaypoint();
     [[nodiscard]] Entry SelectedEntry(const TreeView& tree) const;

@@ -2,7 +2,7 @@
 
 #include "browser/ui_frmMngrInfo.h"
 #include "database/Gateway.h"
-#include "database/SaveRoutines.h"
+#include "database/ManagerLaunch.h"
 #include "database/UnitOfWork.h"
 #include "model/ConData.h"
 #include "model/ItemList.h"

@@ -53,6 +53,18 @@ QString ManagerCommand::Text() const
     return text;
 }
 
+QString ManagerIndexOf(const QString& commandLine)
+{
+    const qsizetype bar = commandLine.indexOf(u'|');
+    return bar < 0 ? QString() : commandLine.left(bar);
+}
+
+QString ManagerTailOf(const QString& commandLine)
+{
+    // Without a bar: from the start.
+    return commandLine.sliced(commandLine.indexOf(u'|') + 1);
+}
+
 ManagerCommand ComposeManagerCommand(const QString& path, const QString& nodeName, const QString& extra)
 {
     ManagerCommand command{

@@ -13,6 +13,10 @@ struct ManagerCommand
     [[nodiscard]] QString Text() const;
 };
 
+/// Parts of a node's command line: the manager's index before "|" (empty without one) and the tail.
+[[nodiscard]] QString ManagerIndexOf(const QString& commandLine);
+[[nodiscard]] QString ManagerTailOf(const QString& commandLine);
+
 /// The command of a node's manager: "-sobriquet", the node's name, "-device", "cdfq01" and the manager's own
 /// text where it has one. `extra` may hold blanks and quotes and stays one argument.
 [[nodiscard]] ManagerCommand ComposeManagerCommand(const QString& path, const QString& nodeName,

@@ -1,6 +1,7 @@
 #include "database/NodeSave.h"
 
 #include "database/Gateway.h"
+#include "database/ManagerLaunch.h"
 #include "database/SaveRoutines.h"
 #include "database/SaveSupport.h"
 #include "database/UnitOfWork.h"

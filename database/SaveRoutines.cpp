@@ -1,6 +1,7 @@
 #include "database/SaveRoutines.h"
 
 #include "database/Gateway.h"
+#include "database/ManagerLaunch.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
@@ -57,6 +58,20 @@ TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const Q
     }
     tree.Remove(old);
     return AddTreeEntry(tree, RootKey, TreeChild, key, text);
+}
+
+/// The connection's entry, with its children. False: it cannot stand there, or they cannot be read.
+bool PutConnection(TreeEntries& tree, TreeEntries::Index old, const QString& id, const QString& name,
+                   bool viewNodes, qint32& position)
+{
+    TreeEntries::Index entry = 0;
+    if (IsFilled(tree)) {
+        entry = RenewEntry(tree, old, KeyOf(u'C', id), name);
+        if (entry == 0 || !FillChildEntries(tree, entry, viewNodes))
+            return false;
+    }
+    position = entry;
+    return true;
 }
 
 /// The node's entry in the tree of nodes. False: it cannot stand there.
@@ -147,18 +162,15 @@ bool SaveConnectionChanges(const QString& oldName, const QString& newName, const
             return false;
     }
     TreeEntries::Index entry = 0;
-    if (!Gateway().ReplaceParentTargetDb(name, target) || !FindConnectionEntry(before, tree, entry))
+    if (!Gateway().ReplaceParentTargetDb(name, target) ||
+        (!FindConnectionEntry(before, tree, entry) && IsFilled(tree)))
         return false;
     QString id;
     if (!Gateway().GetParentIDDb(name, id)) {
         MsgBox(ConnectionIdMissing());
         return false;
     }
-    entry = RenewEntry(tree, entry, KeyOf(u'C', id), name);
-    if (entry == 0 || !FillChildEntries(tree, entry, viewNodes))
-        return false;
-    position = entry;
-    return true;
+    return PutConnection(tree, entry, id, name, viewNodes, position);
 }
 
 bool SaveNewConnection(const QString& name, const QString& target, TreeEntries& tree, qint32& position,
@@ -183,15 +195,7 @@ bool SaveNewConnection(const QString& name, const QString& target, TreeEntries& 
     QString id;
     if (!Gateway().GetParentIDDb(trimmed, id))
         return refuse(ConnectionIdMissing());
-    if (!IsFilled(tree)) {
-        position = 0;
-        return true;
-    }
-    const TreeEntries::Index entry = RenewEntry(tree, 0, KeyOf(u'C', id), trimmed);
-    if (entry == 0 || !FillChildEntries(tree, entry, viewNodes))
-        return false;
-    position = entry;
-    return true;
+    return PutConnection(tree, 0, id, trimmed, viewNodes, position);
 }
 
 bool RemoveConnection(const QString& name)
@@ -289,18 +293,4 @@ bool RemoveNodeEntry(const QString& nodeName, TreeEntries& conTree, TreeEntries&
     RemoveEntry(conTree, entry);
     conTree.SetExpanded(connection, expanded);
     return true;
-}
-
-// Managers ------------------------------------------------------------------------------------------------
-
-QString ManagerIndexOf(const QString& commandLine)
-{
-    const qsizetype bar = commandLine.indexOf(u'|');
-    return bar < 0 ? QString() : commandLine.left(bar);
-}
-
-QString ManagerTailOf(const QString& commandLine)
-{
-    // Without a bar: from the start.
-    return commandLine.sliced(commandLine.indexOf(u'|') + 1);
 }

@@ -41,7 +41,3 @@ bool RemoveNodeEntry(const QString& nodeName, TreeEntries& conTree, TreeEntries&
 
 /// Deletes a connection and its nodes in the database; the trees follow by the Journal.
 bool RemoveConnection(const QString& name);
-
-/// Parts of a manager's command line: the index before "|" (empty without one) and the tail.
-[[nodiscard]] QString ManagerIndexOf(const QString& commandLine);
-[[nodiscard]] QString ManagerTailOf(const QString& commandLine);

@@ -36,6 +36,15 @@ int GetConTypeOfParent(const QString& conName, QString& shortName)
     return id < 0 ? NoConType : id;
 }
 
+void ReadTimeRetryNames()
+{
+    auto& names = Model().TimeRetryNames;
+    if (!LookupDatabase().GetWpLongNameDb(QStringLiteral("TIME"), names[0]))
+        names[0] = QStringLiteral("TIME OUT");
+    if (!LookupDatabase().GetWpLongNameDb(QStringLiteral("RETRY"), names[1]))
+        names[1] = QStringLiteral("RETRY COUNT");
+}
+
 QString GetNodeManagerName()
 {
     QString list;

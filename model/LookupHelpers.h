@@ -16,6 +16,10 @@ int GetConTypeOfParent(const QString& conName, QString& shortName);
 /// The manager's "index|path" of the node that ConObject holds, by its NodeType; empty when there is none.
 [[nodiscard]] QString GetNodeManagerName();
 
+/// Fills TimeRetryNames: the long names of the parameters that hold for a whole connection; plain names where
+/// the database cannot tell.
+void ReadTimeRetryNames();
+
 /// A value under `root` and `keyPath` (parts separated by "\"); an empty `valueName` is the key's own value.
 /// A number value, kept as "dword:" and up to 8 hex digits, comes as a decimal number. False, and an empty
 /// text: there is no such value, it is longer than 1024 bytes, or its number is malformed.

@@ -403,15 +403,12 @@ private Q_SLOTS:
         BrowserFixture f;
         f.Start();
         DatabaseClass* const gateway = Database().DbObject.get();
-        // What stands open over the first goes on with its working object.
-        ConData* const working = Model().ConObject.get();
-        working->ConName = QStringLiteral("left");
+        const ConData* const working = Model().ConObject.get();
         {
             T4ZelkaBrowser second;
             second.show();
             QCOMPARE(Database().DbObject.get(), gateway);
-            QCOMPARE(Model().ConObject.get(), working);
-            QCOMPARE(working->ConName, QString());
+            QVERIFY(Model().ConObject.get() != working);
             QCOMPARE(f.Component.Created, 1);
             QVERIFY(Database().DatabaseOpen);
         }

@@ -35,8 +35,6 @@ private Q_SLOTS:
     void Properties_Cancelled_LeavesAllAsItWas();
     void Properties_SavedConnection_StaysSelectedWithItsNewTarget();
     void Properties_SavedConnection_MovedByItsNewName_IsInSight();
-    void Properties_ControlStartedAnewUnderTheDialog_KeepsTheWorkingCopy();
-    void Properties_ControlDestroyedUnderTheDialog_Ends();
     void Properties_SavedFromAWaypoint_ShowsTheConnectionWithItsWaypoints();
     void Properties_SavedNode_StaysSelectedWithItsNewTarget_data();
     void Properties_SavedNode_StaysSelectedWithItsNewTarget();
@@ -206,38 +204,6 @@ void TestCommandProperties::Properties_SavedConnection_MovedByItsNewName_IsInSig
     const auto& view = f.Find<TreeView>("tvwConTree");
     QCOMPARE(f.SelectedText(), QStringLiteral("Zulu"));
     QVERIFY(view.viewport()->rect().contains(view.visualRect(view.SelectedIndex()).center()));
-}
-
-void TestCommandProperties::Properties_ControlStartedAnewUnderTheDialog_KeepsTheWorkingCopy()
-{
-    CommandFixture f;
-    f.Select(QStringLiteral("connections"), QStringLiteral("con/Alpha"));
-    bool isKept = false;
-    bool isEmpty = false;
-    f.InDialog = [&](ConData& con) {
-        f.Control->UserControl_InitProperties();
-        isKept = Model().ConObject.get() == &con;
-        isEmpty = con.ConName.isEmpty() && !con.ConTree && con.Initialized;
-    };
-
-    f.Press("cmdDatabaseProp");
-
-    QVERIFY(isKept);
-    QVERIFY(isEmpty);
-    QCOMPARE(Browser().Busy, 0);
-}
-
-void TestCommandProperties::Properties_ControlDestroyedUnderTheDialog_Ends()
-{
-    CommandFixture f;
-    f.Select(QStringLiteral("connections"), QStringLiteral("con/Alpha"));
-    f.InDialog = [&](ConData&) { f.Control.reset(); };
-
-    f.Press("cmdDatabaseProp");
-
-    QVERIFY(!f.Control);
-    QCOMPARE(Browser().Busy, 0);
-    QVERIFY(!Model().ConObject->ConTree);
 }
 
 void TestCommandProperties::Properties_SavedFromAWaypoint_ShowsTheConnectionWithItsWaypoints()

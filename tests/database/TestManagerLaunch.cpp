@@ -12,6 +12,8 @@ class TestManagerLaunch : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void CommandLine_Stored_HasItsParts_data();
+    void CommandLine_Stored_HasItsParts();
     void Text_WithoutExtra_EndsWithTheDevice();
     void Text_WithExtra_EndsWithIt();
     void Text_OptionsInValues_StayBetweenQuotes();
@@ -75,6 +77,38 @@ QStringList WrittenArguments(const QString& program)
 }
 
 } // namespace
+
+void TestManagerLaunch::CommandLine_Stored_HasItsParts_data()
+{
+    QTest::addColumn<QString>("commandLine");
+    QTest::addColumn<QString>("index");
+    QTest::addColumn<QString>("tail");
+    QTest::newRow("both") << "12|-port 1"
+                          << "12"
+                          << "-port 1";
+    QTest::newRow("tail alone") << "-port 1"
+                                << ""
+                                << "-port 1";
+    QTest::newRow("bar alone") << "|"
+                               << ""
+                               << "";
+    QTest::newRow("two bars") << "12|a|b"
+                              << "12"
+                              << "a|b";
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "";
+}
+
+void TestManagerLaunch::CommandLine_Stored_HasItsParts()
+{
+    QFETCH(QString, commandLine);
+    QFETCH(QString, index);
+    QFETCH(QString, tail);
+
+    QCOMPARE(ManagerIndexOf(commandLine), index);
+    QCOMPARE(ManagerTailOf(commandLine), tail);
+}
 
 void TestManagerLaunch::Text_WithoutExtra_EndsWithTheDevice()
 {

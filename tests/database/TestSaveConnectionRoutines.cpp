@@ -16,8 +16,8 @@ private Q_SLOTS:
     void SaveConnectionChanges_FailedCall_GivesFalse_data();
     void SaveConnectionChanges_FailedCall_GivesFalse();
     void SaveConnectionChanges_NoId_IsTold();
-    void SaveConnectionChanges_NotInTheTree_GivesFalse_data();
     void SaveConnectionChanges_NotInTheTree_GivesFalse();
+    void SaveConnectionChanges_TreeNotFilledYet_IsLeftAlone();
     void SaveConnectionChanges_Entry_IsRenewedInPlace();
     void SaveConnectionChanges_View_ChoosesTheChildren_data();
     void SaveConnectionChanges_View_ChoosesTheChildren();
@@ -135,27 +135,28 @@ void TestSaveConnectionRoutines::SaveConnectionChanges_NoId_IsTold()
              std::vector{RecordedBox::Plain("Database error, Connection ID missing.")});
 }
 
-void TestSaveConnectionRoutines::SaveConnectionChanges_NotInTheTree_GivesFalse_data()
-{
-    QTest::addColumn<bool>("filled");
-    QTest::newRow("other connections") << true;
-    QTest::newRow("empty tree") << false;
-}
-
 void TestSaveConnectionRoutines::SaveConnectionChanges_NotInTheTree_GivesFalse()
 {
-    QFETCH(bool, filled);
     SavingFixture fixture;
-    if (filled)
-        fixture.ConTree.Remove(fixture.Alpha());
-    else
-        fixture.ConTree.Clear();
+    fixture.ConTree.Remove(fixture.Alpha());
 
     QVERIFY(!SaveConnectionChanges("Alpha", "Omega", NewTarget, fixture.ConTree, true, fixture.Position));
 
     QCOMPARE(fixture.Work().last(), "ReplaceParentTarget(Omega,WP=BUST4,ID=7)");
-    QCOMPARE(fixture.ConTree.Count(), filled ? 2 : 0);
+    QCOMPARE(fixture.ConTree.Count(), 2);
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
+}
+
+void TestSaveConnectionRoutines::SaveConnectionChanges_TreeNotFilledYet_IsLeftAlone()
+{
+    SavingFixture fixture;
+    fixture.ConTree.Clear();
+
+    QVERIFY(SaveConnectionChanges("Alpha", "Omega", NewTarget, fixture.ConTree, true, fixture.Position));
+
+    QCOMPARE(fixture.Position, 0);
+    QCOMPARE(fixture.ConTree.Count(), 0);
+    QCOMPARE(fixture.Work().last(), "GetParentID(Omega)");
 }
 
 void TestSaveConnectionRoutines::SaveConnectionChanges_Entry_IsRenewedInPlace()

@@ -27,8 +27,6 @@ private Q_SLOTS:
     void SaveNewNode_FailedCall_TellsWhyWhereItKnows();
     void SaveNewNode_NodesTree_GetsItsEntry();
     void SaveNewNode_NodesTree_NotFilledYet_IsLeftAlone();
-    void ManagerCommandLine_Parts_data();
-    void ManagerCommandLine_Parts();
 };
 
 static const QString Target = QStringLiteral("WP=NET4,ADDR=99");
@@ -302,38 +300,6 @@ void TestSaveNodeRoutines::SaveNewNode_NodesTree_NotFilledYet_IsLeftAlone()
 
     QCOMPARE(fixture.NodesTree.Count(), 0);
     QCOMPARE(fixture.Position, 0);
-}
-
-void TestSaveNodeRoutines::ManagerCommandLine_Parts_data()
-{
-    QTest::addColumn<QString>("commandLine");
-    QTest::addColumn<QString>("index");
-    QTest::addColumn<QString>("tail");
-    QTest::newRow("both") << "12|-port 1"
-                          << "12"
-                          << "-port 1";
-    QTest::newRow("tail alone") << "-port 1"
-                                << ""
-                                << "-port 1";
-    QTest::newRow("bar alone") << "|"
-                               << ""
-                               << "";
-    QTest::newRow("two bars") << "12|a|b"
-                              << "12"
-                              << "a|b";
-    QTest::newRow("empty") << ""
-                           << ""
-                           << "";
-}
-
-void TestSaveNodeRoutines::ManagerCommandLine_Parts()
-{
-    QFETCH(QString, commandLine);
-    QFETCH(QString, index);
-    QFETCH(QString, tail);
-
-    QCOMPARE(ManagerIndexOf(commandLine), index);
-    QCOMPARE(ManagerTailOf(commandLine), tail);
 }
 
 QTEST_GUILESS_MAIN(TestSaveNodeRoutines)

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void GetConTypeOfParent_FailedLookUp_GivesNoType();
     void GetConTypeOfParent_BlankName_AsksNothing();
     void GetConTypeOfParent_NoDatabase_GivesNoType();
+    void ReadTimeRetryNames_Answers_data();
+    void ReadTimeRetryNames_Answers();
     void GetNodeManagerName_Managers_data();
     void GetNodeManagerName_Managers();
     void GetNodeManagerName_NothingToAsk_GivesEmptyText();
@@ -84,6 +86,48 @@ void TestLookupHelpers::GetConTypeOfParent_NoDatabase_GivesNoType()
     QString name;
 
     QCOMPARE(GetConTypeOfParent("Con", name), 16);
+}
+
+void TestLookupHelpers::ReadTimeRetryNames_Answers_data()
+{
+    QTest::addColumn<QString>("time");
+    QTest::addColumn<QString>("retry");
+    QTest::addColumn<QString>("timeName");
+    QTest::addColumn<QString>("retryName");
+    QTest::newRow("both") << "PATIENCE"
+                          << "REPEATS"
+                          << "PATIENCE"
+                          << "REPEATS";
+    QTest::newRow("no time") << ""
+                             << "REPEATS"
+                             << "TIME OUT"
+                             << "REPEATS";
+    QTest::newRow("no retry") << "PATIENCE"
+                              << ""
+                              << "PATIENCE"
+                              << "RETRY COUNT";
+    QTest::newRow("none") << ""
+                          << ""
+                          << "TIME OUT"
+                          << "RETRY COUNT";
+}
+
+void TestLookupHelpers::ReadTimeRetryNames_Answers()
+{
+    QFETCH(QString, time);
+    QFETCH(QString, retry);
+    ScriptedModelDatabase database;
+    if (!time.isEmpty())
+        database.Answers["GetWpLongNameDb(TIME)"] = {time};
+    if (!retry.isEmpty())
+        database.Answers["GetWpLongNameDb(RETRY)"] = {retry};
+    Model().TimeRetryNames = {"left", "left"};
+
+    ReadTimeRetryNames();
+
+    QTEST(Model().TimeRetryNames[0], "timeName");
+    QTEST(Model().TimeRetryNames[1], "retryName");
+    Model().TimeRetryNames = {};
 }
 
 void TestLookupHelpers::GetNodeManagerName_Managers_data()

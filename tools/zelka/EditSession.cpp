@@ -4,7 +4,7 @@
 #include "database/DatabaseState.h"
 #include "database/UnitOfWork.h"
 #include "model/ConData.h"
-#include "model/ModelState.h"
+#include "model/LookupHelpers.h"
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
@@ -16,7 +16,7 @@
 EditSession::EditSession(CommandContext& context) : m_session(context)
 {
     RequireEditRight();
-    ReadSharedNames();
+    ReadTimeRetryNames();
     for (TreeEntries* const tree : {&m_conTree, &m_nodesTree})
         tree->Add(0, RootKey, QString());
     Con().ConTree = &m_conTree;
@@ -29,15 +29,6 @@ void EditSession::RequireEditRight() const
     if (!Database().EditRight)
         throw CommandError(ExitCode::Refused,
                            QStringLiteral("%1 has no right to edit the database.").arg(Machine().UserName()));
-}
-
-void EditSession::ReadSharedNames() const
-{
-    auto& names = Model().TimeRetryNames;
-    if (!Gateway().GetWpLongNameDb(QStringLiteral("TIME"), names[0]))
-        names[0] = QStringLiteral("TIME OUT");
-    if (!Gateway().GetWpLongNameDb(QStringLiteral("RETRY"), names[1]))
-        names[1] = QStringLiteral("RETRY COUNT");
 }
 
 void EditSession::LoadConnection(const FoundRecord& record)

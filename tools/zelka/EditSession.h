@@ -34,7 +34,6 @@ public:
 
 private:
     void RequireEditRight() const;
-    void ReadSharedNames() const;
 
     GatewaySession m_session;
     TreeEntries m_conTree;

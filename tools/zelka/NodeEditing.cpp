@@ -1,8 +1,8 @@
 #include "tools/zelka/NodeEditing.h"
 
 #include "database/DatabaseClass.h"
+#include "database/ManagerLaunch.h"
 #include "database/NodeSave.h"
-#include "database/SaveRoutines.h"
 #include "model/ConData.h"
 #include "model/GridChecks.h"
 #include "model/GridTexts.h"
