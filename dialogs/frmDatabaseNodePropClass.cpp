@@ -77,8 +77,8 @@ void frmDatabaseNodeProp::FillClasses(bool isSnmp)
     // What is stored is shown as it is, whether it is offered or not; what is chosen stays, also where the
     // database could not name it again.
     const bool isStored = !m_listEnabled && !m_con.NewNode;
-    const bool isChosen = m_listEnabled && !m_savedTypeLongName.isEmpty() &&
-                          TextContains(m_savedTypeLongName, Snmp()) == isSnmp;
+    const bool isChosen =
+        !m_savedTypeLongName.isEmpty() && TextContains(m_savedTypeLongName, Snmp()) == isSnmp;
     if (classes.isEmpty() || ((isStored || isChosen) && !FindComboItem(classes, m_savedTypeLongName)))
         classes << m_savedTypeLongName;
     const bool takeFirst = isSnmp && m_listEnabled;

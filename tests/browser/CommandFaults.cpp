@@ -11,9 +11,7 @@ void Describe(const TreeEntries& tree, TreeEntries::Index entry, int depth, QStr
     // A node's key may name its connection as well; a waypoint whose name could not be looked up shows its
     // keyword until the next load.
     const QString key = tree.Key(entry).section(u',', 0, tree.Kind(entry) == u'N' ? 1 : -1);
-    const QString text = tree.Kind(entry) == u'W' && tree.Text(entry) == u"BUST4" ? QStringLiteral("T4 Bus")
-                                                                                  : tree.Text(entry);
-    lines << QString(depth, u' ') + key + u' ' + text;
+    lines << QString(depth, u' ') + key + u' ' + (tree.Kind(entry) == u'W' ? QString() : tree.Text(entry));
     for (int row = 0; row < tree.ChildCount(entry); ++row)
         Describe(tree, tree.Child(entry, row), depth + 1, lines);
 }
@@ -58,7 +56,7 @@ const std::vector<FaultedCommand>& FaultedCommand::ConnectionAdditions()
 {
     static const std::vector<FaultedCommand> commands{
         {"connection from nothing", "waypoints", "root", "cmdDatabaseAdd", "Delta", "", "77"},
-        {"connection of another type", "connections", "root", "cmdDatabaseAdd", "Delta", "KD7 Bus", "77"},
+        {"connection of another type", "connections", "root", "cmdDatabaseAdd", "Delta", "KD7 Mediation Bus", "77"},
         {"copy of a connection", "connections", "con/Alpha", "cmdDatabaseAdd", "Delta", "", "77"},
         {"copy of a waypoint's connection", "waypoints", "wp/Alpha", "cmdDatabaseAdd", "Delta", "", "77"},
     };

@@ -81,6 +81,7 @@ inline QStringList OfTheDialogs()
         QStringLiteral("Failure in removing Node West."),
         QStringLiteral("Node North not found from database."),
         QStringLiteral("Failure in saving node North into database."),
+        QStringLiteral("Error: Unknown node type."),
         Prevented("connection"),
         Prevented("node"),
     };

@@ -103,7 +103,7 @@ void TestUnitOfWorkTrees::Ending_OfTheTransaction_DecidesOnThePatches_data()
     QTest::addColumn<bool>("kept");
     QTest::newRow("committed") << End::Commit << true;
     QTest::newRow("commit fails") << End::CommitFails << false;
-    QTest::newRow("committed, then refused") << End::CommitBeforeRefusal << true;
+    QTest::newRow("committed, then refused") << End::CommitBeforeRefusal << false;
     QTest::newRow("commit fails, then refused") << End::CommitBeforeRefusalFails << false;
     QTest::newRow("refused") << End::Refuse << false;
     QTest::newRow("failed") << End::Fail << false;
