@@ -129,7 +129,8 @@ void TestUnitOfWorkTrees::Ending_OfTheTransaction_DecidesOnThePatches()
 
     QVERIFY(patched != before);
     QCOMPARE(fixture.All(), kept ? patched : before);
-    QCOMPARE(fixture.Component.Store.Now.nodes.back().name, kept ? "Zulu" : "East");
+    QCOMPARE(fixture.Component.Store.Now.nodes.back().name,
+             kept || end == End::CommitBeforeRefusal ? "Zulu" : "East");
 }
 
 void TestUnitOfWorkTrees::Rollback_SavedNode_StandsWhereItStood()
