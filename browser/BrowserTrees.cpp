@@ -228,11 +228,12 @@ void T4ZelkaBrowser::ReloadTrees()
     TreePlace& shown = m_ui->optCon->isChecked() ? connections : nodes;
     const std::size_t wanted = shown.Note(Model().ConObject ? Model().ConObject->SelectedTreeNodeIndex : 0);
 
-    ReloadConnections();
-    if (alive)
-        ReloadNodes();
+    const bool haveConnections = ReloadConnections();
+    const bool haveNodes = alive && ReloadNodes();
     if (!alive)
         return;
+    if (!haveConnections || !haveNodes)
+        Load().JournalLastId = LoadState::NothingSeen;
     const bool viewNodes = m_ui->chkViewNodes->isChecked();
     connections.OpenAgain([&](Entry entry) {
         // One that cannot be read stays closed.
@@ -245,21 +246,23 @@ void T4ZelkaBrowser::ReloadTrees()
     EnableForSelection();
 }
 
-void T4ZelkaBrowser::ReloadConnections()
+bool T4ZelkaBrowser::ReloadConnections()
 {
     ReadJournalPosition();
     QString list;
     if (!Gateway().QueryParentsDb(list))
-        return;
+        return false;
     PairTable items;
     int count = 0;
-    if (ConvertItemListToArray(list, true, items, count))
+    const bool converted = ConvertItemListToArray(list, true, items, count);
+    if (converted)
         FillConnectionTree(ConnectionsText, QStringLiteral("C"), count, items, *m_conTree, true);
     else
         MsgBox(QStringLiteral("ConvertItemListToArray Error"));
+    return converted;
 }
 
-void T4ZelkaBrowser::ReloadNodes()
+bool T4ZelkaBrowser::ReloadNodes()
 {
     ReadJournalPosition();
     LoadState& load = Load();
@@ -275,6 +278,7 @@ void T4ZelkaBrowser::ReloadNodes()
         return;
     load.LoadTree = nullptr;
     EnableCmdLoadMore(RootEntry);
+    return !load.LoadFailed;
 }
 
 void T4ZelkaBrowser::ReadJournalPosition()

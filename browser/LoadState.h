@@ -29,8 +29,12 @@ struct LoadState
     qint32 LoadLimit = FirstLimit;
     /// Nodes in the database, as counted before the load.
     qint32 NodeCount = 0;
+    /// An error ended the last load before all its rows were in.
+    bool LoadFailed = false;
     /// Id of the last Journal record seen.
     qint32 JournalLastId = 1;
+    /// No record's id: the trees show no state of the database, and the next refresh loads them anew.
+    static constexpr qint32 NothingSeen = 0;
 };
 
 /// The one instance.

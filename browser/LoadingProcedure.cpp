@@ -1,5 +1,6 @@
 #include "browser/LoadingProcedure.h"
 
+#include "browser/LoadState.h"
 #include "database/DatabaseError.h"
 #include "database/Gateway.h"
 #include "platform/MsgBox.h"
@@ -9,7 +10,9 @@
 LoadStep LoadingProcedure::Next()
 {
     try {
-        return Step();
+        const LoadStep step = Step();
+        Load().LoadFailed = step == LoadStep::GivenUp;
+        return step;
     } catch (const std::exception&) {
         return ReportFailure(CurrentErrorNumber());
     }
@@ -40,8 +43,11 @@ void LoadingProcedure::FailLoading()
 
 LoadStep LoadingProcedure::ReportFailure(quint32 errorNumber)
 {
+    Load().LoadFailed = true;
     const bool wasOpen = m_transactionOpen;
     const bool rolledBack = wasOpen && Gateway().RollbackTransactionDb();
+    if (wasOpen && !rolledBack)
+        Gateway().LeaveTransaction();
     m_transactionOpen = false;
     const bool unreported = errorNumber == DbError::Unreported;
 

@@ -219,8 +219,9 @@ private:
     [[nodiscard]] bool ShowsOwnChanges();
     /// Loads both trees anew and goes back to where the operator was.
     void ReloadTrees();
-    void ReloadConnections();
-    void ReloadNodes();
+    /// False: what is shown is not what the database holds.
+    bool ReloadConnections();
+    bool ReloadNodes();
     void ReadJournalPosition();
 
     // Selection (BrowserSelection.cpp) ----------------------------------------------------------------------

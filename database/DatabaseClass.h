@@ -46,6 +46,9 @@ public:
     bool BeginTransactionWithoutResumeDb(bool& transactionOpen);
     bool BeginTransactionDbRefresh(bool& transactionOpen);
     bool RollbackTransactionDb();
+    /// Whoever began the innermost transaction gives it up although it could not be rolled back. It is, before
+    /// anything else begins, commits or rolls back: nothing may be stored inside it.
+    void LeaveTransaction() { ++m_leftTransactions; }
     /// False: `transactionOpen` keeps its value, so that the reporter can roll back.
     bool CommitTransactionDb(bool& transactionOpen);
     /// Rolls back and tells, by the error's number.
@@ -161,6 +164,8 @@ private:
     /// The error's number when the begin failed (0 for an error without one), else nothing.
     std::optional<quint32> BeginFailure(bool& transactionOpen);
     bool BeginSilently(bool& transactionOpen);
+    /// Raises while one of them still cannot be.
+    void RollBackLeftTransactions();
 
     /// In a transaction of its own.
     bool RunInTransaction(const Work& work, const QString& commitFailure);
@@ -174,6 +179,7 @@ private:
     bool SaveWithUsersList(const QString& name, const QString& kind, const Work& save);
 
     std::shared_ptr<HvxDatabase> m_component;
+    int m_leftTransactions = 0;
     /// Users text of the record that is being saved.
     QString m_usersList;
 };

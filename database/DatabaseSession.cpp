@@ -73,6 +73,7 @@ bool DatabaseClass::OpenDb()
     Database().DatabaseOpen = true;
     try {
         m_component = CreateDatabaseComponent(HvxDatabaseId);
+        m_leftTransactions = 0;
         if (TryUntilOpen(attempt))
             return true;
     } catch (...) {

@@ -24,6 +24,7 @@ bool OperatorWantsAnotherTry()
 std::optional<quint32> DatabaseClass::BeginFailure(bool& transactionOpen)
 {
     try {
+        RollBackLeftTransactions();
         qint32 started = 0;
         Component().BeginTransaction(started);
         if (started != 0) {
@@ -36,6 +37,12 @@ std::optional<quint32> DatabaseClass::BeginFailure(bool& transactionOpen)
         Q_EMIT SetMousePointer(NormalPointer);
         return number;
     }
+}
+
+void DatabaseClass::RollBackLeftTransactions()
+{
+    for (; m_leftTransactions > 0; --m_leftTransactions)
+        Component().RollbackTransaction();
 }
 
 bool DatabaseClass::BeginTransactionDb(bool& transactionOpen)
@@ -67,7 +74,10 @@ bool DatabaseClass::BeginTransactionDbRefresh(bool& transactionOpen)
 
 bool DatabaseClass::RollbackTransactionDb()
 {
-    const bool done = RunDirect([](HvxDatabase& component) { component.RollbackTransaction(); });
+    const bool done = RunDirect([this](HvxDatabase& component) {
+        RollBackLeftTransactions();
+        component.RollbackTransaction();
+    });
     Q_EMIT SetMousePointer(NormalPointer);
     return done;
 }
@@ -75,7 +85,10 @@ bool DatabaseClass::RollbackTransactionDb()
 bool DatabaseClass::CommitTransactionDb(bool& transactionOpen)
 {
     qint32 started = transactionOpen ? 1 : 0;
-    if (!RunDirect([&](HvxDatabase& component) { component.CommitTransaction(started); })) {
+    if (!RunDirect([&](HvxDatabase& component) {
+            RollBackLeftTransactions();
+            component.CommitTransaction(started);
+        })) {
         Q_EMIT SetMousePointer(NormalPointer);
         return false;
     }
@@ -90,6 +103,7 @@ void DatabaseClass::ReportDatabaseFailure(quint32 errorNumber, bool& transaction
     const bool unreported = errorNumber == DbError::Unreported;
     const bool reported = errorNumber == DbError::Reported;
     if (transactionOpen && !RollbackTransactionDb()) {
+        LeaveTransaction();
         ErrorBox(unreported
                      ? QStringLiteral("Failure in a database operation and database also failed to roll "
                                       "back its changes. Warning, database may be corrupted.")

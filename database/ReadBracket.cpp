@@ -34,6 +34,6 @@ void ReadBracket::End()
     const std::function<void()> before = SetBoxObserver(std::exchange(m_observerBefore, nullptr));
     Q_UNUSED(before) // this bracket's own, which may be running
     bool open = std::exchange(m_transactionOpen, false);
-    if (m_database && !m_database->CommitTransactionDb(open))
-        m_database->RollbackTransactionDb();
+    if (m_database && !m_database->CommitTransactionDb(open) && !m_database->RollbackTransactionDb())
+        m_database->LeaveTransaction();
 }

@@ -60,8 +60,9 @@ void UnitOfWork::Commit()
 
 void UnitOfWork::CommitBeforeRefusal()
 {
-    if (Gateway().CommitTransactionDb(m_transactionOpen))
-        KeepPatches();
+    // Half a patch would pass for the whole record; without it the next refresh finds what the trees miss.
+    (void)Gateway().CommitTransactionDb(m_transactionOpen);
+    UndoPatches();
 }
 
 bool UnitOfWork::Rollback()

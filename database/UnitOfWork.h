@@ -34,7 +34,8 @@ public:
     void Begin();
     /// Commits and keeps the trees' patches. A failure is told, and the work ends.
     void Commit();
-    /// Commits whatever was done, without a word of a failure, before the work is given up.
+    /// Commits whatever was done, without a word of a failure, before the work is given up; the trees are as
+    /// they were, so that the next refresh shows it whole.
     void CommitBeforeRefusal();
     /// Rolls back and undoes the trees' patches. False: the database could not, so the transaction is open
     /// still.

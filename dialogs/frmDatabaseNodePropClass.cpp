@@ -74,9 +74,12 @@ void frmDatabaseNodeProp::FillClasses(bool isSnmp)
 {
     m_ui->cmdManager->setEnabled(!isSnmp);
     QStringList classes = ClassLongNames(isSnmp);
-    // What is stored is shown as it is, whether it is offered or not.
+    // What is stored is shown as it is, whether it is offered or not; what is chosen stays, also where the
+    // database could not name it again.
     const bool isStored = !m_listEnabled && !m_con.NewNode;
-    if (classes.isEmpty() || (isStored && !FindComboItem(classes, m_savedTypeLongName)))
+    const bool isChosen =
+        !m_savedTypeLongName.isEmpty() && TextContains(m_savedTypeLongName, Snmp()) == isSnmp;
+    if (classes.isEmpty() || ((isStored || isChosen) && !FindComboItem(classes, m_savedTypeLongName)))
         classes << m_savedTypeLongName;
     const bool familyChanged = m_listEnabled && isSnmp != m_isSnmp;
     if (familyChanged)

@@ -238,20 +238,7 @@ QStringList SaveFixture::FreshTreeContents()
 
 QStringList SaveFixture::Records() const
 {
-    const TinyDatabase::Contents& now = Component.Store.Now;
-    QStringList lines;
-    for (const TinyDatabase::Connection& connection : now.connections)
-        lines << QStringList{connection.name, connection.target}.join(u'|');
-    for (const TinyDatabase::Node& node : now.nodes)
-        lines << QStringList{node.name, node.conName, node.nodeType, node.target, node.index, node.tail}.join(
-            u'|');
-    // No text and an empty one are the same to everyone.
-    for (auto text = now.users.constBegin(); text != now.users.constEnd(); ++text) {
-        if (!text.value().isEmpty())
-            lines << text.key() + u'=' + text.value();
-    }
-    lines.sort();
-    return lines;
+    return Component.Store.Records();
 }
 
 QStringList SaveFixture::Flags() const

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void RollbackTransactionDb_NoneOpen_IsTrue();
     void RollbackTransactionDb_Fails_IsSilent();
     void Nested_InnerRollback_KeepsTheOuterTransaction();
+    void LeaveTransaction_NextBegin_RollsBackFirst();
+    void LeaveTransaction_StillFailing_NothingBegins();
 };
 
 /// The three ways to begin.
@@ -328,6 +330,39 @@ void TestDatabaseTransactions::Nested_InnerRollback_KeepsTheOuterTransaction()
     QCOMPARE(fixture.Component.Store.Now.connections.size(), 1u);
     QCOMPARE(fixture.Component.Store.Commits, 1);
     QCOMPARE(fixture.Component.Store.Levels(), 0);
+}
+
+void TestDatabaseTransactions::LeaveTransaction_NextBegin_RollsBackFirst()
+{
+    GatewayFixture fixture;
+    fixture.Open();
+    fixture.Component.FailTimes("SaveParent", 1);
+    fixture.Component.FailTimes("RollbackTransaction", 1);
+    QVERIFY(!fixture.Gateway().SaveParentDb("A", "WP=OPT"));
+    QCOMPARE(fixture.Component.Store.Levels(), 1);
+
+    QVERIFY(fixture.Gateway().SaveParentDb("B", "WP=OPT"));
+
+    QCOMPARE(fixture.Component.Store.Levels(), 0);
+    QCOMPARE(fixture.Component.Store.Rollbacks, 1);
+    QCOMPARE(fixture.Component.Store.Now.connections.size(), 1u);
+}
+
+void TestDatabaseTransactions::LeaveTransaction_StillFailing_NothingBegins()
+{
+    GatewayFixture fixture;
+    fixture.Open();
+    bool open = false;
+    QVERIFY(fixture.Gateway().BeginTransactionDb(open));
+    fixture.Component.Fail("RollbackTransaction");
+    fixture.Gateway().LeaveTransaction();
+    fixture.Component.TakeCalls();
+
+    QVERIFY(!fixture.Gateway().BeginTransactionDb(open));
+
+    QVERIFY(!open);
+    QCOMPARE(fixture.Component.Calls, QStringList{"RollbackTransaction()"});
+    QCOMPARE(fixture.Pointers.last(), DatabaseClass::NormalPointer);
 }
 
 QTEST_GUILESS_MAIN(TestDatabaseTransactions)

@@ -113,6 +113,23 @@ void TinyDatabase::AddNode(const QString& name, const QString& conName, const QS
                          hasIndex ? commandLine.section(u'|', 1) : commandLine});
 }
 
+QStringList TinyDatabase::Records() const
+{
+    QStringList lines;
+    for (const Connection& connection : Now.connections)
+        lines << QStringList{connection.name, connection.target}.join(u'|');
+    for (const Node& node : Now.nodes)
+        lines << QStringList{node.name, node.conName, node.nodeType, node.target, node.index, node.tail}.join(
+            u'|');
+    // No text and an empty one are the same to everyone.
+    for (auto text = Now.users.constBegin(); text != Now.users.constEnd(); ++text) {
+        if (!text.value().isEmpty())
+            lines << text.key() + u'=' + text.value();
+    }
+    lines.sort();
+    return lines;
+}
+
 void TinyDatabase::BeginTransaction(qint32& started)
 {
     Require();

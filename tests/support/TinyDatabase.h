@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -65,6 +66,8 @@ public:
     /// Transactions that reached the database: outermost commits.
     int Commits = 0;
     int Rollbacks = 0;
+    /// Connections and nodes with all they hold but their ids, and users texts; sorted.
+    [[nodiscard]] QStringList Records() const;
 
     /// Stores records without a Journal record, as they were before the test.
     void AddConnection(const QString& name, const QString& target);
