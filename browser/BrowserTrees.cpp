@@ -275,7 +275,7 @@ bool T4ZelkaBrowser::ReloadNodes()
     load.LoadTree = m_nodesTree;
     load.LoadAddRoot = true;
     if (!ShowModalForm<frmLoadProgress>(this))
-        return;
+        return false;
     load.LoadTree = nullptr;
     EnableCmdLoadMore(RootEntry);
     return !load.LoadFailed;
