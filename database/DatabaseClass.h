@@ -46,8 +46,8 @@ public:
     bool BeginTransactionWithoutResumeDb(bool& transactionOpen);
     bool BeginTransactionDbRefresh(bool& transactionOpen);
     bool RollbackTransactionDb();
-    /// Whoever began the innermost transaction gives it up although it could not be rolled back. It is, before
-    /// anything else begins, commits or rolls back: nothing may be stored inside it.
+    /// Whoever began the innermost transaction gives it up although it could not be rolled back. It is,
+    /// before anything else begins, commits or rolls back: nothing may be stored inside it.
     void LeaveTransaction() { ++m_leftTransactions; }
     /// False: `transactionOpen` keeps its value, so that the reporter can roll back.
     bool CommitTransactionDb(bool& transactionOpen);

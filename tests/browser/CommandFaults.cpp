@@ -56,7 +56,8 @@ const std::vector<FaultedCommand>& FaultedCommand::ConnectionAdditions()
 {
     static const std::vector<FaultedCommand> commands{
         {"connection from nothing", "waypoints", "root", "cmdDatabaseAdd", "Delta", "", "77"},
-        {"connection of another type", "connections", "root", "cmdDatabaseAdd", "Delta", "KD7 Mediation Bus", "77"},
+        {"connection of another type", "connections", "root", "cmdDatabaseAdd", "Delta", "KD7 Mediation Bus",
+         "77"},
         {"copy of a connection", "connections", "con/Alpha", "cmdDatabaseAdd", "Delta", "", "77"},
         {"copy of a waypoint's connection", "waypoints", "wp/Alpha", "cmdDatabaseAdd", "Delta", "", "77"},
     };

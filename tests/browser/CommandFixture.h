@@ -41,6 +41,24 @@ public:
                                      "Automatic update follows, try again.");
     }
 
+    /// Rows of a stale entry: view, selected entry, the record that another application changes, its box's
+    /// beginning.
+    static void StaleRows()
+    {
+        QTest::addColumn<QString>("view");
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<QString>("changed");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("connection") << QStringLiteral("connections") << QStringLiteral("con/Alpha")
+                                    << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
+        QTest::newRow("waypoint") << QStringLiteral("waypoints") << QStringLiteral("wp/Alpha")
+                                  << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
+        QTest::newRow("node") << QStringLiteral("nodes") << QStringLiteral("node/North")
+                              << QStringLiteral("node/North") << QStringLiteral("Node North");
+        QTest::newRow("node below") << QStringLiteral("connections") << QStringLiteral("node/North")
+                                    << QStringLiteral("node/North") << QStringLiteral("Node North");
+    }
+
     TreeEntries::Index Con(const QString& name) const { return ConEntries().FindByText(name, false); }
     TreeEntries::Index ConNode(const QString& name) const { return ConEntries().FindByText(name, true); }
     TreeEntries::Index Node(const QString& name) const { return NodeEntries().FindByText(name, true); }

@@ -227,18 +227,7 @@ void TestCommandAdd::Add_SavedNode_IsSelectedWithItsTarget()
 
 void TestCommandAdd::Add_StaleEntry_IsToldBehindTheRollback_data()
 {
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<QString>("changed");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("connection") << QStringLiteral("connections") << QStringLiteral("con/Alpha")
-                                << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
-    QTest::newRow("waypoint") << QStringLiteral("waypoints") << QStringLiteral("wp/Alpha")
-                              << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
-    QTest::newRow("node") << QStringLiteral("nodes") << QStringLiteral("node/North")
-                          << QStringLiteral("node/North") << QStringLiteral("Node North");
-    QTest::newRow("node below") << QStringLiteral("connections") << QStringLiteral("node/North")
-                                << QStringLiteral("node/North") << QStringLiteral("Node North");
+    CommandFixture::StaleRows();
 }
 void TestCommandAdd::Add_StaleEntry_IsToldBehindTheRollback()
 {

@@ -254,20 +254,9 @@ void TestCommandProperties::Properties_NodeMovedInTheConnectionView_IsFoundUnder
 
 void TestCommandProperties::Properties_StaleEntry_IsToldBehindTheRollback_data()
 {
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<QString>("changed");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("connection") << QStringLiteral("connections") << QStringLiteral("con/Alpha")
-                                << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
-    QTest::newRow("waypoint") << QStringLiteral("waypoints") << QStringLiteral("wp/Alpha")
-                              << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
+    CommandFixture::StaleRows();
     QTest::newRow("node's connection") << QStringLiteral("connections") << QStringLiteral("node/North")
                                        << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
-    QTest::newRow("node below") << QStringLiteral("connections") << QStringLiteral("node/North")
-                                << QStringLiteral("node/North") << QStringLiteral("Node North");
-    QTest::newRow("node") << QStringLiteral("nodes") << QStringLiteral("node/North")
-                          << QStringLiteral("node/North") << QStringLiteral("Node North");
 }
 void TestCommandProperties::Properties_StaleEntry_IsToldBehindTheRollback()
 {

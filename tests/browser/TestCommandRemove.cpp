@@ -227,18 +227,7 @@ void TestCommandRemove::Remove_OneTransaction_ChecksThenDeletes()
 
 void TestCommandRemove::Remove_StaleEntry_IsToldAndStays_data()
 {
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<QString>("changed");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("node") << QStringLiteral("nodes") << QStringLiteral("node/North")
-                          << QStringLiteral("node/North") << QStringLiteral("Node North");
-    QTest::newRow("node below") << QStringLiteral("connections") << QStringLiteral("node/North")
-                                << QStringLiteral("node/North") << QStringLiteral("Node North");
-    QTest::newRow("connection") << QStringLiteral("connections") << QStringLiteral("con/Alpha")
-                                << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
-    QTest::newRow("waypoint") << QStringLiteral("waypoints") << QStringLiteral("wp/Alpha")
-                              << QStringLiteral("con/Alpha") << QStringLiteral("Connection Alpha");
+    CommandFixture::StaleRows();
 }
 void TestCommandRemove::Remove_StaleEntry_IsToldAndStays()
 {
