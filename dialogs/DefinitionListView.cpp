@@ -55,7 +55,8 @@ DefinitionListView::DefinitionListView(QWidget* parent) : QTreeWidget(parent)
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Clear();
+    // No column yet.
+    setColumnCount(0);
 }
 
 void DefinitionListView::Clear()

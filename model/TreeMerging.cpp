@@ -80,6 +80,7 @@ void KeepWaypoints(TreeEntries& tree, TreeEntries::Index conEntry, const std::ve
                    qint32 conId)
 {
     std::vector<WantedChild> wanted;
+    wanted.reserve(texts.size());
     for (const QString& text : texts)
         wanted.push_back({{'W', conId, static_cast<qint32>(wanted.size()) + 1}, text});
     // As far as they stand in order: what is added later stands last.
