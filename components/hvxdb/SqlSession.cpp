@@ -60,6 +60,7 @@ void SqlSession::Disconnect()
         return;
     for (std::optional<QSqlQuery>& statement : m_statements)
         statement.reset();
+    m_savepoints.clear();
     m_levels.clear();
     m_lost = false;
     // Closing undoes an open transaction.
@@ -87,13 +88,18 @@ QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& value
     }
     for (qsizetype i = 0; i < values.size(); ++i)
         slot->bindValue(static_cast<int>(i), BoundValue(values[i]));
-    ++m_statementCount;
-    if (!slot->exec()) {
-        const QSqlError error = slot->lastError();
-        slot->finish();
-        Raise(error);
-    }
+    Run(*slot);
     return *slot;
+}
+
+void SqlSession::Run(QSqlQuery& prepared)
+{
+    ++m_statementCount;
+    if (prepared.exec())
+        return;
+    const QSqlError error = prepared.lastError();
+    prepared.finish();
+    Raise(error);
 }
 
 SqlRows SqlSession::Read(HvxStatement statement, const QVariantList& values)
@@ -200,7 +206,16 @@ void SqlSession::Rollback()
 
 void SqlSession::ExecuteSavepoint(const QString& verb, size_t level)
 {
-    ExecuteText(QStringLiteral("%1 level_%2").arg(verb).arg(level), {});
+    const QString text = QStringLiteral("%1 level_%2").arg(verb).arg(level);
+    auto prepared = m_savepoints.find(text);
+    if (prepared == m_savepoints.end()) {
+        QSqlQuery query(Database());
+        if (!query.prepare(text))
+            Raise(query.lastError());
+        prepared = m_savepoints.emplace(text, std::move(query)).first;
+    }
+    Run(prepared->second);
+    prepared->second.finish();
 }
 
 void SqlSession::EnsureSavepoints()

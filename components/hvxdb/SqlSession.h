@@ -7,6 +7,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -94,6 +95,7 @@ private:
 
     QSqlQuery ExecuteText(const QString& text, const QVariantList& values);
     QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
+    void Run(QSqlQuery& prepared);
     void ExecuteSavepoint(const QString& verb, size_t level);
     void EnsureSavepoints();
     [[noreturn]] void Raise(const QSqlError& error);
@@ -103,6 +105,8 @@ private:
     QSqlDatabase m_database;
     int m_busyMs = 2000;
     std::array<std::optional<QSqlQuery>, static_cast<size_t>(HvxStatement::Count)> m_statements;
+    /// Prepared by their text: a save in a dialog's transaction opens and ends many levels.
+    std::map<QString, QSqlQuery> m_savepoints;
     std::vector<TransactionLevel> m_levels;
     /// The engine undid the transaction whose levels are still open here.
     bool m_lost = false;
