@@ -41,6 +41,18 @@ public:
                                      "Automatic update follows, try again.");
     }
 
+    /// Rows of a view in which the root or nothing is selected.
+    static void NoRecordRows()
+    {
+        QTest::addColumn<QString>("view");
+        QTest::addColumn<QString>("selected");
+        for (const char* view : {"connections", "waypoints", "nodes"}) {
+            for (const char* selected : {"root", "none"})
+                QTest::addRow("%s %s", view, selected)
+                    << QString::fromLatin1(view) << QString::fromLatin1(selected);
+        }
+    }
+
     /// Rows of a stale entry: view, selected entry, the record that another application changes, its box's
     /// beginning.
     static void StaleRows()

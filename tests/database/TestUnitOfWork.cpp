@@ -230,6 +230,26 @@ void TestUnitOfWork::CommitBeforeRefusal_Failed_RollsBackWithoutAWord()
     QCOMPARE(fixture.Operator.Boxes, std::vector{RecordedBox::Plain("why")});
 }
 
+/// A row of work that is given up: what is told and called.
+static void CheckEnd(void (*end)())
+{
+    QFETCH(bool, begun);
+    QFETCH(bool, rollbackFails);
+    QFETCH(QStringList, texts);
+    UnitFixture fixture;
+    if (rollbackFails)
+        fixture.Component.Fail("RollbackTransaction");
+
+    QVERIFY(!fixture.Run([&](UnitOfWork& unit) {
+        if (begun)
+            unit.Begin();
+        end();
+    }));
+
+    QCOMPARE(fixture.Operator.Boxes, Errors(texts));
+    QCOMPARE(fixture.Component.Calls, begun ? (QStringList{BeginCall, RollbackCall}) : QStringList());
+}
+
 void TestUnitOfWork::Fail_TellsByHowItEnds_data()
 {
     QTest::addColumn<bool>("begun");
@@ -242,21 +262,7 @@ void TestUnitOfWork::Fail_TellsByHowItEnds_data()
 
 void TestUnitOfWork::Fail_TellsByHowItEnds()
 {
-    QFETCH(bool, begun);
-    QFETCH(bool, rollbackFails);
-    QFETCH(QStringList, texts);
-    UnitFixture fixture;
-    if (rollbackFails)
-        fixture.Component.Fail("RollbackTransaction");
-
-    QVERIFY(!fixture.Run([&](UnitOfWork& unit) {
-        if (begun)
-            unit.Begin();
-        UnitOfWork::Fail();
-    }));
-
-    QCOMPARE(fixture.Operator.Boxes, Errors(texts));
-    QCOMPARE(fixture.Component.Calls, begun ? (QStringList{BeginCall, RollbackCall}) : QStringList());
+    CheckEnd(UnitOfWork::Fail);
 }
 
 void TestUnitOfWork::GiveUp_TellsOnlyAFailedRollback_data()
@@ -271,21 +277,7 @@ void TestUnitOfWork::GiveUp_TellsOnlyAFailedRollback_data()
 
 void TestUnitOfWork::GiveUp_TellsOnlyAFailedRollback()
 {
-    QFETCH(bool, begun);
-    QFETCH(bool, rollbackFails);
-    QFETCH(QStringList, texts);
-    UnitFixture fixture;
-    if (rollbackFails)
-        fixture.Component.Fail("RollbackTransaction");
-
-    QVERIFY(!fixture.Run([&](UnitOfWork& unit) {
-        if (begun)
-            unit.Begin();
-        UnitOfWork::GiveUp();
-    }));
-
-    QCOMPARE(fixture.Operator.Boxes, Errors(texts));
-    QCOMPARE(fixture.Component.Calls, begun ? (QStringList{BeginCall, RollbackCall}) : QStringList());
+    CheckEnd(UnitOfWork::GiveUp);
 }
 
 void TestUnitOfWork::OtherErrors_AreUnknownOnes_data()
