@@ -60,7 +60,7 @@ void ShowCommand::Print(const QJsonObject& record) const
         fields << QStringLiteral("connection") << QStringLiteral("manager") << QStringLiteral("command");
     for (const QString& field : fields)
         m_context.output.Line(field + QStringLiteral(": ") + record.value(field).toVariant().toString());
-    for (const QJsonValue& parameter : record.value(QStringLiteral("parameters")).toArray()) {
+    for (const auto parameter : record.value(QStringLiteral("parameters")).toArray()) {
         const QJsonObject object = parameter.toObject();
         const QString value = object.value(QStringLiteral("value")).toString();
         const QString preset = object.value(QStringLiteral("default")).toString();
