@@ -10,6 +10,7 @@ enum class HvxStatement
 {
     // Session
     Begin,
+    BeginSnapshot,
     Commit,
     Rollback,
     SessionState,
