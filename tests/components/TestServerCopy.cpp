@@ -110,11 +110,11 @@ void TestServerCopy::cleanup()
         Sql(QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(QLatin1String(name)),
             QStringLiteral("postgres"));
     const QStringList roles =
-        Sql(QStringLiteral("SELECT rolname FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
+        Sql(QStringLiteral("SELECT quote_ident(rolname) FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
             QStringLiteral("postgres"))
             .split(u'\n', Qt::SkipEmptyParts);
     for (const QString& role : roles)
-        Sql(QStringLiteral("DROP ROLE \"%1\"").arg(role), QStringLiteral("postgres"));
+        Sql(QStringLiteral("DROP ROLE %1").arg(role), QStringLiteral("postgres"));
 }
 
 void TestServerCopy::Copy_ThereAndBack_IsTheSame()
@@ -141,7 +141,7 @@ void TestServerCopy::Copy_ToServer_ChecksAndAnswersTheSame()
     QCOMPARE(report.nodes, 3 + CopyFixture::OddTexts().size());
     const auto file = HvxAdministration::Open(fixture.Source());
     const auto server = HvxAdministration::Open(Target());
-    QCOMPARE(server->Check(), file->Check());
+    QCOMPARE(server->Check().join(u'\n'), file->Check().join(u'\n'));
     HvxDatabaseComponent ofFile(fixture.Source());
     HvxDatabaseComponent ofServer(Target());
     ofFile.OpenDatabase();
@@ -350,8 +350,9 @@ void TestServerCopy::Rights_FromServer_MembersBecomeUsers()
     Copy(Target(), file);
 
     // The operator of the copy keeps in it what he may do on the server.
-    const QString operatorsRow = QStringLiteral("%1\x1f1\x1f1").arg(Machine().UserName());
-    QStringList expected{QStringLiteral("eva\x1f0\x1f1"), QStringLiteral("jan\x1f1\x1f0"), operatorsRow};
+    QStringList expected{QStringLiteral("eva 0 1"), QStringLiteral("jan 1 0"),
+                         Machine().UserName() + QStringLiteral(" 1 1")};
+    expected.replaceInStrings(QStringLiteral(" "), QStringLiteral("\x1f"));
     expected.sort();
     QCOMPARE(CopyFixture::RowsOf(file, QStringLiteral("user_name may_scan may_edit"),
                                  QStringLiteral("user_rights")),
@@ -401,8 +402,8 @@ void TestServerCopy::Copy_ConnectionLost_LeavesNothing()
         // More rows than one answer of the server holds in buffers.
         const auto administration = HvxAdministration::Open(fixture.Source());
         const auto writer = administration->BeginBulkWrite();
-        for (int i = 0; i < 20'000; ++i)
-            writer->AddConnection(QStringLiteral("Line %1").arg(i), QString(100, u'x'));
+        for (int i = 0; i < 4'000; ++i)
+            writer->AddConnection(QStringLiteral("Line %1").arg(i), QString(1500, u'x'));
         writer->Commit();
     }
     Copy(fixture.Source(), Target());
@@ -424,7 +425,7 @@ void TestServerCopy::Copy_ConnectionLost_LeavesNothing()
     QVERIFY(broken);
     QVERIFY(number != 0 && number != DatabaseErrorNumber::Refused);
     QVERIFY(IsEmpty(QStringLiteral("other")));
-    QCOMPARE(Sql(QStringLiteral("SELECT count(*) FROM connection")), QStringLiteral("20003"));
+    QCOMPARE(Sql(QStringLiteral("SELECT count(*) FROM connection")), QStringLiteral("4003"));
 }
 
 void TestServerCopy::Copy_TargetNotPossible_Raises_data()
