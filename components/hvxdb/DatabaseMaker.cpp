@@ -3,6 +3,7 @@
 #include "components/hvxdb/DefinitionTables.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxSchema.h"
+#include "components/hvxdb/ServerDatabaseMaker.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
 #include "platform/MachineSeams.h"
@@ -51,7 +52,7 @@ bool MoveFiles(const QString& from, const QString& to)
 
 DatabaseMaker::DatabaseMaker(const QString& source) : m_source(QFileInfo(source).absoluteFilePath()) {}
 
-QString DatabaseMaker::Make(const Catalogue& catalogue, bool force)
+QString DatabaseMaker::Make(const DatabaseFiller& fill, bool force)
 {
     const QFileInfo info(m_source);
     if (info.isDir())
@@ -62,17 +63,17 @@ QString DatabaseMaker::Make(const Catalogue& catalogue, bool force)
         RaiseRefusal(QStringLiteral("The folder %1 cannot be made.").arg(info.absolutePath()));
     m_built = m_source + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128);
     try {
-        Build(catalogue);
+        Build(fill);
         const QString kept = KeepOld();
         TakePlace(kept);
         return kept;
-    } catch (const ComponentError&) {
+    } catch (...) {
         RemoveFiles(m_built);
         throw;
     }
 }
 
-void DatabaseMaker::Build(const Catalogue& catalogue)
+void DatabaseMaker::Build(const DatabaseFiller& fill)
 {
     auto engine = std::make_unique<SqliteEngine>();
     const SqliteEngine& opener = *engine;
@@ -81,8 +82,7 @@ void DatabaseMaker::Build(const Catalogue& catalogue)
     opener.Settle(session.Database());
     session.Begin();
     HvxSchema(session, HvxSchema::ScriptsOf(opener)).Create();
-    WriteDefinitions(session, catalogue);
-    session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
+    fill(session);
     session.Commit();
 }
 
@@ -110,10 +110,23 @@ void DatabaseMaker::TakePlace(const QString& kept) const
     RaiseRefusal(QStringLiteral("The file %1 cannot be made: %2").arg(m_source, reason));
 }
 
+QString MakeDatabase(const QString& source, const DatabaseFiller& fill, bool force)
+{
+    // Raises for sources of no engine.
+    if (HvxEngine::ForSource(source)->IsServer())
+        return ServerDatabaseMaker(source).Make(fill, force);
+    return DatabaseMaker(source).Make(fill, force);
+}
+
 QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, bool force)
 {
-    const QString place = DataSource(source);
-    // Raises for sources that are no file.
-    HvxEngine::ForSource(place);
-    return DatabaseMaker(place).Make(catalogue, force);
+    return MakeDatabase(
+        DataSource(source),
+        [&catalogue](SqlSession& session) {
+            WriteDefinitions(session, catalogue);
+            // On a server the maker has a role of his own.
+            if (!session.Engine().IsServer())
+                session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
+        },
+        force);
 }

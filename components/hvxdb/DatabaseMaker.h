@@ -1,6 +1,6 @@
 #pragma once
 
-#include "components/hvxdb/Catalogue.h"
+#include "components/hvxdb/DatabaseFiller.h"
 
 /// Makes a SQLite database: whole or not at all.
 ///
@@ -12,14 +12,17 @@ public:
     explicit DatabaseMaker(const QString& source);
 
     /// Gives the name under which the old file was kept; empty when there was none. Refuses an existing file
-    /// unless `force`.
-    QString Make(const Catalogue& catalogue, bool force);
+    /// unless `force`. What `fill` raises leaves nothing behind.
+    QString Make(const DatabaseFiller& fill, bool force);
 
 private:
-    void Build(const Catalogue& catalogue);
+    void Build(const DatabaseFiller& fill);
     [[nodiscard]] QString KeepOld() const;
     void TakePlace(const QString& kept) const;
 
     QString m_source;
     QString m_built;
 };
+
+/// Makes a database of the engine that the source is of, as its maker does. Raises ComponentError.
+QString MakeDatabase(const QString& source, const DatabaseFiller& fill, bool force);

@@ -4,6 +4,7 @@
 #include "components/hvxdb/DatabaseCheck.h"
 #include "components/hvxdb/HvxNames.h"
 #include "components/hvxdb/MaintenanceLock.h"
+#include "components/hvxdb/RightsRoles.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "platform/MachineSeams.h"
 
@@ -14,17 +15,21 @@ std::unique_ptr<HvxAdministration> HvxAdministration::Open(const QString& source
     return std::make_unique<HvxAdministrator>(DataSource(source));
 }
 
-HvxAdministrator::HvxAdministrator(const QString& source) : m_store(std::make_shared<HvxStore>())
+std::shared_ptr<HvxStore> OpenStore(const QString& source)
 {
+    auto store = std::make_shared<HvxStore>();
     try {
-        m_store->Open(source);
+        store->Open(source);
     } catch (const ComponentError& error) {
         if (error.Number() != DatabaseErrorNumber::TablesMissing)
             throw;
         // The first try has made the tables if that was possible.
-        m_store->Open(source);
+        store->Open(source);
     }
+    return store;
 }
+
+HvxAdministrator::HvxAdministrator(const QString& source) : m_store(OpenStore(source)) {}
 
 const Catalogue& HvxAdministrator::CatalogueData() const
 {
@@ -94,6 +99,11 @@ void HvxAdministrator::SetRights(const QString& user, bool scan, bool edit)
 {
     const QString stored = StoredName(user);
     StoreScope scope(*m_store);
+    if (m_store->Session().Engine().IsServer()) {
+        RightsRoles(m_store->Session()).Set(stored, scan, edit);
+        scope.Commit();
+        return;
+    }
     // The owner can change the file by other means anyway; nobody else is left to give rights back.
     if (QFileInfo(m_store->Source()).owner() != Machine().UserName())
         m_store->RequireEditRight();
