@@ -29,6 +29,7 @@ void HvxStore::Close()
 {
     m_session.Disconnect();
     m_cache.Clear();
+    m_counted.reset();
     m_definitions = Definitions();
     m_definitionsVersion = 0;
     m_loaded = false;
