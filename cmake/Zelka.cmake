@@ -72,10 +72,14 @@ function(zelka_program)
   target_link_libraries(${ARG_NAME} PRIVATE zelka_flags ${ARG_LINKS})
 endfunction()
 
-# Declares one test program: zelka_test(NAME TestWpData LINKS zelka_model [SOURCES more.cpp] [WIDGETS]).
-# The test's own file is NAME.cpp in the current folder. WIDGETS: runs on the offscreen platform.
+# Folder in which the server of the tests writes where it is.
+set(ZELKA_TEST_SERVER "${CMAKE_BINARY_DIR}/test-server")
+
+# Declares one test program: zelka_test(NAME TestWpData LINKS zelka_model [SOURCES more.cpp] [WIDGETS] [ENGINES]).
+# The test's own file is NAME.cpp in the current folder. WIDGETS: runs on the offscreen platform. ENGINES: runs
+# on SQLite as NAME and on PostgreSQL as NAME-postgresql; DatabaseFixture obeys ZELKA_TEST_ENGINE.
 function(zelka_test)
-  cmake_parse_arguments(ARG "WIDGETS" "NAME;TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS;ENGINES" "NAME;TIMEOUT" "SOURCES;LINKS" ${ARGN})
   add_executable(${ARG_NAME} ${ARG_NAME}.cpp ${ARG_SOURCES})
   target_link_libraries(${ARG_NAME} PRIVATE zelka_flags Qt6::Test ${ARG_LINKS})
   if(ARG_WIDGETS)
@@ -96,10 +100,16 @@ function(zelka_test)
     endif()
     target_precompile_headers(${ARG_NAME} REUSE_FROM zelka_pch_core)
   endif()
-  add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
-  set_tests_properties(${ARG_NAME} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
-                                              TIMEOUT ${ARG_TIMEOUT})
+  set(environment "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+  add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
+  set_tests_properties(${ARG_NAME} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT})
+  if(ARG_ENGINES)
+    add_test(NAME ${ARG_NAME}-postgresql COMMAND ${ARG_NAME})
+    list(APPEND environment "ZELKA_TEST_ENGINE=postgresql" "ZELKA_TEST_SERVER=${ZELKA_TEST_SERVER}")
+    set_tests_properties(${ARG_NAME}-postgresql PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT}
+                                                           FIXTURES_REQUIRED postgresql)
+  endif()
 endfunction()

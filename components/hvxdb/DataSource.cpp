@@ -3,6 +3,7 @@
 #include "platform/Components.h"
 #include "platform/NamedValues.h"
 
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace {
@@ -27,6 +28,22 @@ QString DataSource(const QString& chosen)
         return named;
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
            QStringLiteral("/zelka/Dbs.mdb");
+}
+
+QString ShownSource(const QString& source)
+{
+    static const QRegularExpression url(QStringLiteral("^[a-z]+://"));
+    if (!url.match(source).hasMatch())
+        return source;
+    // A password may hold any character: all from the first ":" of the user to the last "@" is taken for it,
+    // unless the ":" is that of a port.
+    static const QRegularExpression ofUser(QStringLiteral("^([a-z]+://[^:@/?]*):(?!\\d+/).*@"));
+    static const QRegularExpression ofParameter(QStringLiteral("([?&](?:password|sslpassword)=)[^&]*"),
+                                                QRegularExpression::CaseInsensitiveOption);
+    QString shown = source;
+    shown.replace(ofUser, QStringLiteral("\\1:***@"));
+    shown.replace(ofParameter, QStringLiteral("\\1***"));
+    return shown;
 }
 
 void SetDataSource(const QString& source)

@@ -51,7 +51,7 @@ bool MoveFiles(const QString& from, const QString& to)
 
 DatabaseMaker::DatabaseMaker(const QString& source) : m_source(QFileInfo(source).absoluteFilePath()) {}
 
-QString DatabaseMaker::Make(const Catalogue& catalogue, bool force)
+QString DatabaseMaker::Make(const Filler& fill, bool force)
 {
     const QFileInfo info(m_source);
     if (info.isDir())
@@ -62,17 +62,17 @@ QString DatabaseMaker::Make(const Catalogue& catalogue, bool force)
         RaiseRefusal(QStringLiteral("The folder %1 cannot be made.").arg(info.absolutePath()));
     m_built = m_source + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128);
     try {
-        Build(catalogue);
+        Build(fill);
         const QString kept = KeepOld();
         TakePlace(kept);
         return kept;
-    } catch (const ComponentError&) {
+    } catch (...) {
         RemoveFiles(m_built);
         throw;
     }
 }
 
-void DatabaseMaker::Build(const Catalogue& catalogue)
+void DatabaseMaker::Build(const Filler& fill)
 {
     auto engine = std::make_unique<SqliteEngine>();
     const SqliteEngine& opener = *engine;
@@ -81,8 +81,7 @@ void DatabaseMaker::Build(const Catalogue& catalogue)
     opener.Settle(session.Database());
     session.Begin();
     HvxSchema(session, HvxSchema::ScriptsOf(opener)).Create();
-    WriteDefinitions(session, catalogue);
-    session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
+    fill(session);
     session.Commit();
 }
 
@@ -115,5 +114,10 @@ QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, boo
     const QString place = DataSource(source);
     // Raises for sources that are no file.
     HvxEngine::ForSource(place);
-    return DatabaseMaker(place).Make(catalogue, force);
+    return DatabaseMaker(place).Make(
+        [&catalogue](SqlSession& session) {
+            WriteDefinitions(session, catalogue);
+            session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
+        },
+        force);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "components/hvxdb/Catalogue.h"
+#include "components/hvxdb/SqlSession.h"
+
+#include <functional>
 
 /// Makes a SQLite database: whole or not at all.
 ///
@@ -9,14 +11,18 @@
 class DatabaseMaker
 {
 public:
+    /// Writes the contents into the new database, which has all objects and its first rows, within the
+    /// transaction that makes it.
+    using Filler = std::function<void(SqlSession& session)>;
+
     explicit DatabaseMaker(const QString& source);
 
     /// Gives the name under which the old file was kept; empty when there was none. Refuses an existing file
-    /// unless `force`.
-    QString Make(const Catalogue& catalogue, bool force);
+    /// unless `force`. What `fill` raises leaves nothing behind.
+    QString Make(const Filler& fill, bool force);
 
 private:
-    void Build(const Catalogue& catalogue);
+    void Build(const Filler& fill);
     [[nodiscard]] QString KeepOld() const;
     void TakePlace(const QString& kept) const;
 

@@ -48,6 +48,9 @@ struct ManagerRecord
 /// ZELKA_DBS32, else the named value ODBC/DBS32, else the file Dbs.mdb in the user's data folder.
 QString DataSource(const QString& chosen = QString());
 
+/// The source as it may be shown and kept: the password in a URL is masked.
+QString ShownSource(const QString& source);
+
 /// Chooses the source for the components that this process creates from now on.
 void SetDataSource(const QString& source);
 
@@ -58,6 +61,26 @@ void RegisterHvxDatabase();
 /// here) an existing file unless `force`, which keeps the old one beside it. Gives the kept file's name,
 /// empty when there was none.
 QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, bool force);
+
+/// Asked now and then how a copy stands: rows done, rows in all. False gives the copy up.
+using CopyProgress = std::function<bool(qint64 done, qint64 total)>;
+
+/// What a copy made.
+struct DatabaseCopyReport
+{
+    qint64 connections = 0;
+    qint64 nodes = 0;
+    /// The name under which the old target was kept; empty when there was none.
+    QString kept;
+    /// One text for each thing that the target could not take over.
+    QStringList remarks;
+};
+
+/// Copies a database as it is to a new one, of another engine too: records, ids, Journal, definitions,
+/// managers, users texts, rights. Refuses an existing target unless `force`, which keeps the old one, and a
+/// copy onto itself. What fails or is given up leaves nothing behind.
+DatabaseCopyReport CopyHvxDatabase(const QString& from, const QString& to, bool force,
+                                   const CopyProgress& goOn);
 
 /// Writes many records in one transaction; nothing is there until Commit. Needs the edit right.
 class HvxBulkWriter

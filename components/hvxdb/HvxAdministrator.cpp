@@ -14,17 +14,21 @@ std::unique_ptr<HvxAdministration> HvxAdministration::Open(const QString& source
     return std::make_unique<HvxAdministrator>(DataSource(source));
 }
 
-HvxAdministrator::HvxAdministrator(const QString& source) : m_store(std::make_shared<HvxStore>())
+std::shared_ptr<HvxStore> OpenStore(const QString& source)
 {
+    auto store = std::make_shared<HvxStore>();
     try {
-        m_store->Open(source);
+        store->Open(source);
     } catch (const ComponentError& error) {
         if (error.Number() != DatabaseErrorNumber::TablesMissing)
             throw;
         // The first try has made the tables if that was possible.
-        m_store->Open(source);
+        store->Open(source);
     }
+    return store;
 }
+
+HvxAdministrator::HvxAdministrator(const QString& source) : m_store(OpenStore(source)) {}
 
 const Catalogue& HvxAdministrator::CatalogueData() const
 {

@@ -3,11 +3,14 @@
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxStore.h"
 
+/// Opens the source; tables that are missing are made where that is possible. Raises ComponentError.
+std::shared_ptr<HvxStore> OpenStore(const QString& source);
+
 /// The administration of one opened database.
 class HvxAdministrator : public HvxAdministration
 {
 public:
-    /// Opens the source; tables that are missing are made where that is possible. Raises ComponentError.
+    /// Opens the source as OpenStore does.
     explicit HvxAdministrator(const QString& source);
 
     [[nodiscard]] const Catalogue& CatalogueData() const override;

@@ -10,6 +10,9 @@
 #include <memory>
 #include <optional>
 
+class CopySide;
+class SqlSession;
+
 /// What differs between database engines: how a source is opened, SQL texts, scripts, error numbers.
 class HvxEngine
 {
@@ -35,6 +38,9 @@ public:
     [[nodiscard]] virtual QStringList IntegrityTexts() const = 0;
     /// Folder of the scripts, as a resource: schema.sql, upgrade-2.sql, …
     [[nodiscard]] virtual QString ScriptFolder() const = 0;
+
+    /// What copying a database takes on an open session of this engine.
+    [[nodiscard]] virtual std::unique_ptr<CopySide> MakeCopySide(SqlSession& session) const = 0;
 
     /// The component's number for a failure of the engine.
     [[nodiscard]] virtual quint32 ErrorNumber(const QSqlError& error) const = 0;

@@ -58,6 +58,8 @@ QString SessionText(HvxStatement statement)
     case HvxStatement::Begin:
         // The write lock at once: a transaction that has begun is not refused at its first write.
         return QStringLiteral("BEGIN IMMEDIATE");
+    case HvxStatement::BeginSnapshot:
+        return QStringLiteral("BEGIN DEFERRED");
     case HvxStatement::Commit:
         return QStringLiteral("COMMIT");
     case HvxStatement::Rollback:

@@ -13,6 +13,7 @@ enum class HvxStatement
 {
     // Session
     Begin,
+    BeginSnapshot,
     Commit,
     Rollback,
     SessionState,

@@ -79,17 +79,17 @@ std::optional<quint32> SqlSession::DataVersion() const
 QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
 {
     std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
-    if (!slot) {
-        QSqlQuery query(Database());
-        query.setForwardOnly(true);
-        if (!query.prepare(m_engine->StatementText(statement)))
-            Raise(query.lastError());
-        slot.emplace(std::move(query));
-    }
-    for (qsizetype i = 0; i < values.size(); ++i)
-        slot->bindValue(static_cast<int>(i), BoundValue(values[i]));
-    Run(*slot);
+    if (!slot)
+        slot.emplace(PrepareText(m_engine->StatementText(statement)));
+    ExecutePrepared(*slot, values);
     return *slot;
+}
+
+void SqlSession::ExecutePrepared(QSqlQuery& prepared, const QVariantList& values)
+{
+    for (qsizetype i = 0; i < values.size(); ++i)
+        prepared.bindValue(static_cast<int>(i), BoundValue(values[i]));
+    Run(prepared);
 }
 
 void SqlSession::Run(QSqlQuery& prepared)
@@ -119,16 +119,25 @@ int SqlSession::Write(HvxStatement statement, const QVariantList& values)
 
 QSqlQuery SqlSession::ExecuteText(const QString& text, const QVariantList& values)
 {
+    QSqlQuery query = PrepareText(text);
+    ExecutePrepared(query, values);
+    return query;
+}
+
+QSqlQuery SqlSession::PrepareText(const QString& text)
+{
     QSqlQuery query(Database());
     query.setForwardOnly(true);
     if (!query.prepare(text))
         Raise(query.lastError());
-    for (const QVariant& value : values)
-        query.addBindValue(BoundValue(value));
-    ++m_statementCount;
-    if (!query.exec())
-        Raise(query.lastError());
     return query;
+}
+
+void SqlSession::RunPrepared(QSqlQuery& prepared, const QVariantList& values)
+{
+    EnsureSavepoints();
+    ExecutePrepared(prepared, values);
+    prepared.finish();
 }
 
 void SqlSession::RunText(const QString& text, const QVariantList& values)
@@ -170,6 +179,13 @@ void SqlSession::Begin()
 {
     if (m_levels.empty())
         Execute(HvxStatement::Begin, {}).finish();
+    m_levels.emplace_back();
+}
+
+void SqlSession::BeginSnapshot()
+{
+    if (m_levels.empty())
+        Execute(HvxStatement::BeginSnapshot, {}).finish();
     m_levels.emplace_back();
 }
 

@@ -73,11 +73,16 @@ public:
     void ReadText(const QString& text, const std::function<void(const QSqlQuery&)>& take);
     /// The first column of the first row as a number; 0 without a row.
     [[nodiscard]] qint64 NumberOfText(const QString& text);
+    /// Prepares SQL that changes rows, to be run many times; the query must not outlive the connection.
+    [[nodiscard]] QSqlQuery PrepareText(const QString& text);
+    void RunPrepared(QSqlQuery& prepared, const QVariantList& values);
     /// Runs a script statement by statement.
     void RunScript(const QString& script);
 
     /// Opens a transaction, or a level inside the open one.
     void Begin();
+    /// Opens a transaction that only reads: one state of the database, which keeps no writer waiting.
+    void BeginSnapshot();
     /// Ends the innermost level; the outermost commits.
     void Commit();
     /// Undoes the innermost level.
@@ -94,6 +99,7 @@ private:
     };
 
     QSqlQuery ExecuteText(const QString& text, const QVariantList& values);
+    void ExecutePrepared(QSqlQuery& prepared, const QVariantList& values);
     QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
     void Run(QSqlQuery& prepared);
     void ExecuteSavepoint(const QString& verb, size_t level);

@@ -1,6 +1,7 @@
 #include "components/hvxdb/SqliteEngine.h"
 
 #include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/SqliteCopySide.h"
 #include "components/hvxdb/SqlitePairList.h"
 
 #include <QFile>
@@ -151,6 +152,11 @@ QStringList SqliteEngine::IntegrityTexts() const
 QString SqliteEngine::ScriptFolder() const
 {
     return QStringLiteral(":/hvxdb/sqlite");
+}
+
+std::unique_ptr<CopySide> SqliteEngine::MakeCopySide(SqlSession& session) const
+{
+    return std::make_unique<SqliteCopySide>(session);
 }
 
 quint32 SqliteEngine::ErrorNumber(const QSqlError& error) const

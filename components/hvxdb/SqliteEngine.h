@@ -14,6 +14,7 @@ public:
     [[nodiscard]] QString ObjectNamesText() const override;
     [[nodiscard]] QStringList IntegrityTexts() const override;
     [[nodiscard]] QString ScriptFolder() const override;
+    [[nodiscard]] std::unique_ptr<CopySide> MakeCopySide(SqlSession& session) const override;
     [[nodiscard]] quint32 ErrorNumber(const QSqlError& error) const override;
     [[nodiscard]] std::optional<quint32> DataVersion(const QSqlDatabase& database) const override;
     [[nodiscard]] bool HasLostTransaction(const QSqlDatabase& database) const override;

@@ -294,7 +294,7 @@ void TestBadDatabases::Start_UnusableDatabase_IsDirectOnlyAndHarmsNothing_data()
         "database of others",
         [](const BadPlace& place) {
             const QString source = place.Folder() + QStringLiteral("/recipes.mdb");
-            DatabaseFixture::RunSqlOn(source, QStringLiteral("CREATE TABLE recipe (title TEXT)"));
+            PlainSql(source).Run(QStringLiteral("CREATE TABLE recipe (title TEXT)"));
             return source;
         },
         TablesText);

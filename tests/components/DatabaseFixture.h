@@ -3,19 +3,13 @@
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxDatabaseComponent.h"
 #include "platform/ComponentError.h"
-
-#include <QFile>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QTemporaryDir>
-#include <QUuid>
-#include <QVariant>
+#include "tests/components/FreshSource.h"
 
 #include <memory>
 #include <optional>
 
-/// A small database with the built-in catalogue in a temporary folder, for tests of all folders.
+/// A small database with the built-in catalogue, on the engine that the run is for (FreshSource), for tests
+/// of all folders.
 ///
 /// Connections, in the order of ids: "Alpha" (T4 Bus), "Beta" (T4 Bus over TCP/IP), "Gamma" (SNMP Direct,
 /// without nodes). Nodes: "North" and "South" on Alpha, "East" on Beta. The device "NET4" has a manager,
@@ -49,8 +43,9 @@ public:
             AddRecords();
     }
 
-    [[nodiscard]] QString Source() const { return m_folder.filePath(QStringLiteral("Dbs.mdb")); }
-    [[nodiscard]] QString Folder() const { return m_folder.path(); }
+    [[nodiscard]] QString Source() const { return m_place.Source(); }
+    [[nodiscard]] QString Folder() const { return m_place.Folder(); }
+    static bool OnServer() { return FreshSource::OnServer(); }
 
     /// A component on this database, opened, that waits for nobody.
     [[nodiscard]] std::unique_ptr<HvxDatabaseComponent> OpenComponent() const
@@ -62,28 +57,9 @@ public:
     }
 
     /// Runs plain SQL as another program would. Gives the first value of the first row; invalid without one.
-    QVariant RunSql(const QString& text) const { return RunSqlOn(Source(), text); }
-
-    static QVariant RunSqlOn(const QString& source, const QString& text)
-    {
-        const QString name = QUuid::createUuid().toString();
-        QVariant value;
-        QString failure;
-        {
-            QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-            database.setDatabaseName(source);
-            database.open();
-            QSqlQuery query(database);
-            if (!query.exec(text))
-                failure = query.lastError().text();
-            else if (query.next())
-                value = query.value(0);
-        }
-        QSqlDatabase::removeDatabase(name);
-        if (!failure.isEmpty())
-            throw ComponentError(1, QStringLiteral("SQL"), failure);
-        return value;
-    }
+    QVariant RunSql(const QString& text) const { return PlainSql(Source()).Run(text); }
+    /// The same for the first value of all rows.
+    [[nodiscard]] QStringList Rows(const QString& text) const { return PlainSql(Source()).Rows(text); }
 
     /// The number of the error that an action raises; 0 when it raises none.
     template <typename Action>
@@ -129,5 +105,5 @@ private:
         writer->Commit();
     }
 
-    QTemporaryDir m_folder;
+    FreshSource m_place;
 };

@@ -26,8 +26,6 @@ private Q_SLOTS:
     void Lock_HeartBeats_FromItsOwnThread();
     void NoLock_IsNotDeadAndFreeDoesNothing();
     void MalformedLockTable_CamAccess();
-    void OtherProcess_HoldsTransaction_InUseUntilItEnds();
-    void OtherProcess_HoldsItAlone_NoRightsUntilItEnds();
 };
 
 namespace {
@@ -234,53 +232,6 @@ void TestHvxMaintenance::MalformedLockTable_CamAccess()
     HvxDatabaseComponent component(fixture.Source());
 
     QCOMPARE(DatabaseFixture::ErrorOf([&] { component.OpenDatabase(); }), DatabaseErrorNumber::CamAccess);
-}
-
-void TestHvxMaintenance::OtherProcess_HoldsTransaction_InUseUntilItEnds()
-{
-    const DatabaseFixture fixture;
-    const auto component = fixture.OpenComponent();
-    QProcess holder;
-    holder.start(QStringLiteral(HOLD_TRANSACTION_PROGRAM), {fixture.Source()});
-    QVERIFY(holder.waitForStarted());
-    QVERIFY(holder.waitForReadyRead(30'000));
-    QCOMPARE(holder.readAllStandardOutput().trimmed(), QByteArray("held"));
-
-    QCOMPARE(BeginNumber(*component), DatabaseErrorNumber::InUse);
-
-    // It dies without a commit: what it wrote is gone, and nothing is left locked.
-    holder.kill();
-    QVERIFY(holder.waitForFinished(30'000));
-    QCOMPARE(BeginNumber(*component), 0U);
-    QString answer;
-    component->ParentNameExist(QStringLiteral("Held"), answer);
-    QCOMPARE(answer, QStringLiteral("FALSE"));
-}
-
-void TestHvxMaintenance::OtherProcess_HoldsItAlone_NoRightsUntilItEnds()
-{
-    const DatabaseFixture fixture;
-    QProcess holder;
-    holder.start(QStringLiteral(HOLD_TRANSACTION_PROGRAM), {fixture.Source(), QStringLiteral("alone")});
-    QVERIFY(holder.waitForReadyRead(30'000));
-    QCOMPARE(holder.readAllStandardOutput().trimmed(), QByteArray("held"));
-    HvxDatabaseComponent component(fixture.Source());
-    component.SetBusyTimeout(0);
-
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { component.OpenDatabase(); }), DatabaseErrorNumber::InUse);
-    QCOMPARE(LockedAnswer(component), 0);
-    qint32 scan = 7;
-    qint32 edit = 7;
-    component.GetSecRights(scan, edit);
-    QCOMPARE(scan, 0);
-    QCOMPARE(edit, 0);
-
-    holder.kill();
-    QVERIFY(holder.waitForFinished(30'000));
-    QCOMPARE(BeginNumber(component), 0U);
-    component.GetSecRights(scan, edit);
-    QCOMPARE(scan, 1);
-    QCOMPARE(edit, 1);
 }
 
 QTEST_GUILESS_MAIN(TestHvxMaintenance)

@@ -1,5 +1,3 @@
-#include "components/hvxdb/RecordLists.h"
-#include "components/hvxdb/SqliteEngine.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QTest>
@@ -29,10 +27,7 @@ private Q_SLOTS:
     void Counts_AllAndOfConnection();
     void ControlCharacters_InNames_BecomeBlanks_data();
     void ControlCharacters_InNames_BecomeBlanks();
-    void Lists_BuiltInSqlAlone_AreTheSame();
     void List_CostsOneStatement();
-    void Counts_UseIndexes_data();
-    void Counts_UseIndexes();
 };
 
 namespace {
@@ -49,16 +44,6 @@ void AddNodes(const DatabaseFixture& fixture, const QString& conName, int count)
     }
     writer->Commit();
 }
-
-/// As when the driver was built with another copy of the library: nothing but SQL reaches the database.
-class SqlOnlyEngine : public SqliteEngine
-{
-public:
-    [[nodiscard]] QString StatementText(HvxStatement statement) const override
-    {
-        return StandardStatementText(statement);
-    }
-};
 
 qsizetype PairCount(const QString& list)
 {
@@ -337,35 +322,6 @@ void TestHvxQueries::ControlCharacters_InNames_BecomeBlanks()
     QCOMPARE(position, 0);
 }
 
-void TestHvxQueries::Lists_BuiltInSqlAlone_AreTheSame()
-{
-    const DatabaseFixture fixture;
-    const auto component = fixture.OpenComponent();
-    component->SaveNode(QStringLiteral("Ölfeld \U0001F600"), QString(), QString(), QStringLiteral("Gamma"),
-                        QString());
-    component->SaveNode(QStringLiteral("a\tb\u0085c\u00a0d"), QString(), QString(), QStringLiteral("Gamma"),
-                        QString());
-    HvxStore store;
-    store.Open(fixture.Source());
-    auto engine = std::make_unique<SqlOnlyEngine>();
-    SqlOnlyEngine& opener = *engine;
-    store.Session().Connect(std::move(engine),
-                            [&](QSqlDatabase& database) { opener.Connect(database, fixture.Source(), 0); });
-    const RecordLists lists(store);
-
-    for (const qint32 start : {0, -2, 4, -100, 100}) {
-        QString list;
-        qint32 position = start;
-        qint32 otherPosition = start;
-        component->QueryNodesWithIdEx(QString(), QString(), list, position);
-        QCOMPARE(lists.Nodes(QString(), QString(), otherPosition), list);
-        QCOMPARE(otherPosition, position);
-    }
-    QCOMPARE(lists.NodesOfConnection(QStringLiteral("Gamma")),
-             QStringLiteral("Ölfeld \U0001F600\t7\ta b c\u00a0d\t8"));
-    QCOMPARE(lists.Connections(QString()), QStringLiteral("Alpha\t1\tBeta\t2\tGamma\t3"));
-}
-
 void TestHvxQueries::List_CostsOneStatement()
 {
     const DatabaseFixture fixture;
@@ -377,29 +333,6 @@ void TestHvxQueries::List_CostsOneStatement()
     component->QueryNodesWithIdEx(QString(), QString(), list, position);
 
     QCOMPARE(component->StatementCount() - before, 1);
-}
-
-void TestHvxQueries::Counts_UseIndexes_data()
-{
-    QTest::addColumn<int>("statement");
-    QTest::newRow("all nodes") << static_cast<int>(HvxStatement::NodeCount);
-    QTest::newRow("of a connection") << static_cast<int>(HvxStatement::NodeCountOfConnection);
-}
-
-void TestHvxQueries::Counts_UseIndexes()
-{
-    QFETCH(int, statement);
-    const DatabaseFixture fixture;
-    QString text = StandardStatementText(static_cast<HvxStatement>(statement));
-    text.replace(QStringLiteral("?"), QStringLiteral("'alpha'"));
-
-    QString plan;
-    SqlSession session;
-    session.Connect(fixture.Source());
-    session.ReadText(QStringLiteral("EXPLAIN QUERY PLAN ") + text,
-                     [&plan](const QSqlQuery& row) { plan += row.value(3).toString() + u'\n'; });
-
-    QVERIFY2(plan.contains(QStringLiteral("USING COVERING INDEX node_connection")), qPrintable(plan));
 }
 
 QTEST_GUILESS_MAIN(TestHvxQueries)

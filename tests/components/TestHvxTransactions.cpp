@@ -1,6 +1,3 @@
-#include "components/hvxdb/RecordWriter.h"
-#include "components/hvxdb/SqlFailure.h"
-#include "components/hvxdb/SqliteEngine.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QTest>
@@ -21,12 +18,9 @@ private Q_SLOTS:
     void Rollback_WithoutTransaction_DoesNothing();
     void Rollback_MiddleLevelWithWritesOfInner_UndoesBoth();
     void Nesting_WithoutWrites_CostsNoStatement();
-    void Begin_WhileOtherWrites_InUse();
-    void Begin_AfterOtherCommitted_Works();
     void Read_WhileOtherWrites_SeesStateBefore();
     void Write_WithoutTransaction_CommitsByItself();
     void Write_FailsInsideTransaction_KeepsEarlierWrites();
-    void EngineUndidTransaction_LaterWrites_AreRefusedUntilRollback();
     void Click_OnNode_CostsThreeStatements();
     void Click_OnConnection_CostsThreeStatements();
     void Click_WithNestedTransactions_CostsThreeStatements();
@@ -34,7 +28,6 @@ private Q_SLOTS:
     void Cache_OwnWrite_IsSeen();
     void Cache_RolledBackWrite_IsForgotten();
     void Cache_MissingNames_CostOneStatement();
-    void EngineWithoutDataVersion_AsksAtEachBegin();
     void Definitions_ChangedByOther_ReadAtNextBegin();
     void Definitions_ChangedByOther_ReadByDirectRead();
 };
@@ -43,16 +36,6 @@ namespace {
 
 const QString North = QStringLiteral("North");
 const QString Alpha = QStringLiteral("Alpha");
-
-/// An engine that cannot tell whether the database has changed.
-class BlindEngine : public SqliteEngine
-{
-public:
-    [[nodiscard]] std::optional<quint32> DataVersion(const QSqlDatabase&) const override
-    {
-        return std::nullopt;
-    }
-};
 
 void Begin(HvxDatabase& component)
 {
@@ -246,34 +229,6 @@ void TestHvxTransactions::Nesting_WithoutWrites_CostsNoStatement()
     QCOMPARE(component->StatementCount(), before);
 }
 
-void TestHvxTransactions::Begin_WhileOtherWrites_InUse()
-{
-    const DatabaseFixture fixture;
-    const auto first = fixture.OpenComponent();
-    const auto second = fixture.OpenComponent();
-    Begin(*first);
-
-    qint32 started = 7;
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { second->BeginTransaction(started); }),
-             DatabaseErrorNumber::InUse);
-    QCOMPARE(started, 7);
-}
-
-void TestHvxTransactions::Begin_AfterOtherCommitted_Works()
-{
-    const DatabaseFixture fixture;
-    const auto first = fixture.OpenComponent();
-    const auto second = fixture.OpenComponent();
-    Begin(*first);
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { Begin(*second); }), DatabaseErrorNumber::InUse);
-    first->SaveParent(QStringLiteral("Delta"), QStringLiteral("WP=LAN"));
-    Commit(*first);
-
-    Begin(*second);
-
-    QVERIFY(HasConnection(*second, QStringLiteral("Delta")));
-}
-
 void TestHvxTransactions::Read_WhileOtherWrites_SeesStateBefore()
 {
     const DatabaseFixture fixture;
@@ -310,30 +265,6 @@ void TestHvxTransactions::Write_FailsInsideTransaction_KeepsEarlierWrites()
     Commit(*component);
 
     QVERIFY(HasConnection(*fixture.OpenComponent(), QStringLiteral("Delta")));
-}
-
-void TestHvxTransactions::EngineUndidTransaction_LaterWrites_AreRefusedUntilRollback()
-{
-    const DatabaseFixture fixture;
-    HvxStore store;
-    store.Open(fixture.Source());
-    store.Begin();
-    store.Begin();
-    // As the engine does by itself when the disk is full.
-    QVERIFY(DatabaseFixture::ErrorOf([&] {
-                store.Session().RunText(QStringLiteral(
-                    "INSERT OR ROLLBACK INTO connection (name, name_key) VALUES ('A', 'alpha')"));
-            }) != 0);
-    store.Rollback();
-
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { RecordWriter(store).StoreUsersText(Alpha, Alpha, Alpha); }),
-             EngineFailure);
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { store.Commit(); }), EngineFailure);
-    store.Rollback();
-
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT count(*) FROM users_text")).toInt(), 0);
-    RecordWriter(store).StoreUsersText(Alpha, Alpha, Alpha);
-    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT count(*) FROM users_text")).toInt(), 1);
 }
 
 void TestHvxTransactions::Click_OnNode_CostsThreeStatements()
@@ -445,26 +376,6 @@ void TestHvxTransactions::Cache_MissingNames_CostOneStatement()
     QCOMPARE(answer, QStringLiteral("FALSE"));
     QCOMPARE(id, QString());
     QCOMPARE(component->StatementCount() - before, 1);
-}
-
-void TestHvxTransactions::EngineWithoutDataVersion_AsksAtEachBegin()
-{
-    const DatabaseFixture fixture;
-    HvxStore store;
-    store.Open(fixture.Source());
-    auto engine = std::make_unique<BlindEngine>();
-    BlindEngine& opener = *engine;
-    store.Session().Connect(std::move(engine),
-                            [&](QSqlDatabase& database) { opener.Connect(database, fixture.Source(), 0); });
-    store.Begin();
-    store.Commit();
-    fixture.RunSql(QStringLiteral("INSERT INTO cam_lock VALUES (1, 'token', 'anna', 'elsewhere', 1, 0)"));
-
-    QCOMPARE(DatabaseFixture::ErrorOf([&] { store.Begin(); }), DatabaseErrorNumber::InUse);
-
-    fixture.RunSql(QStringLiteral("DELETE FROM cam_lock"));
-    store.Begin();
-    store.Commit();
 }
 
 void TestHvxTransactions::Definitions_ChangedByOther_ReadAtNextBegin()

@@ -5,6 +5,7 @@
 #include "platform/HvxDatabase.h"
 #include "tools/zelka/AdministrationCommands.h"
 #include "tools/zelka/CommandContext.h"
+#include "tools/zelka/CopyCommand.h"
 #include "tools/zelka/EditCommands.h"
 #include "tools/zelka/InitCommand.h"
 #include "tools/zelka/ListCommands.h"
@@ -101,6 +102,7 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     db.require_subcommand(1);
 
     const InitCommand init(db, context);
+    const CopyCommand copy(db, context);
     const TransferCommands transfer(db, context);
     const AdministrationCommands administration(db, context);
     const ListCommands list(app, context);

@@ -20,6 +20,15 @@ public:
             Show();
     }
 
+    /// Shows a count that something else keeps.
+    void Reach(qint64 count, qint64 total)
+    {
+        m_count = count;
+        m_total = total;
+        if (m_visible)
+            Show();
+    }
+
 private:
     static constexpr qint64 StepsBetween = 1024;
     void Show();

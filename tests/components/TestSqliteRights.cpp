@@ -3,8 +3,8 @@
 
 #include <QTest>
 
-/// Rights of users: what they read, and that nobody writes without the edit right.
-class TestHvxRights : public QObject
+/// Rights in the table of a file: what users read, and that nobody writes without the edit right.
+class TestSqliteRights : public QObject
 {
     Q_OBJECT
 
@@ -44,31 +44,31 @@ const QString Anna = QStringLiteral("anna");
 
 } // namespace
 
-void TestHvxRights::init()
+void TestSqliteRights::init()
 {
     ResetMachine();
     m_fixture = std::make_unique<DatabaseFixture>();
     m_component = m_fixture->OpenComponent();
 }
 
-void TestHvxRights::cleanup()
+void TestSqliteRights::cleanup()
 {
     m_component.reset();
     m_fixture.reset();
     ResetMachine();
 }
 
-void TestHvxRights::WorkAs(const QString& user) const
+void TestSqliteRights::WorkAs(const QString& user) const
 {
     Machine().UserName = [user] { return user; };
 }
 
-void TestHvxRights::SetRights(const QString& user, bool scan, bool edit) const
+void TestSqliteRights::SetRights(const QString& user, bool scan, bool edit) const
 {
     HvxAdministration::Open(m_fixture->Source())->SetRights(user, scan, edit);
 }
 
-void TestHvxRights::Creator_MayScanAndEdit()
+void TestSqliteRights::Creator_MayScanAndEdit()
 {
     qint32 scan = 0;
     qint32 edit = 0;
@@ -77,7 +77,7 @@ void TestHvxRights::Creator_MayScanAndEdit()
     QVERIFY(edit != 0);
 }
 
-void TestHvxRights::Stranger_OfNewDatabase_MayScanOnly()
+void TestSqliteRights::Stranger_OfNewDatabase_MayScanOnly()
 {
     WorkAs(Anna);
 
@@ -88,7 +88,7 @@ void TestHvxRights::Stranger_OfNewDatabase_MayScanOnly()
     QCOMPARE(edit, 0);
 }
 
-void TestHvxRights::Rights_OwnRowBeforeEveryone_data()
+void TestSqliteRights::Rights_OwnRowBeforeEveryone_data()
 {
     QTest::addColumn<bool>("scan");
     QTest::addColumn<bool>("edit");
@@ -98,7 +98,7 @@ void TestHvxRights::Rights_OwnRowBeforeEveryone_data()
     QTest::newRow("both") << true << true;
 }
 
-void TestHvxRights::Rights_OwnRowBeforeEveryone()
+void TestSqliteRights::Rights_OwnRowBeforeEveryone()
 {
     QFETCH(bool, scan);
     QFETCH(bool, edit);
@@ -117,7 +117,7 @@ void TestHvxRights::Rights_OwnRowBeforeEveryone()
     QCOMPARE(second != 0, !edit);
 }
 
-void TestHvxRights::Rights_NoRowAtAll_NoRights()
+void TestSqliteRights::Rights_NoRowAtAll_NoRights()
 {
     m_fixture->RunSql(QStringLiteral("DELETE FROM user_rights"));
 
@@ -128,7 +128,7 @@ void TestHvxRights::Rights_NoRowAtAll_NoRights()
     QCOMPARE(edit, 0);
 }
 
-void TestHvxRights::ClosedDatabase_NoRights()
+void TestSqliteRights::ClosedDatabase_NoRights()
 {
     m_component->CloseDatabase();
 
@@ -142,7 +142,7 @@ void TestHvxRights::ClosedDatabase_NoRights()
 using WriteAction = std::function<void(HvxDatabase&)>;
 Q_DECLARE_METATYPE(WriteAction)
 
-void TestHvxRights::Write_WithoutEditRight_RefusedAndNothingChanged_data()
+void TestSqliteRights::Write_WithoutEditRight_RefusedAndNothingChanged_data()
 {
     const QString other = QStringLiteral("Other");
     QTest::addColumn<WriteAction>("write");
@@ -168,7 +168,7 @@ void TestHvxRights::Write_WithoutEditRight_RefusedAndNothingChanged_data()
         << WriteAction([=](HvxDatabase& db) { db.UpdateNodeNmaidx(North, QStringLiteral("1")); });
 }
 
-void TestHvxRights::Write_WithoutEditRight_RefusedAndNothingChanged()
+void TestSqliteRights::Write_WithoutEditRight_RefusedAndNothingChanged()
 {
     QFETCH(WriteAction, write);
     WorkAs(Anna);
@@ -183,7 +183,7 @@ void TestHvxRights::Write_WithoutEditRight_RefusedAndNothingChanged()
     m_fixture->OpenComponent()->BeginTransaction(started);
 }
 
-void TestHvxRights::BulkWriter_WithoutEditRight_Refused()
+void TestSqliteRights::BulkWriter_WithoutEditRight_Refused()
 {
     const auto administration = HvxAdministration::Open(m_fixture->Source());
     WorkAs(Anna);
@@ -192,7 +192,7 @@ void TestHvxRights::BulkWriter_WithoutEditRight_Refused()
              DatabaseErrorNumber::Refused);
 }
 
-void TestHvxRights::Managers_WithoutEditRight_Refused()
+void TestSqliteRights::Managers_WithoutEditRight_Refused()
 {
     const auto administration = HvxAdministration::Open(m_fixture->Source());
     WorkAs(Anna);
@@ -203,7 +203,7 @@ void TestHvxRights::Managers_WithoutEditRight_Refused()
              DatabaseErrorNumber::Refused);
 }
 
-void TestHvxRights::JournalCleaning_WithoutEditRight_Works()
+void TestSqliteRights::JournalCleaning_WithoutEditRight_Works()
 {
     WorkAs(Anna);
 
@@ -212,7 +212,7 @@ void TestHvxRights::JournalCleaning_WithoutEditRight_Works()
     QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT count(*) FROM journal")).toInt(), 3);
 }
 
-void TestHvxRights::RightTakenAway_UnderOpenSession_NextWriteRefused()
+void TestSqliteRights::RightTakenAway_UnderOpenSession_NextWriteRefused()
 {
     SetRights(Anna, true, true);
     WorkAs(Anna);
@@ -225,7 +225,7 @@ void TestHvxRights::RightTakenAway_UnderOpenSession_NextWriteRefused()
              DatabaseErrorNumber::Refused);
 }
 
-void TestHvxRights::RightGiven_UnderOpenSession_NextWriteWorks()
+void TestSqliteRights::RightGiven_UnderOpenSession_NextWriteWorks()
 {
     WorkAs(Anna);
     QCOMPARE(DatabaseFixture::ErrorOf([&] { m_component->SaveParent(QStringLiteral("Delta"), QString()); }),
@@ -241,7 +241,7 @@ void TestHvxRights::RightGiven_UnderOpenSession_NextWriteWorks()
     QCOMPARE(answer, QStringLiteral("TRUE"));
 }
 
-void TestHvxRights::SetRights_WithoutEditRight_Refused()
+void TestSqliteRights::SetRights_WithoutEditRight_Refused()
 {
     WorkAs(Anna);
 
@@ -253,7 +253,7 @@ void TestHvxRights::SetRights_WithoutEditRight_Refused()
     QCOMPARE(edit, 0);
 }
 
-void TestHvxRights::SetRights_ByOwnerOfFile_WorksWithoutEditRight()
+void TestSqliteRights::SetRights_ByOwnerOfFile_WorksWithoutEditRight()
 {
     const QString owner = Machine().UserName();
     SetRights(owner, false, false);
@@ -265,5 +265,5 @@ void TestHvxRights::SetRights_ByOwnerOfFile_WorksWithoutEditRight()
     m_component->SaveParent(QStringLiteral("Delta"), QString());
 }
 
-QTEST_GUILESS_MAIN(TestHvxRights)
-#include "TestHvxRights.moc"
+QTEST_GUILESS_MAIN(TestSqliteRights)
+#include "TestSqliteRights.moc"
