@@ -234,6 +234,9 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalChunk:
         return JournalChunkText();
     // Record 1 is the version text and counts as none.
+    case HvxStatement::JournalEntriesAfter:
+        return QStringLiteral("SELECT id, record_type, text1, number, changed FROM journal"
+                              " WHERE id > 1 AND id > ? ORDER BY id LIMIT ?");
     case HvxStatement::JournalCount:
         return QStringLiteral("SELECT count(*) FROM journal WHERE id > 1");
     case HvxStatement::JournalFirstToKeep:

@@ -78,6 +78,8 @@ enum class HvxStatement
     /// tell of a node that was saved: its name_key, id, connection's name, target, node_type, command_tail,
     /// manager_index. The node is the one of that name, else the one of that number, else NULL.
     JournalChunk,
+    /// A number of records behind an id: id, record_type, text1, number, changed.
+    JournalEntriesAfter,
     JournalCount,
     JournalFirstToKeep,
     JournalFirstYoungerThan,

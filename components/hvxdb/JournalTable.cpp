@@ -80,6 +80,13 @@ JournalEnds JournalTable::Ends() const
     return ends;
 }
 
+qint32 JournalTable::IdBefore(qint32 count) const
+{
+    return count <= 0
+               ? LastId()
+               : static_cast<qint32>(Number(HvxStatement::JournalFirstToKeep, {count - 1}).value_or(1) - 1);
+}
+
 QString JournalTable::IdsAfter(qint32 id) const
 {
     if (!m_store->InTransaction())

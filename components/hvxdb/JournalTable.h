@@ -15,6 +15,8 @@ public:
     /// 0 for a Journal without records.
     [[nodiscard]] qint32 LastId() const;
     [[nodiscard]] JournalEnds Ends() const;
+    /// The id behind which the newest `count` records stand; 0 when there are no more than that.
+    [[nodiscard]] qint32 IdBefore(qint32 count) const;
     /// Ids behind `id`, ascending, as an item list.
     [[nodiscard]] QString IdsAfter(qint32 id) const;
     [[nodiscard]] JournalRecord Record(qint32 id) const;
