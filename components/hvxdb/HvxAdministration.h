@@ -44,6 +44,30 @@ struct ManagerRecord
     QString commandText;
 };
 
+/// A record of the Journal as it is stored.
+struct JournalEntry
+{
+    qint32 id = 0;
+    /// 20 node deleted, 21 connection deleted, 30 node new, 31 connection new, 40 node changed, 41 connection
+    /// changed.
+    qint32 recordType = 0;
+    /// Of the node or connection.
+    QString name;
+    qint32 recordId = 0;
+    /// Seconds since 1970.
+    qint64 changed = 0;
+};
+
+/// Records of the Journal, and where it begins and ends. Record 1, the version text, is no change and is
+/// never among them.
+struct JournalPart
+{
+    std::vector<JournalEntry> entries;
+    /// 0 when there is no record.
+    qint32 oldestId = 0;
+    qint32 lastId = 0;
+};
+
 /// The database that this workstation uses: `chosen` if not empty, else the environment variable
 /// ZELKA_DBS32, else the named value ODBC/DBS32, else the file Dbs.mdb in the user's data folder.
 QString DataSource(const QString& chosen = QString());
@@ -116,6 +140,11 @@ public:
     virtual QString AddManager(const QString& device, const QString& path, const QString& commandText) = 0;
     /// Refuses an unknown device.
     virtual void RemoveManager(const QString& device) = 0;
+
+    /// At most `most` records behind `afterId`, in the order of ids.
+    [[nodiscard]] virtual JournalPart JournalAfter(qint32 afterId, qint32 most) = 0;
+    /// The id behind which the newest `count` records stand; 0 when there are no more than that.
+    [[nodiscard]] virtual qint32 JournalIdBefore(qint32 count) = 0;
 
     /// Rights of a user ("*": everyone without rights of his own).
     virtual void SetRights(const QString& user, bool scan, bool edit) = 0;

@@ -3,6 +3,7 @@
 #include "components/hvxdb/BulkWriter.h"
 #include "components/hvxdb/DatabaseCheck.h"
 #include "components/hvxdb/HvxNames.h"
+#include "components/hvxdb/JournalTable.h"
 #include "components/hvxdb/MaintenanceLock.h"
 #include "components/hvxdb/RightsRoles.h"
 #include "components/hvxdb/SqlFailure.h"
@@ -93,6 +94,33 @@ void HvxAdministrator::RemoveManager(const QString& device)
     if (session.Write(HvxStatement::DeleteManager, {stored}) == 0)
         RaiseRefusal(QStringLiteral("The device %1 has no manager.").arg(device));
     scope.Commit();
+}
+
+JournalPart HvxAdministrator::JournalAfter(qint32 afterId, qint32 most)
+{
+    JournalPart part;
+    // In one transaction, so that the ends are those of the Journal that has these records.
+    StoreScope scope(*m_store);
+    const JournalEnds ends = JournalTable(*m_store).Ends();
+    part.oldestId = static_cast<qint32>(ends.oldestId);
+    part.lastId = static_cast<qint32>(ends.lastId);
+    if (ends.lastId > afterId) {
+        SqlRows rows = m_store->Session().Read(HvxStatement::JournalEntriesAfter, {afterId, most});
+        while (rows.Next()) {
+            part.entries.push_back(
+                {rows.Number(0), rows.Number(1), rows.Text(2), rows.Number(3), rows.LongNumber(4)});
+        }
+    }
+    scope.Commit();
+    return part;
+}
+
+qint32 HvxAdministrator::JournalIdBefore(qint32 count)
+{
+    StoreScope scope(*m_store);
+    const qint32 id = JournalTable(*m_store).IdBefore(count);
+    scope.Commit();
+    return id;
 }
 
 void HvxAdministrator::SetRights(const QString& user, bool scan, bool edit)

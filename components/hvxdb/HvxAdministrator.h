@@ -20,6 +20,8 @@ public:
     [[nodiscard]] std::vector<ManagerRecord> Managers() override;
     QString AddManager(const QString& device, const QString& path, const QString& commandText) override;
     void RemoveManager(const QString& device) override;
+    [[nodiscard]] JournalPart JournalAfter(qint32 afterId, qint32 most) override;
+    [[nodiscard]] qint32 JournalIdBefore(qint32 count) override;
     /// Needs the edit right, or the ownership of the database file.
     void SetRights(const QString& user, bool scan, bool edit) override;
     [[nodiscard]] QStringList Check() override;

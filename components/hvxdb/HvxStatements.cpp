@@ -210,23 +210,41 @@ QString WriteText(HvxStatement statement)
     }
 }
 
+/// The number names no node any more once the node was saved again, so the name goes first. Where a name
+/// holds other letters than the engine folds, the number finds the node that nobody has saved since.
+QString JournalChunkText()
+{
+    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
+                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
+                          " n.manager_index"
+                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
+                          " ORDER BY id LIMIT %1) j"
+                          " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
+                          " FROM node WHERE name_key = lower(trim(j.text1))), j.number)"
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
+        .arg(JournalRecordsPerChunk);
+}
+
 QString JournalText(HvxStatement statement)
 {
     switch (statement) {
-    case HvxStatement::JournalLastId:
-        return QStringLiteral("SELECT max(id) FROM journal");
+    case HvxStatement::JournalEnds:
+        return QStringLiteral("SELECT (SELECT max(id) FROM journal),"
+                              " (SELECT min(id) FROM journal WHERE id > 1),"
+                              " (SELECT changed FROM journal WHERE id > 1 ORDER BY id LIMIT 1)");
     case HvxStatement::JournalIdsAfter:
         return QStringLiteral("SELECT group_concat(id, char(9)) FROM"
                               " (SELECT id FROM journal WHERE id > ? ORDER BY id LIMIT -1)");
     case HvxStatement::JournalRecord:
         return QStringLiteral("SELECT record_type, text1, number, text2 FROM journal WHERE id = ?");
+    case HvxStatement::JournalChunk:
+        return JournalChunkText();
     // Record 1 is the version text and counts as none.
+    case HvxStatement::JournalEntriesAfter:
+        return QStringLiteral("SELECT id, record_type, text1, number, changed FROM journal"
+                              " WHERE id > 1 AND id > ? ORDER BY id LIMIT ?");
     case HvxStatement::JournalCount:
-        return QStringLiteral("SELECT count(*) - EXISTS (SELECT 1 FROM journal WHERE id = 1) FROM journal");
-    case HvxStatement::JournalOldest:
-        return QStringLiteral("SELECT changed FROM journal WHERE id > 1 ORDER BY id LIMIT 1");
-    case HvxStatement::JournalOldestId:
-        return QStringLiteral("SELECT min(id) FROM journal WHERE id > 1");
+        return QStringLiteral("SELECT count(*) FROM journal WHERE id > 1");
     case HvxStatement::JournalFirstToKeep:
         return QStringLiteral("SELECT id FROM journal WHERE id > 1 ORDER BY id DESC LIMIT 1 OFFSET ?");
     case HvxStatement::JournalFirstYoungerThan:

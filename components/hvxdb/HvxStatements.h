@@ -5,6 +5,9 @@
 /// Stands between the fields of a packed row; a row that holds it itself is read in columns.
 inline constexpr QChar PackedFieldSeparator{u'\x1f'};
 
+/// Records of one JournalChunk.
+inline constexpr int JournalRecordsPerChunk = 4000;
+
 /// The statements of the database component, by what they do. All values are bound.
 enum class HvxStatement
 {
@@ -74,12 +77,17 @@ enum class HvxStatement
     MoveUsersText,
 
     // Journal
-    JournalLastId,
+    /// One row: the last id, the oldest one behind record 1 and when that was written.
+    JournalEnds,
     JournalIdsAfter,
     JournalRecord,
+    /// The next JournalRecordsPerChunk records: id, record_type, text1, number, text2; and of records that
+    /// tell of a node that was saved: its name_key, id, connection's name, target, node_type, command_tail,
+    /// manager_index. The node is the one of that name, else the one of that number, else NULL.
+    JournalChunk,
+    /// A number of records behind an id: id, record_type, text1, number, changed.
+    JournalEntriesAfter,
     JournalCount,
-    JournalOldest,
-    JournalOldestId,
     JournalFirstToKeep,
     JournalFirstYoungerThan,
     JournalDeleteBefore,

@@ -36,6 +36,7 @@ void HvxStore::Close()
     m_open = false;
     m_session.Disconnect();
     m_cache.Clear();
+    m_counted.reset();
     m_definitions = Definitions();
     m_definitionsVersion = 0;
     m_loaded = false;

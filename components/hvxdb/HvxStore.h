@@ -4,6 +4,14 @@
 #include "components/hvxdb/RecordCache.h"
 #include "components/hvxdb/SqlSession.h"
 
+/// How many records the Journal has while these are the ends of it.
+struct CountedJournal
+{
+    qint64 oldestId = 0;
+    qint64 lastId = 0;
+    qint64 count = 0;
+};
+
 /// An opened database with what is kept of it in memory: definitions, rights, the rows of the open
 /// transaction. The parts of the component and of the administration work on one store each.
 ///
@@ -37,6 +45,8 @@ public:
     [[nodiscard]] const Definitions& CurrentDefinitions() const { return m_definitions; }
     /// Rows read in the open transaction; empty outside.
     [[nodiscard]] RecordCache& Cache() { return m_cache; }
+    /// What was counted last, in whatever transaction.
+    [[nodiscard]] std::optional<CountedJournal>& Counted() { return m_counted; }
     [[nodiscard]] bool InTransaction() const { return m_session.Level() > 0; }
 
     /// Reads the definitions again unless they have this version.
@@ -68,6 +78,7 @@ private:
     Definitions m_definitions;
     qint32 m_definitionsVersion = 0;
     RecordCache m_cache;
+    std::optional<CountedJournal> m_counted;
     QString m_ownLock;
     QString m_heldLock;
     bool m_loaded = false;

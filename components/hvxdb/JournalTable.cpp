@@ -1,25 +1,110 @@
 #include "components/hvxdb/JournalTable.h"
 
+#include "components/hvxdb/HvxAdministration.h"
+#include "components/hvxdb/HvxNames.h"
 #include "components/hvxdb/ItemText.h"
 
 #include <QDateTime>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr qint64 SecondsOfDay = 86'400;
 /// The version text, which stays, and the first record that can go.
 constexpr qint64 FirstChange = 2;
+/// The end of a chunk behind which no record is left.
+constexpr qint64 Everything = std::numeric_limits<qint64>::max();
+
+/// Columns of HvxStatement::JournalChunk.
+enum ChunkColumn
+{
+    RecordId,
+    RecordType,
+    RecordText1,
+    RecordNumber,
+    RecordText2,
+    NodeKey,
+    NodeId,
+    NodeConnection,
+    NodeTarget,
+    NodeType,
+    NodeTail,
+    NodeManager,
+};
+
+bool TellsOfSavedNode(const JournalRecord& record)
+{
+    return record.recordType == 30 || record.recordType == 40;
+}
+
+/// True when no node has that name, given that the engine's own key of it leads to none.
+bool IsSureToBeGone(const QString& name)
+{
+    return !NeedsOwnKey(name) && std::none_of(name.cbegin(), name.cend(), IsControl);
+}
+
+/// Keeps the node that stands behind the columns of the record in the row of a chunk; that there is none,
+/// too.
+void KeepNode(const SqlRows& row, const QString& name, JournalChunk& chunk)
+{
+    if (!row.IsNull(NodeKey)) {
+        chunk.nodes.insert_or_assign(row.Text(NodeKey),
+                                     NodeRow{true, row.Number(NodeId), row.Text(NodeConnection),
+                                             row.Text(NodeTarget), row.Text(NodeType), row.Text(NodeTail),
+                                             row.Text(NodeManager)});
+    }
+    if (IsSureToBeGone(name))
+        chunk.nodes.try_emplace(FoldedName(name));
+}
 
 } // namespace
 
 qint32 JournalTable::LastId() const
 {
-    return static_cast<qint32>(Number(HvxStatement::JournalLastId).value_or(0));
+    return static_cast<qint32>(Ends().lastId);
+}
+
+JournalEnds JournalTable::Ends() const
+{
+    RecordCache& cache = m_store->Cache();
+    if (cache.journalEnds)
+        return *cache.journalEnds;
+    JournalEnds ends;
+    SqlRows rows = m_store->Session().Read(HvxStatement::JournalEnds);
+    if (rows.Next())
+        ends = {rows.LongNumber(0), rows.LongNumber(1), rows.LongNumber(2)};
+    if (m_store->InTransaction())
+        cache.journalEnds = ends;
+    return ends;
+}
+
+qint32 JournalTable::IdBefore(qint32 count) const
+{
+    return count <= 0
+               ? LastId()
+               : static_cast<qint32>(Number(HvxStatement::JournalFirstToKeep, {count - 1}).value_or(1) - 1);
 }
 
 QString JournalTable::IdsAfter(qint32 id) const
+{
+    if (!m_store->InTransaction())
+        return IdsBehind(id);
+    QString ids = ReadChunk(id, Everything);
+    JournalChunk& chunk = *m_store->Cache().journalChunk;
+    if (chunk.upTo == Everything)
+        return ids;
+    const QString rest = IdsBehind(chunk.upTo);
+    if (rest.isEmpty()) {
+        chunk.upTo = Everything;
+        return ids;
+    }
+    chunk.listEnd = rest.sliced(rest.lastIndexOf(ItemSeparator) + 1).toLongLong();
+    return ids + ItemSeparator + rest;
+}
+
+QString JournalTable::IdsBehind(qint64 id) const
 {
     SqlRows rows = m_store->Session().Read(HvxStatement::JournalIdsAfter, {id});
     return rows.Next() ? rows.Text(0) : QString();
@@ -27,19 +112,64 @@ QString JournalTable::IdsAfter(qint32 id) const
 
 JournalRecord JournalTable::Record(qint32 id) const
 {
+    if (const std::optional<JournalRecord> known = RecordOfChunks(id))
+        return *known;
     SqlRows rows = m_store->Session().Read(HvxStatement::JournalRecord, {id});
     if (!rows.Next())
         return {};
     return {rows.Number(0), rows.Text(1), rows.Number(2), rows.Text(3)};
 }
 
+std::optional<JournalRecord> JournalTable::RecordOfChunks(qint64 id) const
+{
+    const std::optional<JournalChunk>& chunk = m_store->Cache().journalChunk;
+    if (!chunk || id <= chunk->after)
+        return std::nullopt;
+    if (id > chunk->upTo) {
+        if (id > chunk->listEnd)
+            return std::nullopt;
+        // Chunks only go forward, so that no order of asking reads a record in two of them.
+        ReadChunk(id - 1, chunk->listEnd);
+    }
+    const auto found = chunk->records.find(id);
+    return found == chunk->records.end() ? JournalRecord() : found->second;
+}
+
+QString JournalTable::ReadChunk(qint64 after, qint64 listEnd) const
+{
+    JournalChunk chunk{after, Everything, listEnd, {}, {}};
+    QString ids;
+    qint64 last = after;
+    {
+        SqlRows rows = m_store->Session().Read(HvxStatement::JournalChunk, {after});
+        while (rows.Next()) {
+            last = rows.LongNumber(RecordId);
+            if (!ids.isEmpty())
+                ids += ItemSeparator;
+            ids += QString::number(last);
+            const JournalRecord record{rows.Number(RecordType), rows.Text(RecordText1),
+                                       rows.Number(RecordNumber), rows.Text(RecordText2)};
+            chunk.records.insert_or_assign(last, record);
+            if (TellsOfSavedNode(record))
+                KeepNode(rows, record.text1, chunk);
+        }
+    }
+    if (chunk.records.size() == JournalRecordsPerChunk)
+        chunk.upTo = last;
+    m_store->Cache().journalChunk = std::move(chunk);
+    return ids;
+}
+
 void JournalTable::ClearByRecordLimit(qint32 recordLimit, qint32 recordsToKeep) const
 {
-    if (recordLimit <= 0 || Number(HvxStatement::JournalCount).value_or(0) <= recordLimit)
+    if (recordLimit <= 0)
+        return;
+    const JournalEnds ends = Ends();
+    if (!HasMoreThan(recordLimit, ends))
         return;
     // The newest stays in any case: ids go on behind it.
     const qint32 kept = std::max(recordsToKeep, 1);
-    RemoveBefore(Number(HvxStatement::JournalFirstToKeep, {kept - 1}).value_or(0));
+    RemoveBefore(Number(HvxStatement::JournalFirstToKeep, {kept - 1}).value_or(0), ends);
 }
 
 void JournalTable::ClearByDayLimit(qint32 dayLimit, qint32 daysToKeep) const
@@ -47,11 +177,22 @@ void JournalTable::ClearByDayLimit(qint32 dayLimit, qint32 daysToKeep) const
     if (dayLimit <= 0)
         return;
     const qint64 now = QDateTime::currentSecsSinceEpoch();
-    const std::optional<qint64> oldest = Number(HvxStatement::JournalOldest);
-    if (!oldest || *oldest >= now - dayLimit * SecondsOfDay)
+    const JournalEnds ends = Ends();
+    if (ends.oldestId == 0 || ends.oldestChanged >= now - dayLimit * SecondsOfDay)
         return;
     const qint64 keepFrom = now - std::max(daysToKeep, 0) * SecondsOfDay;
-    RemoveBefore(Number(HvxStatement::JournalFirstYoungerThan, {keepFrom}).value_or(0));
+    RemoveBefore(Number(HvxStatement::JournalFirstYoungerThan, {keepFrom}).value_or(0), ends);
+}
+
+bool JournalTable::HasMoreThan(qint32 recordLimit, const JournalEnds& ends) const
+{
+    if (ends.oldestId == 0 || ends.lastId - ends.oldestId + 1 <= recordLimit)
+        return false;
+    // Some ids in between can be missing.
+    std::optional<CountedJournal>& counted = m_store->Counted();
+    if (!counted || counted->oldestId != ends.oldestId || counted->lastId != ends.lastId)
+        counted = {ends.oldestId, ends.lastId, Number(HvxStatement::JournalCount).value_or(0)};
+    return counted->count > recordLimit;
 }
 
 std::optional<qint64> JournalTable::Number(HvxStatement statement, const QVariantList& values) const
@@ -62,10 +203,9 @@ std::optional<qint64> JournalTable::Number(HvxStatement statement, const QVarian
     return rows.LongNumber(0);
 }
 
-void JournalTable::RemoveBefore(qint64 id) const
+void JournalTable::RemoveBefore(qint64 id, const JournalEnds& ends) const
 {
-    const std::optional<qint64> oldest = Number(HvxStatement::JournalOldestId);
-    if (!oldest || id < FirstChange || *oldest >= id)
+    if (ends.oldestId == 0 || id < FirstChange || ends.oldestId >= id)
         return;
     StoreScope scope(*m_store);
     SqlSession& session = m_store->Session();

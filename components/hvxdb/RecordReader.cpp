@@ -80,6 +80,11 @@ NodeRow RecordReader::Node(const QString& name) const
     RecordCache& cache = m_store->Cache();
     if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
         return known->second;
+    if (cache.journalChunk) {
+        const auto told = cache.journalChunk->nodes.find(key);
+        if (told != cache.journalChunk->nodes.end())
+            return told->second;
+    }
     NodeFields fields;
     NodeRow node;
     if (ReadNodeFields(m_store->Session(), key, fields)) {

@@ -1,42 +1,10 @@
-#include "components/hvxdb/HvxAdministration.h"
+#include "tests/tools/ListedDatabase.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/ExportRun.h"
 
 #include <QTest>
 
 namespace {
-
-/// Records in memory.
-class ListedDatabase : public HvxAdministration
-{
-public:
-    std::vector<ConnectionRecord> connections;
-    std::vector<NodeRecord> nodes;
-
-    [[nodiscard]] const Catalogue& CatalogueData() const override { return m_catalogue; }
-    void ForEachConnection(const std::function<void(const ConnectionRecord&)>& take) override
-    {
-        for (const ConnectionRecord& connection : connections)
-            take(connection);
-    }
-    void ForEachNode(const QString& under, const std::function<void(const NodeRecord&)>& take) override
-    {
-        for (const NodeRecord& node : nodes) {
-            if (under.isEmpty() || FoldedName(node.conName) == FoldedName(under))
-                take(node);
-        }
-    }
-    [[nodiscard]] std::unique_ptr<HvxBulkWriter> BeginBulkWrite() override { return nullptr; }
-    [[nodiscard]] std::vector<ManagerRecord> Managers() override { return {}; }
-    QString AddManager(const QString&, const QString&, const QString&) override { return {}; }
-    void RemoveManager(const QString&) override {}
-    void SetRights(const QString&, bool, bool) override {}
-    [[nodiscard]] QStringList Check() override { return {}; }
-    [[nodiscard]] std::unique_ptr<QObject> LockForMaintenance() override { return nullptr; }
-
-private:
-    Catalogue m_catalogue;
-};
 
 const QByteArray Header = "kind,name,target,connection,manager,command\r\n";
 

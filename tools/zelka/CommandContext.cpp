@@ -1,6 +1,8 @@
 #include "tools/zelka/CommandContext.h"
 
 #include "components/hvxdb/HvxAdministration.h"
+#include "platform/ComponentError.h"
+#include "platform/HvxDatabase.h"
 
 QString CommandContext::Source() const
 {
@@ -26,4 +28,12 @@ void CommandContext::AddSourceOption(CLI::App& command)
 void CommandContext::AddJsonOption(CLI::App& command)
 {
     command.add_flag("--json", json, "Print JSON");
+}
+
+QString WordsOf(const ComponentError& error)
+{
+    // The engine's words for a busy database say little to an operator.
+    if (error.Number() == DatabaseErrorNumber::InUse)
+        return QStringLiteral("The database is in use by another program: %1").arg(error.Description());
+    return error.Description();
 }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+class ComponentError;
 class HvxAdministration;
 
 /// What all commands share: the chosen source, the output, and the command that the arguments chose.
@@ -28,3 +29,6 @@ struct CommandContext
     void AddSourceOption(CLI::App& command);
     void AddJsonOption(CLI::App& command);
 };
+
+/// A failure of the database in words for an operator.
+QString WordsOf(const ComponentError& error);

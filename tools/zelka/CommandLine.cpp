@@ -8,6 +8,7 @@
 #include "tools/zelka/CopyCommand.h"
 #include "tools/zelka/EditCommands.h"
 #include "tools/zelka/InitCommand.h"
+#include "tools/zelka/JournalCommand.h"
 #include "tools/zelka/ListCommands.h"
 #include "tools/zelka/ManageCommand.h"
 #include "tools/zelka/ShowCommand.h"
@@ -24,14 +25,6 @@ namespace {
 ExitCode ExitCodeOf(const ComponentError& error)
 {
     return error.Number() == DatabaseErrorNumber::Refused ? ExitCode::Refused : ExitCode::DatabaseUnavailable;
-}
-
-/// The engine's words for a busy database say little to an operator.
-QString WordsOf(const ComponentError& error)
-{
-    if (error.Number() == DatabaseErrorNumber::InUse)
-        return QStringLiteral("The database is in use by another program: %1").arg(error.Description());
-    return error.Description();
 }
 
 /// An unknown word in place of a command reads better than the command that is missing then.
@@ -105,6 +98,7 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     const CopyCommand copy(db, context);
     const TransferCommands transfer(db, context);
     const AdministrationCommands administration(db, context);
+    const JournalCommand journal(db, context);
     const ListCommands list(app, context);
     const ShowCommand show(app, context);
     const TargetCommands target(app, context);

@@ -5,6 +5,8 @@
 #include <QFileDevice>
 #include <QJsonDocument>
 
+#include <poll.h>
+
 namespace {
 
 CommandError WriteFailed(const QIODevice& device)
@@ -18,7 +20,7 @@ CommandOutput::CommandOutput(QIODevice& data, QIODevice& words) : m_data(data), 
 
 void CommandOutput::Write(const QByteArray& bytes)
 {
-    if (m_data.write(bytes) != bytes.size())
+    if (!m_readerHasGone && m_data.write(bytes) != bytes.size())
         throw WriteFailed(m_data);
 }
 
@@ -36,6 +38,12 @@ void CommandOutput::Object(const QJsonObject& object)
 {
     m_document = Document::Complete;
     Write(QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+}
+
+void CommandOutput::ObjectLine(const QJsonObject& object)
+{
+    Object(object);
+    m_document = Document::Lines;
 }
 
 void CommandOutput::BeginArray()
@@ -77,7 +85,7 @@ void CommandOutput::Failure(const QString& text, bool told)
         Words(text);
     if (!m_json)
         return;
-    if (m_document == Document::None)
+    if (m_document == Document::None || m_document == Document::Lines)
         Object({{QStringLiteral("error"), text}});
     else if (m_document == Document::Array)
         EndArray();
@@ -85,6 +93,18 @@ void CommandOutput::Failure(const QString& text, bool told)
 
 void CommandOutput::Flush()
 {
+    if (m_readerHasGone)
+        return;
     if (auto* file = qobject_cast<QFileDevice*>(&m_data); file && !file->flush())
         throw WriteFailed(m_data);
+}
+
+bool CommandOutput::ReaderHasGone()
+{
+    if (auto* file = qobject_cast<QFileDevice*>(&m_data)) {
+        pollfd state{file->handle(), 0, 0};
+        if (::poll(&state, 1, 0) > 0 && (state.revents & (POLLERR | POLLHUP)) != 0)
+            m_readerHasGone = true;
+    }
+    return m_readerHasGone;
 }

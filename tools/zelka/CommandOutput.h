@@ -8,7 +8,8 @@
 /// another.
 ///
 /// In JSON form exactly one document is printed: an object, an array whose items are written as they come,
-/// or `{"error": …}`. Nothing is lost in silence: a write that fails raises CommandError (Refused).
+/// or `{"error": …}`; only what may never end is printed as an object a line. Nothing is lost in silence: a
+/// write that fails raises CommandError (Refused).
 class CommandOutput
 {
 public:
@@ -24,6 +25,9 @@ public:
     /// The whole document; only in JSON form.
     void Object(const QJsonObject& object);
 
+    /// One of any number of objects, a line each; only in JSON form.
+    void ObjectLine(const QJsonObject& object);
+
     void BeginArray();
     void Item(const QJsonObject& object);
     void EndArray();
@@ -37,6 +41,10 @@ public:
     /// Pushes everything out.
     void Flush();
 
+    /// True when nobody can read the data any more, because the other end of a pipe has gone. From then on
+    /// data are dropped.
+    [[nodiscard]] bool ReaderHasGone();
+
 private:
     void Write(const QByteArray& bytes);
 
@@ -44,11 +52,13 @@ private:
     {
         None,
         Array,
+        Lines,
         Complete,
     };
     QIODevice& m_data;
     QIODevice& m_words;
     bool m_json = false;
     bool m_firstItem = true;
+    bool m_readerHasGone = false;
     Document m_document = Document::None;
 };
