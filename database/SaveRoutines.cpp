@@ -40,26 +40,6 @@ bool NodesAreSelectedUnderConnections()
     return NodesAreShown() && Model().ConObject->optCon;
 }
 
-/// A tree without a root has not been shown yet and will be filled by what the database then holds.
-bool IsFilled(const TreeEntries& tree)
-{
-    return tree.FindByKey(RootKey) != 0;
-}
-
-/// What stands in `tree` for a record that was saved under a new id: its old entry, renewed in place so that
-/// the selection stays, or a new one. 0 when it can be neither.
-TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
-                              const QString& text)
-{
-    if (old != 0 && tree.SetKey(old, key)) {
-        tree.RemoveChildren(old);
-        tree.SetText(old, text);
-        return old;
-    }
-    tree.Remove(old);
-    return AddTreeEntry(tree, RootKey, TreeChild, key, text);
-}
-
 /// The connection's entry, with its children. False: it cannot stand there, or they cannot be read.
 bool PutConnection(TreeEntries& tree, TreeEntries::Index old, const QString& id, const QString& name,
                    bool viewNodes, qint32& position)
@@ -288,9 +268,6 @@ bool RemoveNodeEntry(const QString& nodeName, TreeEntries& conTree, TreeEntries&
         !keepSelection && selected != 0 && IsNodeKey(conTree.Key(selected)) && conTree.Text(selected) == name;
     if (!selectedIsTheNode && !FindTreeEntry(name, conTree, entry, true))
         return true;
-    const TreeEntries::Index connection = conTree.Parent(entry);
-    const bool expanded = conTree.Expanded(connection);
     RemoveEntry(conTree, entry);
-    conTree.SetExpanded(connection, expanded);
     return true;
 }

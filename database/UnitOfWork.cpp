@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-UnitOfWork::UnitOfWork(std::initializer_list<TreeEntries*> trees)
+UnitOfWork::UnitOfWork(const std::vector<TreeEntries*>& trees)
 {
     for (TreeEntries* tree : trees) {
         if (tree)
@@ -37,6 +37,19 @@ void UnitOfWork::Begin()
         ErrorBox(DatabaseText::AccessDenied());
         GiveUp();
     }
+    NotePatches();
+}
+
+void UnitOfWork::BeginQuietly()
+{
+    RequireTrees();
+    if (!Gateway().BeginTransactionDbRefresh(m_transactionOpen))
+        GiveUp();
+    NotePatches();
+}
+
+void UnitOfWork::NotePatches()
+{
     RequireTrees();
     // Not earlier: what other code does to the trees while a box stands open is not this transaction's.
     for (const QPointer<TreeEntries>& tree : m_trees)

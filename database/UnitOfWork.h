@@ -21,7 +21,10 @@ class UnitOfWork
 {
 public:
     /// Trees that the work may patch while its transaction is open; null ones are left out.
-    explicit UnitOfWork(std::initializer_list<TreeEntries*> trees);
+    explicit UnitOfWork(std::initializer_list<TreeEntries*> trees)
+        : UnitOfWork(std::vector<TreeEntries*>(trees))
+    {}
+    explicit UnitOfWork(const std::vector<TreeEntries*>& trees);
     ~UnitOfWork();
     UnitOfWork(const UnitOfWork&) = delete;
     UnitOfWork& operator=(const UnitOfWork&) = delete;
@@ -32,6 +35,8 @@ public:
     /// Begins the transaction. Refused: the operator is told, and the work ends. It ends as well, without a
     /// word, when the host has destroyed one of the trees under a box.
     void Begin();
+    /// The same where nobody asked for the work: one that is refused ends without a word.
+    void BeginQuietly();
     /// Commits and keeps the trees' patches. A failure is told, and the work ends.
     void Commit();
     /// Commits whatever was done, without a word of a failure, before the work is given up; the trees are as
@@ -53,6 +58,7 @@ public:
 
 private:
     void RequireTrees() const;
+    void NotePatches();
     void KeepPatches();
     void UndoPatches();
 

@@ -378,6 +378,13 @@ TreeEntries::Index TreeEntries::FindByText(const QString& text, bool isNode) con
     return Index(first);
 }
 
+std::vector<TreeEntries::Index> TreeEntries::AllByText(const QString& text) const
+{
+    std::vector<Index> found;
+    m_store->entries.ForEachOfText(QStringView(text), [&](quint32 entry) { found.push_back(Index(entry)); });
+    return found;
+}
+
 /// Collection order: by Index, the children of a connection right behind it.
 bool TreeEntries::StandsBefore(quint32 left, quint32 right) const
 {

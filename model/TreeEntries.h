@@ -103,6 +103,8 @@ public:
     /// The first entry in collection order whose text equals `text`, ignoring case, and whose being a node
     /// equals `isNode`; 0 when there is none. Children of a connection come right behind it.
     [[nodiscard]] Index FindByText(const QString& text, bool isNode) const;
+    /// All entries of that text, ignoring case, in no order.
+    [[nodiscard]] std::vector<Index> AllByText(const QString& text) const;
     /// The first child (display order) that carries the continuation mark; 0 when there is none.
     [[nodiscard]] Index FindContinued(Index parent) const;
     /// All entries that have a parent and at least one child, in collection order.

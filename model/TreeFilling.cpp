@@ -54,23 +54,17 @@ std::vector<QString> WaypointNames(const PairTable& items)
     return names;
 }
 
-/// A continued load goes on behind the marked node. Before that one goes, the mark passes to the last one
-/// that was loaded before it, so that the load goes on at the same place.
-void PassContinueMark(TreeEntries& tree, TreeEntries::Index entry)
+/// The last one that was loaded before the node of a continuation mark; 0: none.
+TreeEntries::Index LoadedBefore(const TreeEntries& tree, TreeEntries::Index marked)
 {
-    const qint32 position = qAbs(tree.Id(entry));
-    TreeEntries::Index heir = 0;
-    for (const TreeEntries::Index child : ChildrenOf(tree, tree.Parent(entry))) {
+    const qint32 position = qAbs(tree.Id(marked));
+    TreeEntries::Index before = 0;
+    for (const TreeEntries::Index child : ChildrenOf(tree, tree.Parent(marked))) {
         const qint32 id = tree.Id(child);
-        if (id < position && id > (heir != 0 ? tree.Id(heir) : 0))
-            heir = child;
+        if (id < position && id > (before != 0 ? tree.Id(before) : 0))
+            before = child;
     }
-    if (heir == 0)
-        return;
-    if (std::optional<TreeKey> key = TreeKey::Parse(tree.Key(heir))) {
-        key->id = -key->id;
-        tree.SetKey(heir, key->Format());
-    }
+    return before;
 }
 
 } // namespace
@@ -88,25 +82,58 @@ bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::In
 
 bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntries::Index& entry)
 {
-    entry = tree.FindByText(name, false);
-    if (entry == 0 || tree.Kind(entry) == u'C')
-        return entry != 0;
-    // The root, or a waypoint of a connection before it, carries the same text.
-    for (const TreeEntries::Index child : ChildrenOf(tree, tree.FindByKey(RootKey))) {
-        if (tree.Text(child).compare(name, Qt::CaseInsensitive) == 0 && tree.Kind(child) == u'C') {
-            entry = child;
-            return true;
+    // The root, or a waypoint of a connection before it, may carry the same text.
+    entry = 0;
+    for (const TreeEntries::Index found : tree.AllByText(name)) {
+        if (tree.Kind(found) == u'C' && (entry == 0 || found < entry))
+            entry = found;
+    }
+    return entry != 0;
+}
+
+bool IsFilled(const TreeEntries& tree)
+{
+    return tree.FindByKey(RootKey) != 0;
+}
+
+TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
+                              const QString& text)
+{
+    if (old != 0 && tree.SetKey(old, key)) {
+        tree.RemoveChildren(old);
+        tree.SetText(old, text);
+        return old;
+    }
+    tree.Remove(old);
+    return AddTreeEntry(tree, RootKey, TreeChild, key, text);
+}
+
+bool PassContinueMark(TreeEntries& tree, TreeEntries::Index entry)
+{
+    const TreeEntries::Index connection = tree.Parent(entry);
+    if (tree.Id(entry) >= 0 || tree.Kind(connection) != u'C')
+        return true;
+    // The load goes on behind the marked node, at the same place in the database.
+    const TreeEntries::Index heir = LoadedBefore(tree, entry);
+    if (heir == 0) {
+        tree.RemoveChildren(connection);
+        tree.SetExpanded(connection, false);
+        return false;
+    }
+    for (const TreeEntries::Index node : {entry, heir}) {
+        if (std::optional<TreeKey> key = TreeKey::Parse(tree.Key(node))) {
+            key->id = -key->id;
+            tree.SetKey(node, key->Format());
         }
     }
-    entry = 0;
-    return false;
+    return true;
 }
 
 bool RemoveEntry(TreeEntries& tree, TreeEntries::Index entry)
 {
-    if (tree.Id(entry) < 0)
-        PassContinueMark(tree, entry);
-    return tree.Remove(entry);
+    if (!tree.Exists(entry))
+        return false;
+    return !PassContinueMark(tree, entry) || tree.Remove(entry);
 }
 
 bool DeleteTreeEntry(const QString& text, TreeEntries& tree, bool isNode)

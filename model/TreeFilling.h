@@ -35,8 +35,21 @@ bool FindTreeEntry(const QString& text, const TreeEntries& tree, TreeEntries::In
 /// The same for connections alone: a root or a waypoint of that text does not count.
 bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntries::Index& entry);
 
-/// Removes an entry with all below it; a continuation mark that it carries passes to the node loaded before
-/// it. False: there is no such entry.
+/// A tree without a root has not been shown yet and will be filled by what the database then holds.
+[[nodiscard]] bool IsFilled(const TreeEntries& tree);
+
+/// What stands in `tree` for a record that was saved under a new id: its old entry (0: none), renewed in
+/// place without children so that the selection stays, or a new one under the root. 0 when it can be neither.
+TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
+                              const QString& text);
+
+/// Passes the continuation mark of a node, where it carries one, to the node that was loaded before it.
+/// False: there is none; its connection has been emptied and closed then, so that it is read anew when it is
+/// opened.
+bool PassContinueMark(TreeEntries& tree, TreeEntries::Index entry);
+
+/// Removes an entry with all below it, behind PassContinueMark; the parent stays expanded as it was. False:
+/// there is no such entry.
 bool RemoveEntry(TreeEntries& tree, TreeEntries::Index entry);
 
 /// Removes the first entry of that text and kind in this way. False: there is none.

@@ -1,0 +1,162 @@
+#include "database/JournalPatch.h"
+
+#include "database/Gateway.h"
+#include "model/TreeFilling.h"
+
+#include <algorithm>
+#include <span>
+
+namespace {
+
+constexpr QChar NodeKind = u'N';
+constexpr QChar ConnectionKind = u'C';
+
+bool IsOneOf(std::span<const qint32> operations, qint32 operation)
+{
+    return std::find(operations.begin(), operations.end(), operation) != operations.end();
+}
+
+QString KeyOf(QChar kind, qint32 id)
+{
+    return kind + QStringLiteral(",") + QString::number(id);
+}
+
+/// The entries that stand for a record: those called so, and one that has its key already.
+std::vector<TreeEntries::Index> EntriesOf(const TreeEntries& tree, const QString& name, QChar kind,
+                                          const QString& key)
+{
+    std::vector<TreeEntries::Index> entries = tree.AllByText(name);
+    std::erase_if(entries, [&](TreeEntries::Index entry) { return tree.Kind(entry) != kind; });
+    const TreeEntries::Index holder = tree.FindByKey(key);
+    if (holder != 0 && std::find(entries.begin(), entries.end(), holder) == entries.end())
+        entries.push_back(holder);
+    // The one with the key first: it alone can keep it.
+    std::sort(entries.begin(), entries.end(), [holder](TreeEntries::Index left, TreeEntries::Index right) {
+        return left != right && (left == holder || (right != holder && left < right));
+    });
+    return entries;
+}
+
+bool Shows(const TreeEntries& tree, TreeEntries::Index entry, const QString& name, qint32 id)
+{
+    return qAbs(tree.Id(entry)) == id && tree.Text(entry) == name;
+}
+
+} // namespace
+
+void JournalPatch::Outcomes::Set(Outcome outcome)
+{
+    const QString key = outcome.name.toCaseFolded();
+    if (const auto known = byName.constFind(key); known != byName.constEnd()) {
+        list[*known] = std::move(outcome);
+        return;
+    }
+    byName.insert(key, list.size());
+    list.push_back(std::move(outcome));
+}
+
+JournalPatch::JournalPatch(TreeEntries& conTree, TreeEntries& nodesTree, bool viewNodes)
+    : m_conTree(conTree), m_nodesTree(nodesTree), m_viewNodes(viewNodes)
+{}
+
+void JournalPatch::Apply(qint32 operation, const QString& name, qint32 objectId)
+{
+    if (operation == JOURNAL_DELETENODE_ID) {
+        m_nodes.Set({name, 0, {}});
+    } else if (operation == JOURNAL_DELETEPARENT_ID) {
+        m_connections.Set({name, 0, {}});
+    } else if (IsOneOf(JOURNAL_SAVEPARENT_ID, operation)) {
+        m_connections.Set({name, std::max(objectId, 0), {}});
+    } else if (IsOneOf(JOURNAL_SAVENODE_ID, operation)) {
+        QString conName;
+        QString target;
+        if (!Gateway().GetNodeDb(name, conName, target))
+            conName.clear();
+        m_nodes.Set({name, std::max(objectId, 0), conName});
+    }
+}
+
+void JournalPatch::Finish()
+{
+    // Connections first: what stood below them has gone then.
+    for (const Outcome& connection : m_connections.list) {
+        if (connection.id == 0)
+            Remove(m_conTree, connection.name, ConnectionKind);
+    }
+    for (const Outcome& connection : m_connections.list) {
+        if (connection.id != 0)
+            PutUnderRoot(m_conTree, connection, ConnectionKind);
+    }
+    for (const Outcome& node : m_nodes.list) {
+        if (node.id == 0) {
+            Remove(m_nodesTree, node.name, NodeKind);
+            Remove(m_conTree, node.name, NodeKind);
+        } else {
+            PutUnderRoot(m_nodesTree, node, NodeKind);
+            PutUnderConnection(node);
+        }
+    }
+    m_connections = Outcomes();
+    m_nodes = Outcomes();
+}
+
+void JournalPatch::Remove(TreeEntries& tree, const QString& name, QChar kind) const
+{
+    for (const Entry entry : tree.AllByText(name)) {
+        if (tree.Kind(entry) == kind)
+            RemoveEntry(tree, entry);
+    }
+}
+
+void JournalPatch::PutUnderRoot(TreeEntries& tree, const Outcome& outcome, QChar kind) const
+{
+    if (!IsFilled(tree))
+        return;
+    const QString key = KeyOf(kind, outcome.id);
+    const std::vector<Entry> entries = EntriesOf(tree, outcome.name, kind, key);
+    for (size_t other = 1; other < entries.size(); ++other)
+        tree.Remove(entries[other]);
+    const Entry old = entries.empty() ? 0 : entries.front();
+    if (old != 0 && Shows(tree, old, outcome.name, outcome.id))
+        return;
+    const Entry entry = RenewEntry(tree, old, key, outcome.name);
+    tree.SetExpanded(entry, false);
+    tree.SetTag(entry, QString());
+}
+
+JournalPatch::Entry JournalPatch::ConnectionOf(const Outcome& node) const
+{
+    QString conName = node.conName;
+    QString target;
+    // The record that is left last must be there, so a read that failed is worth another try.
+    if (conName.isEmpty() && !Gateway().GetNodeDb(node.name, conName, target))
+        return 0;
+    Entry connection = 0;
+    FindConnectionEntry(conName, m_conTree, connection);
+    return connection;
+}
+
+void JournalPatch::PutUnderConnection(const Outcome& node)
+{
+    if (!IsFilled(m_conTree))
+        return;
+    const Entry connection = m_viewNodes ? ConnectionOf(node) : 0;
+    const QString key = KeyOf(NodeKind, node.id);
+    Entry kept = 0;
+    for (const Entry entry : EntriesOf(m_conTree, node.name, NodeKind, key)) {
+        if (kept == 0 && connection != 0 && m_conTree.Parent(entry) == connection)
+            kept = entry;
+        else
+            RemoveEntry(m_conTree, entry);
+    }
+    if (connection == 0 || (m_conTree.Exists(kept) && Shows(m_conTree, kept, node.name, node.id)))
+        return;
+    if (!m_conTree.Expanded(connection)) {
+        if (m_conTree.Kind(m_conTree.Child(connection, 0)) == NodeKind)
+            m_conTree.RemoveChildren(connection);
+    } else if (!m_conTree.Exists(kept)) {
+        AddTreeEntry(m_conTree, m_conTree.Key(connection), TreeChild, key, node.name);
+    } else if (PassContinueMark(m_conTree, kept)) {
+        RenewEntry(m_conTree, kept, key, node.name);
+    }
+}
