@@ -19,7 +19,7 @@ struct LoggedChange
     QString verb;
     qint32 id = 0;
     QString name;
-    /// Why it was refused.
+    /// Why it was refused, as the operator was told.
     QString reason;
 
     [[nodiscard]] QString Line() const

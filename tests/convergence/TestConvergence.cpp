@@ -195,6 +195,8 @@ void TestConvergence::ManyWorkstations_RandomChanges_AllShowTheDatabase()
         QCOMPARE(process->Unexpected().join(u'\n'), QString());
         if (process != processes.back())
             QCOMPARE(process->Changes().size(), std::size_t(ChangesOfEach));
+        for (const LoggedChange& change : process->Changes())
+            QVERIFY2(change.done || !change.reason.isEmpty(), qPrintable(change.Line()));
         changes.insert(changes.end(), process->Changes().begin(), process->Changes().end());
         reloads += process->Reloads();
         CompareTrees(database, process->Trees());

@@ -190,8 +190,6 @@ LoggedChange Workstation::Change()
     }
     if (!m_change.done && m_change.reason.isEmpty())
         m_change.reason = m_operator.Refusal();
-    if (!m_change.done && m_change.reason.isEmpty())
-        m_change.reason = QStringLiteral("without a word");
     return m_change;
 }
 
@@ -202,7 +200,7 @@ void Workstation::Edit(bool connection)
     TreeEntries::Index entry = connection ? AnyConnection() : AnyNode();
     if (!connection && &tree == &ConTree())
         entry = AnyChild(tree, AnyConnection());
-    if (entry == 0)
+    if (tree.Kind(entry) != (connection ? u'C' : u'N'))
         WorkBesideControl(connection);
     else if (Click(tree, entry))
         Press("cmdDatabaseProp");
