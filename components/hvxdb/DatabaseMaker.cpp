@@ -3,6 +3,7 @@
 #include "components/hvxdb/DefinitionTables.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxSchema.h"
+#include "components/hvxdb/ServerDatabaseMaker.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
 #include "platform/MachineSeams.h"
@@ -113,7 +114,8 @@ void DatabaseMaker::TakePlace(const QString& kept) const
 QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, bool force)
 {
     const QString place = DataSource(source);
-    // Raises for sources that are no file.
-    HvxEngine::ForSource(place);
+    // Raises for sources of no engine.
+    if (HvxEngine::ForSource(place)->IsServer())
+        return ServerDatabaseMaker(place).Make(catalogue, force);
     return DatabaseMaker(place).Make(catalogue, force);
 }

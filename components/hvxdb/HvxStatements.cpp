@@ -8,6 +8,8 @@ const QString OfConnection =
     QStringLiteral("connection_key = (SELECT row_key FROM connection WHERE name_key = ?)");
 const QString OfType = QStringLiteral("node_type = ? COLLATE NOCASE");
 const QString NextId = QStringLiteral("(SELECT last_id + 1 FROM record_sequence)");
+/// Milliseconds since 1970.
+const QString Now = QStringLiteral("CAST(round((julianday('now') - 2440587.5) * 86400000) AS INTEGER)");
 const QString StoredNode =
     QStringLiteral("SELECT n.id, n.name, c.name, n.node_type, n.target, n.manager_index,"
                    " n.command_tail FROM node n"
@@ -56,6 +58,7 @@ QString SessionText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::Begin:
+    case HvxStatement::BeginAlone:
         // The write lock at once: a transaction that has begun is not refused at its first write.
         return QStringLiteral("BEGIN IMMEDIATE");
     case HvxStatement::Commit:
@@ -64,20 +67,22 @@ QString SessionText(HvxStatement statement)
         return QStringLiteral("ROLLBACK");
     case HvxStatement::SessionState:
         return QStringLiteral("SELECT (SELECT value FROM setting WHERE name = 'definitions_version'),"
-                              " (SELECT token FROM cam_lock)");
+                              " (SELECT token FROM cam_lock), NULL, NULL, NULL");
     case HvxStatement::Versions:
         return QStringLiteral("SELECT (SELECT value FROM setting WHERE name = 'schema_version')");
     case HvxStatement::RightsOfUser:
         return QStringLiteral("SELECT may_scan, may_edit FROM user_rights WHERE user_name IN (?, '*')"
                               " ORDER BY user_name = '*' LIMIT 1");
     case HvxStatement::ReadCamLock:
-        return QStringLiteral("SELECT token, host, process, heartbeat FROM cam_lock");
+        return QStringLiteral("SELECT token, host, process, %1 - heartbeat FROM cam_lock").arg(Now);
     case HvxStatement::TakeCamLock:
         return QStringLiteral("INSERT INTO cam_lock (one, token, owner, host, process, heartbeat)"
-                              " VALUES (1, ?, ?, ?, ?, ?)");
+                              " VALUES (1, ?, ?, ?, ?, %1)")
+            .arg(Now);
     case HvxStatement::BeatCamLock:
-        return QStringLiteral("UPDATE cam_lock SET heartbeat = ? WHERE token = ?");
+        return QStringLiteral("UPDATE cam_lock SET heartbeat = %1 WHERE token = ?").arg(Now);
     case HvxStatement::RemoveCamLock:
+    case HvxStatement::FreeCamLock:
         return QStringLiteral("DELETE FROM cam_lock WHERE token = ?");
     default:
         return {};
@@ -156,7 +161,8 @@ QString WriteText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::InsertConnection:
-        return QStringLiteral("INSERT INTO connection (name, name_key, target) VALUES (?, ?, ?)");
+        return QStringLiteral("INSERT INTO connection (name, name_key, target) VALUES (?, ?, ?)"
+                              " RETURNING row_key");
     case HvxStatement::InsertNode:
         return QStringLiteral("INSERT INTO node (id, name, name_key, node_type, target, command_tail,"
                               " connection_key) SELECT %1, ?, ?, ?, ?, ?, row_key FROM connection"
@@ -256,7 +262,8 @@ QString AdministrationText(HvxStatement statement)
     case HvxStatement::SequenceLastId:
         return QStringLiteral("SELECT last_id FROM record_sequence");
     case HvxStatement::InsertManager:
-        return QStringLiteral("INSERT INTO manager (device, path, command_text) VALUES (?, ?, ?)");
+        return QStringLiteral("INSERT INTO manager (device, path, command_text) VALUES (?, ?, ?)"
+                              " RETURNING manager_index");
     case HvxStatement::DeleteManager:
         return QStringLiteral("DELETE FROM manager WHERE device = ?");
     case HvxStatement::ForgetManager:

@@ -10,15 +10,22 @@ enum class HvxStatement
 {
     // Session
     Begin,
+    /// See TransactionKind::Alone.
+    BeginAlone,
     Commit,
     Rollback,
+    /// Version of the definitions, token of the maintenance lock; where the engine tells the rights of who is
+    /// connected: may scan, may edit, name; else NULLs.
     SessionState,
     Versions,
     RightsOfUser,
+    /// Times are those of the engine's clock: who reads and who beats may be on different machines.
     ReadCamLock,
     TakeCamLock,
     BeatCamLock,
     RemoveCamLock,
+    /// Removes a lock whose holder is dead.
+    FreeCamLock,
 
     // Lists
     ConnectionList,
