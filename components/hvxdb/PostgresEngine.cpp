@@ -77,7 +77,7 @@ void PostgresEngine::ConnectTo(QSqlDatabase& database, const PostgresSource& sou
 {
     source.ApplyTo(database);
     if (!database.open()) {
-        const QString words = database.lastError().databaseText().trimmed();
+        const QString words = database.lastError().databaseText().simplified();
         const QString state = PostgresRefusal(source);
         // No privilege to connect: nothing else here is refused yet.
         RaiseFailure(state == QLatin1String("42501") ? DatabaseErrorNumber::UnusableFile

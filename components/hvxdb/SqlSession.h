@@ -26,7 +26,11 @@ public:
     /// False behind the last row. Raises ComponentError.
     [[nodiscard]] bool Next();
     [[nodiscard]] bool IsNull(int column) const { return m_query->isNull(column); }
-    [[nodiscard]] QString Text(int column) const { return m_query->value(column).toString(); }
+    /// Empty for NULL, which a driver may give as the number 0.
+    [[nodiscard]] QString Text(int column) const
+    {
+        return m_query->isNull(column) ? QString() : m_query->value(column).toString();
+    }
     [[nodiscard]] qint32 Number(int column) const { return m_query->value(column).toInt(); }
     [[nodiscard]] qint64 LongNumber(int column) const { return m_query->value(column).toLongLong(); }
 

@@ -160,7 +160,7 @@ void TestServerCopy::Copy_ToServer_ChecksAndAnswersTheSame()
             QString type;
             QString command;
             QString users;
-            component->GetNodeEx(name.toUpper(), connection, target, type, command);
+            component->GetNodeEx(name, connection, target, type, command);
             component->GetUsersList(name, QStringLiteral("Parent"), users);
             answers[component == &ofServer ? 1 : 0] = {connection, target, type, command, users};
         }
