@@ -352,8 +352,9 @@ BEGIN
     END LOOP;
     EXECUTE format('GRANT USAGE ON SCHEMA public TO %I', reader);
     EXECUTE format('GRANT SELECT ON setting, record_sequence, journal_sequence, manager_manager_index_seq,'
-                   ' connection, manager, node, record_name, users_text, rights_role, journal, cam_lock, con_type, con_type_hop,'
-                   ' node_type, node_type_waypoint, waypoint, parameter, parameter_value TO %I', reader);
+                   ' connection, manager, node, record_name, users_text, rights_role, journal, cam_lock, con_type,'
+                   ' con_type_hop, node_type, node_type_waypoint, waypoint, parameter, parameter_value TO %I',
+                   reader);
     EXECUTE format('GRANT INSERT, UPDATE, DELETE ON connection, manager, node, users_text, cam_lock,'
                    ' con_type, con_type_hop, node_type, node_type_waypoint, waypoint, parameter,'
                    ' parameter_value TO %I', editor);
