@@ -26,10 +26,11 @@ public:
     /// False behind the last row. Raises ComponentError.
     [[nodiscard]] bool Next();
     [[nodiscard]] bool IsNull(int column) const { return m_query->isNull(column); }
-    /// Empty for NULL, which a driver may give as the number 0.
+    /// Empty for NULL, whatever type the column has.
     [[nodiscard]] QString Text(int column) const
     {
-        return m_query->isNull(column) ? QString() : m_query->value(column).toString();
+        const QVariant value = m_query->value(column);
+        return value.isNull() ? QString() : value.toString();
     }
     [[nodiscard]] qint32 Number(int column) const { return m_query->value(column).toInt(); }
     [[nodiscard]] qint64 LongNumber(int column) const { return m_query->value(column).toLongLong(); }
