@@ -110,7 +110,8 @@ void TestServerCopy::cleanup()
         Sql(QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(QLatin1String(name)),
             QStringLiteral("postgres"));
     const QStringList roles =
-        Sql(QStringLiteral("SELECT quote_ident(rolname) FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
+        Sql(QStringLiteral(
+                "SELECT quote_ident(rolname) FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
             QStringLiteral("postgres"))
             .split(u'\n', Qt::SkipEmptyParts);
     for (const QString& role : roles)
