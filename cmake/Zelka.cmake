@@ -32,6 +32,8 @@ list(FILTER test_definitions EXCLUDE REGEX "QT_TESTCASE_(BUILD|SOURCE)DIR")
 set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${test_definitions}")
 
 find_package(SQLite3 REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(LIBPQ REQUIRED IMPORTED_TARGET libpq)
 find_package(CLI11 REQUIRED)
 
 # One interface target for flags and include paths; warnings are errors.

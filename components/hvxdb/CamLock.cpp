@@ -5,7 +5,6 @@
 #include "platform/ProcessLife.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QSysInfo>
 
 bool CamLock::IsHeldByDead()
@@ -16,24 +15,23 @@ bool CamLock::IsHeldByDead()
 
 void CamLock::Free()
 {
-    TransactionScope transaction(*m_session);
+    TransactionScope transaction(*m_session, TransactionKind::Alone);
     RemoveDeadHolder();
     transaction.Commit();
 }
 
 void CamLock::Take(const QString& token)
 {
-    TransactionScope transaction(*m_session);
+    TransactionScope transaction(*m_session, TransactionKind::Alone);
     RemoveDeadHolder();
-    m_session->Write(HvxStatement::TakeCamLock,
-                     {token, Machine().UserName(), QSysInfo::machineHostName(),
-                      QCoreApplication::applicationPid(), QDateTime::currentMSecsSinceEpoch()});
+    m_session->Write(HvxStatement::TakeCamLock, {token, Machine().UserName(), QSysInfo::machineHostName(),
+                                                 QCoreApplication::applicationPid()});
     transaction.Commit();
 }
 
 void CamLock::Beat(const QString& token)
 {
-    m_session->Write(HvxStatement::BeatCamLock, {QDateTime::currentMSecsSinceEpoch(), token});
+    m_session->Write(HvxStatement::BeatCamLock, {token});
 }
 
 void CamLock::Release(const QString& token)
@@ -54,7 +52,7 @@ bool CamLock::IsDead(const Holder& holder)
     const bool ofThisHost = holder.host == QSysInfo::machineHostName();
     if (ofThisHost && !ProcessRuns(holder.process))
         return true;
-    return QDateTime::currentMSecsSinceEpoch() - holder.heartbeat > StaleMs;
+    return holder.silence > StaleMs;
 }
 
 bool CamLock::SomeoneWrites()
@@ -75,7 +73,6 @@ void CamLock::RemoveDeadHolder()
     const std::optional<Holder> holder = ReadHolder();
     if (!holder)
         return;
-    if (!IsDead(*holder))
+    if (!IsDead(*holder) || m_session->Write(HvxStatement::FreeCamLock, {holder->token}) == 0)
         RaiseFailure(DatabaseErrorNumber::InUse, QStringLiteral("The database is locked for maintenance."));
-    m_session->Write(HvxStatement::RemoveCamLock, {holder->token});
 }

@@ -31,7 +31,8 @@ private:
         QString token;
         QString host;
         qint64 process = 0;
-        qint64 heartbeat = 0;
+        /// How long ago the last sign of life was, in milliseconds.
+        qint64 silence = 0;
     };
 
     [[nodiscard]] std::optional<Holder> ReadHolder();

@@ -43,8 +43,6 @@ public:
     virtual void BeginRows() = 0;
     /// Ends that: from here on the database lives.
     virtual void EndRows() = 0;
-    /// False when a text with a NUL character would be refused or cut.
-    [[nodiscard]] virtual bool StoresNul() const = 0;
 
     [[nodiscard]] virtual DatabaseCounters Counters() = 0;
     /// Where rows are ahead of a counter, the next number comes behind the rows.

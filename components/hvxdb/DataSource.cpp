@@ -30,10 +30,15 @@ QString DataSource(const QString& chosen)
            QStringLiteral("/zelka/Dbs.mdb");
 }
 
-QString ShownSource(const QString& source)
+bool IsServerSource(const QString& source)
 {
     static const QRegularExpression url(QStringLiteral("^[a-z]+://"));
-    if (!url.match(source).hasMatch())
+    return url.match(source).hasMatch();
+}
+
+QString ShownSource(const QString& source)
+{
+    if (!IsServerSource(source))
         return source;
     // A password may hold any character: all from the first ":" of the user to the last "@" is taken for it,
     // unless the ":" is that of a port.

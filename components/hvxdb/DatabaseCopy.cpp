@@ -4,22 +4,9 @@
 #include "components/hvxdb/HvxAdministrator.h"
 #include "components/hvxdb/RowWriter.h"
 #include "components/hvxdb/SqlFailure.h"
+#include "platform/MachineSeams.h"
 
-namespace {
-
-/// Raises for a row with a text that the target cannot store.
-void RequireNoNul(const CopiedTable& table, const QSqlQuery& row)
-{
-    for (int column = 0; column < table.columns.size(); ++column) {
-        if (row.value(column).toString().contains(QChar::Null)) {
-            RaiseRefusal(QStringLiteral("the column %1 of row %2 holds a NUL character, which the target"
-                                        " cannot store")
-                             .arg(table.columns[column], row.value(0).toString()));
-        }
-    }
-}
-
-} // namespace
+#include <algorithm>
 
 DatabaseCopy::DatabaseCopy(const QString& from, const QString& to, CopyProgress goOn)
     : m_from(from), m_to(to), m_goOn(std::move(goOn))
@@ -32,10 +19,11 @@ DatabaseCopyReport DatabaseCopy::Run(bool force)
     m_source = OpenStore(m_from);
     SqlSession& session = m_source->Session();
     m_sourceSide = session.Engine().MakeCopySide(session);
-    session.BeginSnapshot();
+    session.Begin(TransactionKind::Snapshot);
     if (m_sourceSide->IsAt(m_to))
         RaiseRefusal(QStringLiteral("Source and target are the same database."));
-    m_report.kept = DatabaseMaker(m_to).Make([this](SqlSession& target) { Fill(target); }, force);
+    m_report.kept = MakeDatabase(
+        m_to, [this](SqlSession& target) { Fill(target); }, force);
     return m_report;
 }
 
@@ -56,23 +44,36 @@ void DatabaseCopy::Fill(SqlSession& target)
     const std::unique_ptr<CopySide> side = target.Engine().MakeCopySide(target);
     side->BeginRows();
     for (const CopiedTable& table : CopiedTables())
-        CopyTable(table, target, side->StoresNul());
+        CopyTable(table, target);
     side->SetCounters(m_sourceSide->Counters());
-    m_report.remarks = side->SetRights(m_sourceSide->Rights());
+    m_report.remarks = side->SetRights(RightsFor(target));
     side->EndRows();
     CheckCounts(target);
     AskToGoOn();
 }
 
-void DatabaseCopy::CopyTable(const CopiedTable& table, SqlSession& target, bool storesNul)
+std::vector<StoredRights> DatabaseCopy::RightsFor(const SqlSession& target)
+{
+    std::vector<StoredRights> rights = m_sourceSide->Rights();
+    if (!m_source->Session().Engine().IsServer() || target.Engine().IsServer())
+        return rights;
+    // A file knows its users by their login names: whoever copies keeps what he may do on the server.
+    const QString name = Machine().UserName();
+    const auto isOwn = [&name](const StoredRights& user) { return user.user == name; };
+    if (std::none_of(rights.cbegin(), rights.cend(), isOwn)) {
+        const UserRights own = m_source->ReadRights();
+        rights.push_back({name, own.mayScan, own.mayEdit});
+    }
+    return rights;
+}
+
+void DatabaseCopy::CopyTable(const CopiedTable& table, SqlSession& target)
 {
     // The first rows of the new database make room.
     target.RunText(table.DeleteText());
     RowWriter writer(target, table);
     try {
         m_source->Session().ReadText(table.SelectText(), [&](const QSqlQuery& row) {
-            if (!storesNul)
-                RequireNoNul(table, row);
             writer.Add(row);
             if (++m_done % RowWriter::RowsAtOnce == 0)
                 AskToGoOn();

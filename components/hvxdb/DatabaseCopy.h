@@ -21,7 +21,8 @@ public:
 private:
     void CountSource();
     void Fill(SqlSession& target);
-    void CopyTable(const CopiedTable& table, SqlSession& target, bool storesNul);
+    void CopyTable(const CopiedTable& table, SqlSession& target);
+    [[nodiscard]] std::vector<StoredRights> RightsFor(const SqlSession& target);
     /// Compares what the new database holds with the source.
     void CheckCounts(SqlSession& target) const;
     void AskToGoOn();

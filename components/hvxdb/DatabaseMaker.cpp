@@ -3,6 +3,7 @@
 #include "components/hvxdb/DefinitionTables.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxSchema.h"
+#include "components/hvxdb/ServerDatabaseMaker.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
 #include "platform/MachineSeams.h"
@@ -51,7 +52,7 @@ bool MoveFiles(const QString& from, const QString& to)
 
 DatabaseMaker::DatabaseMaker(const QString& source) : m_source(QFileInfo(source).absoluteFilePath()) {}
 
-QString DatabaseMaker::Make(const Filler& fill, bool force)
+QString DatabaseMaker::Make(const DatabaseFiller& fill, bool force)
 {
     const QFileInfo info(m_source);
     if (info.isDir())
@@ -72,7 +73,7 @@ QString DatabaseMaker::Make(const Filler& fill, bool force)
     }
 }
 
-void DatabaseMaker::Build(const Filler& fill)
+void DatabaseMaker::Build(const DatabaseFiller& fill)
 {
     auto engine = std::make_unique<SqliteEngine>();
     const SqliteEngine& opener = *engine;
@@ -109,15 +110,23 @@ void DatabaseMaker::TakePlace(const QString& kept) const
     RaiseRefusal(QStringLiteral("The file %1 cannot be made: %2").arg(m_source, reason));
 }
 
+QString MakeDatabase(const QString& source, const DatabaseFiller& fill, bool force)
+{
+    // Raises for sources of no engine.
+    if (HvxEngine::ForSource(source)->IsServer())
+        return ServerDatabaseMaker(source).Make(fill, force);
+    return DatabaseMaker(source).Make(fill, force);
+}
+
 QString CreateHvxDatabase(const QString& source, const Catalogue& catalogue, bool force)
 {
-    const QString place = DataSource(source);
-    // Raises for sources that are no file.
-    HvxEngine::ForSource(place);
-    return DatabaseMaker(place).Make(
+    return MakeDatabase(
+        DataSource(source),
         [&catalogue](SqlSession& session) {
             WriteDefinitions(session, catalogue);
-            session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
+            // On a server the maker has a role of his own.
+            if (!session.Engine().IsServer())
+                session.Write(HvxStatement::StoreRights, {Machine().UserName(), 1, 1});
         },
         force);
 }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "components/hvxdb/SqlSession.h"
-
-#include <functional>
+#include "components/hvxdb/DatabaseFiller.h"
 
 /// Makes a SQLite database: whole or not at all.
 ///
@@ -11,21 +9,20 @@
 class DatabaseMaker
 {
 public:
-    /// Writes the contents into the new database, which has all objects and its first rows, within the
-    /// transaction that makes it.
-    using Filler = std::function<void(SqlSession& session)>;
-
     explicit DatabaseMaker(const QString& source);
 
     /// Gives the name under which the old file was kept; empty when there was none. Refuses an existing file
     /// unless `force`. What `fill` raises leaves nothing behind.
-    QString Make(const Filler& fill, bool force);
+    QString Make(const DatabaseFiller& fill, bool force);
 
 private:
-    void Build(const Filler& fill);
+    void Build(const DatabaseFiller& fill);
     [[nodiscard]] QString KeepOld() const;
     void TakePlace(const QString& kept) const;
 
     QString m_source;
     QString m_built;
 };
+
+/// Makes a database of the engine that the source is of, as its maker does. Raises ComponentError.
+QString MakeDatabase(const QString& source, const DatabaseFiller& fill, bool force);

@@ -72,6 +72,9 @@ struct JournalPart
 /// ZELKA_DBS32, else the named value ODBC/DBS32, else the file Dbs.mdb in the user's data folder.
 QString DataSource(const QString& chosen = QString());
 
+/// True for the URL of a server's database, false for a file.
+bool IsServerSource(const QString& source);
+
 /// The source as it may be shown and kept: the password in a URL is masked.
 QString ShownSource(const QString& source);
 

@@ -5,6 +5,7 @@
 #include "components/hvxdb/HvxNames.h"
 #include "components/hvxdb/JournalTable.h"
 #include "components/hvxdb/MaintenanceLock.h"
+#include "components/hvxdb/RightsRoles.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "platform/MachineSeams.h"
 
@@ -126,6 +127,11 @@ void HvxAdministrator::SetRights(const QString& user, bool scan, bool edit)
 {
     const QString stored = StoredName(user);
     StoreScope scope(*m_store);
+    if (m_store->Session().Engine().IsServer()) {
+        RightsRoles(m_store->Session()).Set(stored, scan, edit);
+        scope.Commit();
+        return;
+    }
     // The owner can change the file by other means anyway; nobody else is left to give rights back.
     if (QFileInfo(m_store->Source()).owner() != Machine().UserName())
         m_store->RequireEditRight();

@@ -1,10 +1,13 @@
 #include "components/hvxdb/HvxEngine.h"
 
+#include "components/hvxdb/PostgresEngine.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
 
 std::unique_ptr<HvxEngine> HvxEngine::ForSource(const QString& source)
 {
+    if (PostgresSource::IsOne(source))
+        return std::make_unique<PostgresEngine>();
     const qsizetype scheme = source.indexOf(QStringLiteral("://"));
     if (scheme > 1) {
         RaiseFailure(DatabaseErrorNumber::SourceMissing,

@@ -25,7 +25,8 @@ QString ReadScript(const QString& name)
 QStringList CreatedObjects(const QString& script)
 {
     static const QRegularExpression create(
-        QStringLiteral("^CREATE (?:UNIQUE )?(?:TABLE|INDEX|TRIGGER) IF NOT EXISTS (\\w+)"),
+        QStringLiteral("^CREATE (?:UNIQUE |OR REPLACE )?(?:TABLE|INDEX|TRIGGER|SEQUENCE|FUNCTION)"
+                       " (?:IF NOT EXISTS )?(\\w+)"),
         QRegularExpression::MultilineOption);
     QStringList names;
     QRegularExpressionMatchIterator matches = create.globalMatch(script);
@@ -110,9 +111,17 @@ QStringList HvxSchema::MissingObjects()
     return missing;
 }
 
+bool HvxSchema::HasTables()
+{
+    const QStringList names = ObjectNames();
+    const QStringList created = CreatedObjects(m_scripts.create);
+    return std::any_of(created.cbegin(), created.cend(),
+                       [&names](const QString& object) { return names.contains(object); });
+}
+
 void HvxSchema::Upgrade(qint32 from)
 {
-    TransactionScope transaction(*m_session);
+    TransactionScope transaction(*m_session, TransactionKind::Alone);
     try {
         // Another program may have come first while this one waited for the lock.
         for (qint32 version = qMax(from, StoredVersion()) + 1; version <= m_scripts.version; ++version) {
@@ -134,7 +143,7 @@ void HvxSchema::Upgrade(qint32 from)
 
 void HvxSchema::Repair()
 {
-    TransactionScope transaction(*m_session);
+    TransactionScope transaction(*m_session, TransactionKind::Alone);
     Create();
     transaction.Commit();
 }

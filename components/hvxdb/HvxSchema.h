@@ -39,6 +39,8 @@ public:
 
     /// The version of the database; 0 when it does not tell.
     [[nodiscard]] qint32 StoredVersion();
+    /// True when the database has any of the tables.
+    [[nodiscard]] bool HasTables();
     /// Names of the objects that a database of this version lacks.
     [[nodiscard]] QStringList MissingObjects();
 

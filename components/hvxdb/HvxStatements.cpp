@@ -8,6 +8,8 @@ const QString OfConnection =
     QStringLiteral("connection_key = (SELECT row_key FROM connection WHERE name_key = ?)");
 const QString OfType = QStringLiteral("node_type = ? COLLATE NOCASE");
 const QString NextId = QStringLiteral("(SELECT last_id + 1 FROM record_sequence)");
+/// Milliseconds since 1970.
+const QString Now = QStringLiteral("CAST(round((julianday('now') - 2440587.5) * 86400000) AS INTEGER)");
 const QString StoredNode =
     QStringLiteral("SELECT n.id, n.name, c.name, n.node_type, n.target, n.manager_index,"
                    " n.command_tail FROM node n"
@@ -56,6 +58,7 @@ QString SessionText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::Begin:
+    case HvxStatement::BeginAlone:
         // The write lock at once: a transaction that has begun is not refused at its first write.
         return QStringLiteral("BEGIN IMMEDIATE");
     case HvxStatement::BeginSnapshot:
@@ -66,20 +69,22 @@ QString SessionText(HvxStatement statement)
         return QStringLiteral("ROLLBACK");
     case HvxStatement::SessionState:
         return QStringLiteral("SELECT (SELECT value FROM setting WHERE name = 'definitions_version'),"
-                              " (SELECT token FROM cam_lock)");
+                              " (SELECT token FROM cam_lock), NULL, NULL, NULL");
     case HvxStatement::Versions:
         return QStringLiteral("SELECT (SELECT value FROM setting WHERE name = 'schema_version')");
     case HvxStatement::RightsOfUser:
         return QStringLiteral("SELECT may_scan, may_edit FROM user_rights WHERE user_name IN (?, '*')"
                               " ORDER BY user_name = '*' LIMIT 1");
     case HvxStatement::ReadCamLock:
-        return QStringLiteral("SELECT token, host, process, heartbeat FROM cam_lock");
+        return QStringLiteral("SELECT token, host, process, %1 - heartbeat FROM cam_lock").arg(Now);
     case HvxStatement::TakeCamLock:
         return QStringLiteral("INSERT INTO cam_lock (one, token, owner, host, process, heartbeat)"
-                              " VALUES (1, ?, ?, ?, ?, ?)");
+                              " VALUES (1, ?, ?, ?, ?, %1)")
+            .arg(Now);
     case HvxStatement::BeatCamLock:
-        return QStringLiteral("UPDATE cam_lock SET heartbeat = ? WHERE token = ?");
+        return QStringLiteral("UPDATE cam_lock SET heartbeat = %1 WHERE token = ?").arg(Now);
     case HvxStatement::RemoveCamLock:
+    case HvxStatement::FreeCamLock:
         return QStringLiteral("DELETE FROM cam_lock WHERE token = ?");
     default:
         return {};
@@ -158,7 +163,8 @@ QString WriteText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::InsertConnection:
-        return QStringLiteral("INSERT INTO connection (name, name_key, target) VALUES (?, ?, ?)");
+        return QStringLiteral("INSERT INTO connection (name, name_key, target) VALUES (?, ?, ?)"
+                              " RETURNING row_key");
     case HvxStatement::InsertNode:
         return QStringLiteral("INSERT INTO node (id, name, name_key, node_type, target, command_tail,"
                               " connection_key) SELECT %1, ?, ?, ?, ?, ?, row_key FROM connection"
@@ -204,21 +210,6 @@ QString WriteText(HvxStatement statement)
     }
 }
 
-/// The number names no node any more once the node was saved again, so the name goes first. Where a name
-/// holds other letters than the engine folds, the number finds the node that nobody has saved since.
-QString JournalChunkText()
-{
-    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
-                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
-                          " n.manager_index"
-                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
-                          " ORDER BY id LIMIT %1) j"
-                          " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
-                          " FROM node WHERE name_key = lower(trim(j.text1))), j.number)"
-                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
-        .arg(JournalRecordsPerChunk);
-}
-
 QString JournalText(HvxStatement statement)
 {
     switch (statement) {
@@ -232,7 +223,7 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalRecord:
         return QStringLiteral("SELECT record_type, text1, number, text2 FROM journal WHERE id = ?");
     case HvxStatement::JournalChunk:
-        return JournalChunkText();
+        return JournalChunkText(QStringLiteral("lower(trim(j.text1))"));
     // Record 1 is the version text and counts as none.
     case HvxStatement::JournalEntriesAfter:
         return QStringLiteral("SELECT id, record_type, text1, number, changed FROM journal"
@@ -276,7 +267,8 @@ QString AdministrationText(HvxStatement statement)
     case HvxStatement::SequenceLastId:
         return QStringLiteral("SELECT last_id FROM record_sequence");
     case HvxStatement::InsertManager:
-        return QStringLiteral("INSERT INTO manager (device, path, command_text) VALUES (?, ?, ?)");
+        return QStringLiteral("INSERT INTO manager (device, path, command_text) VALUES (?, ?, ?)"
+                              " RETURNING manager_index");
     case HvxStatement::DeleteManager:
         return QStringLiteral("DELETE FROM manager WHERE device = ?");
     case HvxStatement::ForgetManager:
@@ -297,6 +289,21 @@ QString AdministrationText(HvxStatement statement)
 }
 
 } // namespace
+
+QString JournalChunkText(const QString& nameKey)
+{
+    // The number names no node any more once the node was saved again, so the name goes first. Where a name
+    // holds other letters than the engine folds, the number finds the node that nobody has saved since.
+    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
+                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
+                          " n.manager_index"
+                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
+                          " ORDER BY id LIMIT %1) j"
+                          " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
+                          " FROM node WHERE name_key = %2), j.number)"
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
+        .arg(QString::number(JournalRecordsPerChunk), nameKey);
+}
 
 QString StandardStatementText(HvxStatement statement)
 {

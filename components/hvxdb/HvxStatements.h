@@ -13,16 +13,23 @@ enum class HvxStatement
 {
     // Session
     Begin,
+    /// See TransactionKind.
+    BeginAlone,
     BeginSnapshot,
     Commit,
     Rollback,
+    /// Version of the definitions, token of the maintenance lock; where the engine tells the rights of who is
+    /// connected: may scan, may edit, name; else NULLs.
     SessionState,
     Versions,
     RightsOfUser,
+    /// Times are those of the engine's clock: who reads and who beats may be on different machines.
     ReadCamLock,
     TakeCamLock,
     BeatCamLock,
     RemoveCamLock,
+    /// Removes a lock whose holder is dead.
+    FreeCamLock,
 
     // Lists
     ConnectionList,
@@ -107,3 +114,6 @@ enum class HvxStatement
 
 /// The statement in the SQL that the engines share; where an engine needs another text it gives its own.
 QString StandardStatementText(HvxStatement statement);
+
+/// HvxStatement::JournalChunk, given the engine's expression for the key of the name j.text1.
+QString JournalChunkText(const QString& nameKey);

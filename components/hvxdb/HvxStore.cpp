@@ -5,18 +5,24 @@
 #include "components/hvxdb/SqlFailure.h"
 #include "platform/MachineSeams.h"
 
+namespace {
+
+const QString NotOpen = QStringLiteral("The database is not open.");
+
+} // namespace
+
 void HvxStore::Open(const QString& source)
 {
-    if (IsOpen() && m_loaded && source == m_source) {
+    if (m_open && m_loaded && source == m_source && !m_session.HasLostSource()) {
         ReadState();
         CheckState();
         return;
     }
     Close();
-    m_session.Connect(source);
     m_source = source;
+    m_open = true;
     try {
-        Load();
+        Connect();
         CheckState();
     } catch (const ComponentError& error) {
         if (error.Number() != DatabaseErrorNumber::InUse)
@@ -27,41 +33,93 @@ void HvxStore::Open(const QString& source)
 
 void HvxStore::Close()
 {
+    m_open = false;
     m_session.Disconnect();
     m_cache.Clear();
-    m_counted.reset();
     m_definitions = Definitions();
     m_definitionsVersion = 0;
     m_loaded = false;
     ForgetState();
 }
 
+void HvxStore::Connect()
+{
+    m_loaded = false;
+    m_definitionsVersion = 0;
+    m_counted.reset();
+    m_session.Connect(m_source);
+    try {
+        Load();
+    } catch (const ComponentError& error) {
+        if (error.Number() != DatabaseErrorNumber::InUse)
+            m_session.Disconnect();
+        throw;
+    }
+}
+
 void HvxStore::Load()
 {
-    HvxSchema(m_session, HvxSchema::ScriptsOf(m_session.Engine())).Prepare();
-    m_session.Engine().Settle(m_session.Database());
-    ReadState();
+    try {
+        HvxSchema(m_session, HvxSchema::ScriptsOf(m_session.Engine())).Prepare();
+        m_session.Engine().Settle(m_session.Database());
+        ReadState();
+    } catch (const ComponentError& error) {
+        // A server that refuses to show its tables.
+        if (error.Number() == DatabaseErrorNumber::Refused)
+            RaiseFailure(DatabaseErrorNumber::UnusableFile, error.Description());
+        throw;
+    }
     m_loaded = true;
 }
 
 void HvxStore::Begin()
 {
-    SqlSession& session = Session();
+    if (!m_open)
+        RaiseRefusal(NotOpen);
+    if (InTransaction()) {
+        m_session.Begin();
+        return;
+    }
+    Renew();
     if (!m_loaded)
         Load();
-    session.Begin();
-    if (m_session.Level() > 1)
-        return;
     m_cache.Clear();
     try {
-        const std::optional<quint32> version = m_session.DataVersion();
-        if (!version || version != m_stateVersion)
-            ReadState();
+        BeginOutermost();
+    } catch (const ComponentError&) {
+        // A server's end shows only when it is asked again.
+        if (!Renew())
+            throw;
+        BeginOutermost();
+    }
+}
+
+void HvxStore::BeginOutermost()
+{
+    const std::optional<SessionState> state = m_session.Begin();
+    try {
+        if (state) {
+            UseState(*state);
+        } else {
+            const std::optional<quint32> version = m_session.DataVersion();
+            if (!version || version != m_stateVersion)
+                ReadState();
+        }
         CheckState();
     } catch (const ComponentError&) {
         m_session.Rollback();
         throw;
     }
+}
+
+bool HvxStore::Renew()
+{
+    if (m_session.IsConnected() && !m_session.HasLostSource())
+        return false;
+    ForgetState();
+    m_session.Disconnect();
+    Connect();
+    return true;
 }
 
 void HvxStore::Commit()
@@ -73,7 +131,7 @@ void HvxStore::Commit()
 void HvxStore::Rollback()
 {
     m_cache.Clear();
-    if (!IsOpen() || !InTransaction())
+    if (!InTransaction())
         return;
     m_session.Rollback();
     EndTransaction();
@@ -91,8 +149,10 @@ void HvxStore::EndTransaction()
 
 SqlSession& HvxStore::Session()
 {
-    if (!IsOpen())
-        RaiseRefusal(QStringLiteral("The database is not open."));
+    if (!m_open)
+        RaiseRefusal(NotOpen);
+    if (!m_session.IsConnected())
+        RaiseFailure(EngineFailure, QStringLiteral("The connection to the database is lost."));
     return m_session;
 }
 
@@ -104,21 +164,24 @@ void HvxStore::CheckState()
 
 void HvxStore::ReadState()
 {
-    ForgetState();
-    qint32 definitionsVersion = 0;
+    SessionState state;
     try {
-        SqlRows rows = m_session.Read(HvxStatement::SessionState);
-        if (rows.Next()) {
-            definitionsVersion = rows.Number(0);
-            m_heldLock = rows.Text(1);
-        }
+        state = m_session.ReadState();
     } catch (const ComponentError& error) {
-        if (error.Number() != EngineFailure)
+        if (error.Number() != EngineFailure || m_session.HasLostSource())
             throw;
         RaiseFailure(DatabaseErrorNumber::CamAccess, error.Description());
     }
-    UseDefinitionsVersion(definitionsVersion);
+    UseState(state);
     m_stateVersion = m_session.DataVersion();
+}
+
+void HvxStore::UseState(const SessionState& state)
+{
+    ForgetState();
+    m_heldLock = state.heldLock;
+    m_rights = state.rights;
+    UseDefinitionsVersion(state.definitionsVersion);
 }
 
 void HvxStore::UseDefinitionsVersion(qint32 version)
@@ -131,24 +194,29 @@ void HvxStore::UseDefinitionsVersion(qint32 version)
 
 UserRights HvxStore::ReadRights()
 {
-    SqlRows rows = Session().Read(HvxStatement::RightsOfUser, {Machine().UserName()});
-    UserRights rights;
-    if (rows.Next()) {
-        rights.mayScan = rows.Number(0) != 0;
-        rights.mayEdit = rows.Number(1) != 0;
-    }
-    return rights;
+    SqlSession& session = Session();
+    const QString user = Machine().UserName();
+    // A server knows who is connected.
+    const bool isServer = session.Engine().IsServer();
+    SqlRows rows = session.Read(HvxStatement::RightsOfUser, isServer ? QVariantList() : QVariantList{user});
+    if (!rows.Next())
+        return {false, false, user};
+    return {rows.Number(0) != 0, rows.Number(1) != 0, isServer ? rows.Text(2) : user};
+}
+
+bool HvxStore::KnowsRights() const
+{
+    if (!m_rights)
+        return false;
+    return m_session.Engine().IsServer() || (m_stateVersion && m_rights->user == Machine().UserName());
 }
 
 void HvxStore::RequireEditRight()
 {
-    const QString user = Machine().UserName();
-    if (!m_rights || user != m_rightsUser || !m_stateVersion) {
+    if (!KnowsRights())
         m_rights = ReadRights();
-        m_rightsUser = user;
-    }
     if (!m_rights->mayEdit)
-        RaiseRefusal(QStringLiteral("%1 has no right to edit the database.").arg(user));
+        RaiseRefusal(QStringLiteral("%1 has no right to edit the database.").arg(m_rights->user));
 }
 
 void HvxStore::SetOwnLock(const QString& token)

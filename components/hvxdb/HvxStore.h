@@ -4,13 +4,6 @@
 #include "components/hvxdb/RecordCache.h"
 #include "components/hvxdb/SqlSession.h"
 
-/// What the rights of one user are.
-struct UserRights
-{
-    bool mayScan = false;
-    bool mayEdit = false;
-};
-
 /// How many records the Journal has while these are the ends of it.
 struct CountedJournal
 {
@@ -22,6 +15,9 @@ struct CountedJournal
 /// An opened database with what is kept of it in memory: definitions, rights, the rows of the open
 /// transaction. The parts of the component and of the administration work on one store each.
 ///
+/// A source that went away (the server ended the connection, the file is another one) is opened anew by the
+/// next outermost Begin; until one succeeds every other call raises.
+///
 /// Thread: the one that opened it. Failures: ComponentError.
 class HvxStore
 {
@@ -31,17 +27,19 @@ public:
     /// Opens the source. After InUse the source stays connected: Begin goes on where this ended.
     void Open(const QString& source);
     void Close();
-    [[nodiscard]] bool IsOpen() const { return m_session.IsConnected(); }
+    /// True too while a source that went away is not back yet.
+    [[nodiscard]] bool IsOpen() const { return m_open; }
     /// False also while the opened source could not be read yet because another program has it.
     [[nodiscard]] bool IsLoaded() const { return m_loaded; }
     [[nodiscard]] const QString& Source() const { return m_source; }
 
-    /// Opens a transaction or a level. Raises InUse while another program holds the database.
+    /// Opens a transaction or a level. Raises InUse while another program holds the database; what Open
+    /// raises when the source had to be opened anew and could not.
     void Begin();
     void Commit();
     void Rollback();
 
-    /// Raises when nothing is open.
+    /// Raises when nothing is open, and when the source went away.
     [[nodiscard]] SqlSession& Session();
     [[nodiscard]] qint64 StatementCount() const { return m_session.StatementCount(); }
     [[nodiscard]] const Definitions& CurrentDefinitions() const { return m_definitions; }
@@ -63,13 +61,20 @@ public:
     void ForgetState();
 
 private:
+    void Connect();
     void Load();
+    void BeginOutermost();
+    /// Opens the source anew when it went away. False: it is there.
+    bool Renew();
     void CheckState();
     void ReadState();
+    void UseState(const SessionState& state);
     void EndTransaction();
+    [[nodiscard]] bool KnowsRights() const;
 
     SqlSession m_session;
     QString m_source;
+    bool m_open = false;
     Definitions m_definitions;
     qint32 m_definitionsVersion = 0;
     RecordCache m_cache;
@@ -80,7 +85,6 @@ private:
     /// The data version for which lock, definitions and rights are known.
     std::optional<quint32> m_stateVersion;
     std::optional<UserRights> m_rights;
-    QString m_rightsUser;
 };
 
 /// A transaction or level that is undone unless Commit is called: what happens in it happens whole or not at

@@ -25,7 +25,7 @@ private:
     void Beat()
     {
         try {
-            if (!m_session) {
+            if (!m_session || m_session->HasLostSource()) {
                 auto session = std::make_unique<SqlSession>();
                 session->Connect(m_source);
                 m_session = std::move(session);

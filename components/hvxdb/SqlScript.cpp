@@ -11,8 +11,16 @@ bool BeginsTrigger(const QString& statement)
     return trigger.match(statement).hasMatch();
 }
 
+/// Between two of these marks stands the body of a procedure.
+bool IsInsideBody(const QString& statement)
+{
+    return statement.count(QLatin1String("$$")) % 2 != 0;
+}
+
 bool EndsStatement(const QString& statement, QStringView line)
 {
+    if (IsInsideBody(statement))
+        return false;
     if (BeginsTrigger(statement))
         return line.compare(QLatin1String("END;"), Qt::CaseInsensitive) == 0;
     return line.endsWith(u';');

@@ -7,12 +7,17 @@
 
 namespace {
 
-/// The empty text is a value; a null text would become the database's NULL.
-QVariant BoundValue(const QVariant& value)
+HvxStatement BeginStatement(TransactionKind kind)
 {
-    if (value.userType() == QMetaType::QString && value.toString().isNull())
-        return QStringLiteral("");
-    return value;
+    switch (kind) {
+    case TransactionKind::Records:
+        break;
+    case TransactionKind::Alone:
+        return HvxStatement::BeginAlone;
+    case TransactionKind::Snapshot:
+        return HvxStatement::BeginSnapshot;
+    }
+    return HvxStatement::Begin;
 }
 
 } // namespace
@@ -23,7 +28,7 @@ bool SqlRows::Next()
         return true;
     const QSqlError error = m_query->lastError();
     if (error.isValid())
-        RaiseFailure(m_engine->ErrorNumber(error), error.text());
+        RaiseFailure(m_engine->ErrorNumber(error), m_engine->ErrorText(error));
     return false;
 }
 
@@ -58,16 +63,17 @@ void SqlSession::Disconnect()
 {
     if (!m_engine)
         return;
-    for (std::optional<QSqlQuery>& statement : m_statements)
-        statement.reset();
-    m_savepoints.clear();
     m_levels.clear();
     m_lost = false;
-    // Closing undoes an open transaction.
+    // Closing undoes an open transaction. The statements go behind it: with the connection open the driver
+    // would let go of each one by a statement of its own, which a dead connection answers with a warning.
     const QString name = m_database.connectionName();
     m_database.close();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
+    for (std::optional<QSqlQuery>& statement : m_statements)
+        statement.reset();
+    m_savepoints.clear();
     m_engine.reset();
 }
 
@@ -76,11 +82,22 @@ std::optional<quint32> SqlSession::DataVersion() const
     return m_engine->DataVersion(m_database);
 }
 
+QVariant SqlSession::BoundValue(const QVariant& value) const
+{
+    if (value.userType() != QMetaType::QString)
+        return value;
+    const QString text = value.toString();
+    if (!m_engine->KeepsZeroCharacter() && text.contains(QChar(0)))
+        RaiseRefusal(QStringLiteral("The database keeps no text with the character 0."));
+    // The empty text is a value; a null text would become the database's NULL.
+    return text.isNull() ? QVariant(QStringLiteral("")) : value;
+}
+
 QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
 {
     std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
     if (!slot)
-        slot.emplace(PrepareText(m_engine->StatementText(statement)));
+        slot.emplace(Prepare(m_engine->StatementText(statement), m_engine->ReadsRowByRow(statement)));
     ExecutePrepared(*slot, values);
     return *slot;
 }
@@ -111,8 +128,15 @@ int SqlSession::Write(HvxStatement statement, const QVariantList& values)
 {
     EnsureSavepoints();
     QSqlQuery& query = Execute(statement, values);
+    m_lastInsertId = 0;
+    if (query.isSelect()) {
+        // To the end: only then is the write done and counted.
+        for (bool first = true; query.next(); first = false) {
+            if (first)
+                m_lastInsertId = query.value(0).toLongLong();
+        }
+    }
     const int changed = query.numRowsAffected();
-    m_lastInsertId = query.lastInsertId().toLongLong();
     query.finish();
     return changed;
 }
@@ -126,8 +150,13 @@ QSqlQuery SqlSession::ExecuteText(const QString& text, const QVariantList& value
 
 QSqlQuery SqlSession::PrepareText(const QString& text)
 {
+    return Prepare(text, true);
+}
+
+QSqlQuery SqlSession::Prepare(const QString& text, bool rowByRow)
+{
     QSqlQuery query(Database());
-    query.setForwardOnly(true);
+    query.setForwardOnly(rowByRow);
     if (!query.prepare(text))
         Raise(query.lastError());
     return query;
@@ -168,25 +197,56 @@ void SqlSession::RunScript(const QString& script)
     const QStringList statements = SplitSqlScript(script);
     for (const QString& statement : statements) {
         // Scripts define triggers, whose bodies a prepared statement of the driver could mistake for values.
-        QSqlQuery query(Database());
-        ++m_statementCount;
-        if (!query.exec(statement))
-            Raise(query.lastError());
+        RunUnprepared(statement);
     }
 }
 
-void SqlSession::Begin()
+void SqlSession::RunUnprepared(const QString& text)
 {
-    if (m_levels.empty())
-        Execute(HvxStatement::Begin, {}).finish();
-    m_levels.emplace_back();
+    QSqlQuery query(Database());
+    ++m_statementCount;
+    if (!query.exec(text))
+        Raise(query.lastError());
 }
 
-void SqlSession::BeginSnapshot()
+std::optional<SessionState> SqlSession::Begin(TransactionKind kind)
 {
+    std::optional<SessionState> state;
     if (m_levels.empty())
-        Execute(HvxStatement::BeginSnapshot, {}).finish();
+        state = BeginOutermost(BeginStatement(kind));
     m_levels.emplace_back();
+    return state;
+}
+
+std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
+{
+    if (m_engine->PreparesTransactions()) {
+        Execute(statement, {}).finish();
+        return std::nullopt;
+    }
+    QSqlQuery query(Database());
+    ++m_statementCount;
+    std::optional<SessionState> state;
+    bool good = query.exec(m_engine->StatementText(statement));
+    while (good) {
+        if (statement == HvxStatement::Begin && query.isSelect() && query.next())
+            state = SessionState::OfRow(query);
+        good = query.nextResult();
+    }
+    if (const QSqlError error = query.lastError(); error.isValid()) {
+        // What failed behind the begin has left a transaction open.
+        QSqlQuery(Database()).exec(m_engine->StatementText(HvxStatement::Rollback));
+        Raise(error);
+    }
+    return state;
+}
+
+SessionState SqlSession::ReadState()
+{
+    QSqlQuery& query = Execute(HvxStatement::SessionState, {});
+    const SessionState state = query.next() ? SessionState::OfRow(query) : SessionState();
+    query.finish();
+    return state;
 }
 
 void SqlSession::Commit()
@@ -195,7 +255,7 @@ void SqlSession::Commit()
         RaiseRefusal(QStringLiteral("No transaction is open."));
     CheckNotLost();
     if (m_levels.size() == 1)
-        Execute(HvxStatement::Commit, {}).finish();
+        EndOutermost(HvxStatement::Commit);
     else if (m_levels.back().hasSavepoint)
         ExecuteSavepoint(QStringLiteral("RELEASE"), m_levels.size());
     m_levels.pop_back();
@@ -212,17 +272,36 @@ void SqlSession::Rollback()
     m_lost = lost && level > 1;
     if (lost)
         return;
-    if (level == 1) {
-        Execute(HvxStatement::Rollback, {}).finish();
-    } else if (hasSavepoint) {
-        ExecuteSavepoint(QStringLiteral("ROLLBACK TO"), level);
-        ExecuteSavepoint(QStringLiteral("RELEASE"), level);
+    try {
+        if (level == 1) {
+            EndOutermost(HvxStatement::Rollback);
+        } else if (hasSavepoint) {
+            ExecuteSavepoint(QStringLiteral("ROLLBACK TO"), level);
+            ExecuteSavepoint(QStringLiteral("RELEASE"), level);
+        }
+    } catch (const ComponentError&) {
+        // Who has lost the connection has nothing left to undo.
+        if (!m_engine->HasLostTransaction(m_database))
+            throw;
+        m_lost = level > 1;
     }
+}
+
+void SqlSession::EndOutermost(HvxStatement statement)
+{
+    if (m_engine->PreparesTransactions())
+        Execute(statement, {}).finish();
+    else
+        RunUnprepared(m_engine->StatementText(statement));
 }
 
 void SqlSession::ExecuteSavepoint(const QString& verb, size_t level)
 {
     const QString text = QStringLiteral("%1 level_%2").arg(verb).arg(level);
+    if (!m_engine->PreparesTransactions()) {
+        RunUnprepared(text);
+        return;
+    }
     auto prepared = m_savepoints.find(text);
     if (prepared == m_savepoints.end()) {
         QSqlQuery query(Database());
@@ -248,8 +327,8 @@ void SqlSession::EnsureSavepoints()
 
 void SqlSession::CheckNotLost() const
 {
-    // What followed would be written outside any transaction.
-    if (m_lost)
+    // What followed would be written outside any transaction, and a spoilt one would end as if committed.
+    if (m_lost || (m_levels.size() == 1 && m_engine->HasSpoiltTransaction(m_database)))
         RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
 }
 
@@ -257,7 +336,7 @@ void SqlSession::Raise(const QSqlError& error)
 {
     if (!m_levels.empty())
         m_lost = m_lost || m_engine->HasLostTransaction(m_database);
-    RaiseFailure(m_engine->ErrorNumber(error), error.text());
+    RaiseFailure(m_engine->ErrorNumber(error), m_engine->ErrorText(error));
 }
 
 TransactionScope::~TransactionScope()

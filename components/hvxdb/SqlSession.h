@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/hvxdb/HvxEngine.h"
+#include "components/hvxdb/SessionState.h"
 
 #include <QSqlQuery>
 #include <QVariantList>
@@ -34,6 +35,18 @@ private:
     const HvxEngine* m_engine;
 };
 
+/// What an outermost transaction is for.
+enum class TransactionKind
+{
+    /// Reading and writing records.
+    Records,
+    /// What no other writer may work beside: the schema, the maintenance lock. It sees what others commit
+    /// until it has begun.
+    Alone,
+    /// Reading alone: one state of the whole database, which keeps no writer waiting.
+    Snapshot,
+};
+
 /// One connection to a database: prepared statements, kept and counted, and transactions that nest.
 ///
 /// Thread: the one that connected. Failures: ComponentError with the engine's words.
@@ -54,6 +67,8 @@ public:
     /// Undoes what is open and lets the source go.
     void Disconnect();
     [[nodiscard]] bool IsConnected() const { return m_engine != nullptr; }
+    /// See HvxEngine::HasLostSource: nothing goes on here before the next Connect.
+    [[nodiscard]] bool HasLostSource() const { return m_engine->HasLostSource(m_database); }
 
     [[nodiscard]] const HvxEngine& Engine() const { return *m_engine; }
     [[nodiscard]] const QSqlDatabase& Database() const { return m_database; }
@@ -65,7 +80,7 @@ public:
     /// Runs a statement that changes rows; gives how many. Inside a transaction the levels that have no
     /// savepoint get theirs first.
     int Write(HvxStatement statement, const QVariantList& values = {});
-    /// The key that the last insertion made.
+    /// The first column of the row that the last write returned, the key of an insertion; 0 without one.
     [[nodiscard]] qint64 LastInsertId() const { return m_lastInsertId; }
     /// Runs SQL that is not one of the component's statements and changes rows: definitions, upgrades.
     void RunText(const QString& text, const QVariantList& values = {});
@@ -78,11 +93,14 @@ public:
     void RunPrepared(QSqlQuery& prepared, const QVariantList& values);
     /// Runs a script statement by statement.
     void RunScript(const QString& script);
+    /// Runs one statement as it stands, for what cannot be prepared.
+    void RunUnprepared(const QString& text);
 
-    /// Opens a transaction, or a level inside the open one.
-    void Begin();
-    /// Opens a transaction that only reads: one state of the database, which keeps no writer waiting.
-    void BeginSnapshot();
+    /// Opens a transaction, or a level inside the open one. Where the outermost begin brings the state of the
+    /// session along, it gives that.
+    std::optional<SessionState> Begin(TransactionKind kind = TransactionKind::Records);
+    /// Asks for the state of the session.
+    [[nodiscard]] SessionState ReadState();
     /// Ends the innermost level; the outermost commits.
     void Commit();
     /// Undoes the innermost level.
@@ -102,6 +120,11 @@ private:
     void ExecutePrepared(QSqlQuery& prepared, const QVariantList& values);
     QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
     void Run(QSqlQuery& prepared);
+    /// Commit and rollback.
+    void EndOutermost(HvxStatement statement);
+    [[nodiscard]] std::optional<SessionState> BeginOutermost(HvxStatement statement);
+    [[nodiscard]] QSqlQuery Prepare(const QString& text, bool rowByRow);
+    [[nodiscard]] QVariant BoundValue(const QVariant& value) const;
     void ExecuteSavepoint(const QString& verb, size_t level);
     void EnsureSavepoints();
     [[noreturn]] void Raise(const QSqlError& error);
@@ -124,7 +147,11 @@ private:
 class TransactionScope
 {
 public:
-    explicit TransactionScope(SqlSession& session) : m_session(&session) { session.Begin(); }
+    explicit TransactionScope(SqlSession& session, TransactionKind kind = TransactionKind::Records)
+        : m_session(&session)
+    {
+        session.Begin(kind);
+    }
     ~TransactionScope();
     TransactionScope(const TransactionScope&) = delete;
     TransactionScope& operator=(const TransactionScope&) = delete;

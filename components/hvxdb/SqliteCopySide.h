@@ -12,7 +12,6 @@ public:
     /// Takes the indexes away too: to build them behind the rows costs less.
     void BeginRows() override;
     void EndRows() override;
-    [[nodiscard]] bool StoresNul() const override { return true; }
     [[nodiscard]] DatabaseCounters Counters() override;
     void SetCounters(const DatabaseCounters& counters) override;
     [[nodiscard]] std::vector<StoredRights> Rights() override;

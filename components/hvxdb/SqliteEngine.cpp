@@ -11,6 +11,7 @@
 #include <QUrl>
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -106,6 +107,8 @@ void SqliteEngine::CheckSource(const QString& source) const
 void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int busyMs)
 {
     Open(database, source, QStringLiteral("rw"), busyMs, *this);
+    m_path = source;
+    m_identity = IdentityOf(source);
     sqlite3* handle = SharedHandle(database);
     m_buildsLists = handle && AddPairListFunction(handle);
 }
@@ -196,4 +199,17 @@ bool SqliteEngine::HasLostTransaction(const QSqlDatabase& database) const
 {
     sqlite3* handle = SharedHandle(database);
     return handle && sqlite3_get_autocommit(handle) != 0;
+}
+
+bool SqliteEngine::HasLostSource(const QSqlDatabase&) const
+{
+    return IdentityOf(m_path) != m_identity;
+}
+
+std::optional<SqliteEngine::FileIdentity> SqliteEngine::IdentityOf(const QString& path)
+{
+    struct stat status;
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return FileIdentity{status.st_dev, status.st_ino};
 }

@@ -18,11 +18,24 @@ public:
     [[nodiscard]] quint32 ErrorNumber(const QSqlError& error) const override;
     [[nodiscard]] std::optional<quint32> DataVersion(const QSqlDatabase& database) const override;
     [[nodiscard]] bool HasLostTransaction(const QSqlDatabase& database) const override;
+    [[nodiscard]] bool HasLostSource(const QSqlDatabase& database) const override;
 
     /// Makes an empty file that becomes a database; for those who create one. Raises ComponentError.
     void ConnectNew(QSqlDatabase& database, const QString& source) const;
 
 private:
+    /// Which file a path leads to.
+    struct FileIdentity
+    {
+        quint64 device = 0;
+        quint64 node = 0;
+        bool operator==(const FileIdentity&) const = default;
+    };
+
+    [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const QString& path);
+
     /// The connection builds lists itself, see SqlitePairList.
     bool m_buildsLists = false;
+    QString m_path;
+    std::optional<FileIdentity> m_identity;
 };

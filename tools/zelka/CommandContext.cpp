@@ -17,10 +17,11 @@ std::unique_ptr<HvxAdministration> CommandContext::OpenAdministration() const
 void CommandContext::AddSourceOption(CLI::App& command)
 {
     command
-        .add_option("--source", source,
-                    "Database to work on: a file, or a URL of a server (default: the environment variable "
-                    "ZELKA_DBS32, else the workstation's setting ODBC/DBS32, else Dbs.mdb in the user's data "
-                    "folder)")
+        .add_option(
+            "--source", source,
+            "Database to work on: a file, or the postgresql:// URL of a server's database (default: the "
+            "environment variable ZELKA_DBS32, else the workstation's setting ODBC/DBS32, else Dbs.mdb in "
+            "the user's data folder)")
         ->type_name("SOURCE");
 }
 

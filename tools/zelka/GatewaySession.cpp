@@ -5,7 +5,28 @@
 #include "database/DatabaseState.h"
 #include "database/DatabaseTexts.h"
 #include "model/ModelState.h"
+#include "platform/ComponentError.h"
+#include "platform/HvxDatabase.h"
 #include "tools/zelka/CommandError.h"
+
+namespace {
+
+/// The gateway tries to reach a server for half a minute and then has one text for all causes. A command
+/// tells the cause, at once.
+void RequireServer(const CommandContext& context)
+{
+    if (!IsServerSource(context.Source()))
+        return;
+    try {
+        (void)context.OpenAdministration();
+    } catch (const ComponentError& error) {
+        // What to do about a lock knows the gateway.
+        if (error.Number() != DatabaseErrorNumber::InUse)
+            throw;
+    }
+}
+
+} // namespace
 
 GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_before(SetBoxPresenter(this))
 {
@@ -14,6 +35,7 @@ GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_
     Model().Database = Database().DbObject.get();
     Model().ConObject = std::make_unique<ConData>();
     try {
+        RequireServer(context);
         Require(Gateway().OpenDb());
     } catch (...) {
         Close();

@@ -102,10 +102,11 @@ void InitCommand::Init() const
         if (!IsEmpty())
             Fill(source);
     } catch (const std::exception&) {
-        m_context.output.Words(QStringLiteral("The database \"%1\" was made but not filled.").arg(source));
+        m_context.output.Words(
+            QStringLiteral("The database \"%1\" was made but not filled.").arg(ShownSource(source)));
         throw;
     }
-    Report(source, kept);
+    Report(ShownSource(source), kept);
 }
 
 void InitCommand::Fill(const QString& source) const
