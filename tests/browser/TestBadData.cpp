@@ -1,4 +1,4 @@
-#include "tests/browser/SqliteFixture.h"
+#include "tests/browser/ControlOnDatabase.h"
 
 #include <QFile>
 #include <QTabWidget>
@@ -104,7 +104,7 @@ QString RenameSql(const QString& table, const QString& oldName, const QString& n
 }
 
 /// Clicks on "node North" or "connection Alpha" in the view of its kind.
-void ClickEntry(const SqliteFixture& f, const QString& entry)
+void ClickEntry(const ControlOnDatabase& f, const QString& entry)
 {
     const QString name = entry.section(QLatin1Char(' '), 1);
     const bool isNode = entry.startsWith(QLatin1String("node "));
@@ -162,7 +162,7 @@ void TestBadData::Click_DamagedData_IsToldAndTheNextEntryWorks()
     QFETCH(const QString, text);
     QFETCH(const QString, good);
     QFETCH(const QString, goodTarget);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.OpenComponent()->SaveNode(QStringLiteral("Mml"), QStringLiteral("NEMML"),
                                          QStringLiteral("WP=NEMML,USER=anna"), QStringLiteral("Alpha"),
                                          QString());
@@ -197,7 +197,7 @@ void TestBadData::HostAsks_DamagedData_GetsFalseWithoutABox_data()
 void TestBadData::HostAsks_DamagedData_GetsFalseWithoutABox()
 {
     QFETCH(const QString, sql);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(sql);
     f.Start();
 
@@ -223,7 +223,7 @@ void TestBadData::Start_DamagedTypeList_IsToldAndGoesOn()
 {
     QFETCH(const QString, sql);
     QFETCH(const QStringList, texts);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(sql);
 
     f.Start();
@@ -256,7 +256,7 @@ void TestBadData::Click_LimitsJustReached_GivesTheTarget()
     QFETCH(const QString, sql);
     QFETCH(const QString, entry);
     QFETCH(const QString, target);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(sql);
     f.Start();
     ClickEntry(f, entry);
@@ -266,7 +266,7 @@ void TestBadData::Click_LimitsJustReached_GivesTheTarget()
 
 void TestBadData::Click_UnknownWaypoint_GivesNoTargetAndNoBox()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(QStringLiteral("DELETE FROM waypoint WHERE name = 'SOCKET'"));
     f.Start();
     f.ClickNode(QStringLiteral("North"));
@@ -280,7 +280,7 @@ void TestBadData::Click_UnknownWaypoint_GivesNoTargetAndNoBox()
 
 void TestBadData::DoubleClick_DamagedConnection_StillOpens()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(Hops(11));
     f.Start();
     f.ShowConnections();
@@ -301,7 +301,7 @@ void TestBadData::DoubleClick_DamagedConnection_StillOpens()
 
 void TestBadData::ShowAgain_DamagedEntrySelected_IsToldAndLivesOn()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(NodeWaypoints(11));
     f.Start();
     f.ClickNode(QStringLiteral("North"));
@@ -354,7 +354,7 @@ void TestBadData::Click_UnreadableRecord_LeavesTheOthersUsable()
     QFETCH(const QString, entry);
     QFETCH(const QStringList, texts);
     QFETCH(const QString, target);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(sql);
     f.Start();
     ClickEntry(f, entry);
@@ -389,7 +389,7 @@ void TestBadData::StrangeNames_NodeClicked_GivesItsTarget_data()
 void TestBadData::StrangeNames_NodeClicked_GivesItsTarget()
 {
     QFETCH(const QString, name);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(RenameSql(QStringLiteral("node"), QStringLiteral("North"), name));
     f.Start();
     QVERIFY(f.Entries("tvwNodesTree").FindByText(name, true) != 0);
@@ -407,7 +407,7 @@ void TestBadData::StrangeNames_ConnectionClicked_GivesItsTarget_data()
 void TestBadData::StrangeNames_ConnectionClicked_GivesItsTarget()
 {
     QFETCH(const QString, name);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(RenameSql(QStringLiteral("connection"), QStringLiteral("Alpha"), name));
     f.Start();
     f.ShowConnections();
@@ -434,7 +434,7 @@ void TestBadData::NamesWithControlCharacters_Clicked_AreRefused()
 {
     QFETCH(const QString, name);
     const QString shown = QStringLiteral("mast one");
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(RenameSql(QStringLiteral("node"), QStringLiteral("North"), name));
     f.Database.RunSql(
         RenameSql(QStringLiteral("connection"), QStringLiteral("Gamma"), QStringLiteral("g ") + name));
@@ -477,7 +477,7 @@ void TestBadData::StrangeTargets_Clicked_AreGiven()
 {
     QFETCH(const QString, value);
     QFETCH(const QString, shown);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(QStringLiteral("UPDATE node SET target = %1 WHERE name = 'North'")
                           .arg(Quoted(QStringLiteral("WP=NET4,ADDR=") + value)));
     f.Start();

@@ -1,5 +1,5 @@
 #include "browser/IntervalTimer.h"
-#include "tests/browser/SqliteFixture.h"
+#include "tests/browser/ControlOnDatabase.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -163,7 +163,7 @@ private:
 };
 
 /// What is left to do without a database.
-void VerifyDirectOnly(const SqliteFixture& f)
+void VerifyDirectOnly(const ControlOnDatabase& f)
 {
     const auto& tabMain = f.Find<QTabWidget>("tabMain");
     QCOMPARE(tabMain.currentIndex(), 1);
@@ -180,7 +180,7 @@ void VerifyDirectOnly(const SqliteFixture& f)
     QCOMPARE(f.HostTarget(), QStringLiteral("WP=SOCKET,HOST=gateway-2"));
 }
 
-void VerifyDatabaseWorks(const SqliteFixture& f)
+void VerifyDatabaseWorks(const ControlOnDatabase& f)
 {
     const auto& tabMain = f.Find<QTabWidget>("tabMain");
     QVERIFY(Database().DatabaseOpen);
@@ -192,7 +192,7 @@ void VerifyDatabaseWorks(const SqliteFixture& f)
 }
 
 /// Ends the control and starts another one in this process on the fixture's own database.
-void VerifyNextStartWorks(SqliteFixture& f)
+void VerifyNextStartWorks(ControlOnDatabase& f)
 {
     f.Control.reset();
     f.Operator.Boxes.clear();
@@ -311,7 +311,7 @@ void TestBadDatabases::Start_UnusableDatabase_IsDirectOnlyAndHarmsNothing()
 {
     QFETCH(const Damage, damage);
     QFETCH(const QString, text);
-    SqliteFixture f;
+    ControlOnDatabase f;
     const BadPlace place;
     f.SetSource(damage(place));
     const auto before = ContentsOf(place.Folder());
@@ -336,7 +336,7 @@ void TestBadDatabases::Start_LostTable_IsMendedWithoutAWord_data()
 void TestBadDatabases::Start_LostTable_IsMendedWithoutAWord()
 {
     QFETCH(const QString, table);
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Database.RunSql(QStringLiteral("DROP TABLE %1").arg(table));
     const QString records = QStringLiteral("SELECT group_concat(id || name || target) FROM connection");
     const QVariant before = f.Database.RunSql(records);
@@ -349,7 +349,7 @@ void TestBadDatabases::Start_LostTable_IsMendedWithoutAWord()
 
 void TestBadDatabases::Restart_DatabaseThereNow_OpensInTheSameControl()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.SetSource(f.Database.Folder() + QStringLiteral("/none.mdb"));
     f.Start();
     VerifyDirectOnly(f);
@@ -375,7 +375,7 @@ void TestBadDatabases::Start_OtherProcessWrites_AsksUntilItEnds()
 {
     QFETCH(const int, seconds);
     QFETCH(const int, prompts);
-    SqliteFixture f;
+    ControlOnDatabase f;
     FakeMachine machine;
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
@@ -398,7 +398,7 @@ void TestBadDatabases::Start_OtherProcessWrites_AsksUntilItEnds()
 
 void TestBadDatabases::Start_OtherProcessWritesAndOperatorGivesUp_ControlLivesOn()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     const QByteArray before = HashOf(f.Database.Source());
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
@@ -430,7 +430,7 @@ void TestBadDatabases::Start_OtherProcessWritesAndOperatorGivesUp_ControlLivesOn
 
 void TestBadDatabases::Click_OtherProcessWrites_AsksAndThenGivesTheTarget()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Start();
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
@@ -445,7 +445,7 @@ void TestBadDatabases::Click_OtherProcessWrites_AsksAndThenGivesTheTarget()
 
 void TestBadDatabases::Click_OtherProcessWritesAndOperatorGivesUp_EntryIsRefused()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     f.Start();
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source()));
@@ -469,7 +469,7 @@ void TestBadDatabases::Click_OtherProcessWritesAndOperatorGivesUp_EntryIsRefused
 
 void TestBadDatabases::Start_OtherProcessHasItAlone_IsDenied()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     const DatabaseFixture held;
     OtherProcess other;
     QVERIFY(other.Hold(held.Source(), QStringLiteral("alone")));
@@ -492,7 +492,7 @@ void TestBadDatabases::Start_OtherProcessHasItAlone_IsDenied()
 
 void TestBadDatabases::Start_OtherProcessLetsGoMeanwhile_Opens()
 {
-    SqliteFixture f;
+    ControlOnDatabase f;
     OtherProcess other;
     QVERIFY(other.Hold(f.Database.Source(), QStringLiteral("alone")));
     int refusals = 0;
@@ -525,7 +525,7 @@ void TestBadDatabases::Start_RefusedForUnknownReason_IsTriedForHalfAMinute()
     QFETCH(const int, seconds);
     QFETCH(const int, attempts);
     QFETCH(const bool, opens);
-    SqliteFixture f;
+    ControlOnDatabase f;
     FakeMachine machine;
     const auto before = ContentsOf(f.Database.Folder());
     const qint64 end = machine.NowMs + seconds * 1000;
@@ -571,7 +571,7 @@ void TestBadDatabases::Start_MaintenanceLock()
     QFETCH(const QString, host);
     QFETCH(const qint64, ageMs);
     QFETCH(const bool, opens);
-    SqliteFixture f;
+    ControlOnDatabase f;
     const DatabaseFixture held;
     held.RunSql(QStringLiteral("INSERT INTO cam_lock (one, token, owner, host, process, heartbeat)"
                                " VALUES (1, 'token', 'anna', '%1', %2, %3)")

@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QTest>
 
-/// The gateway on a real database file, and the same on the tests' own database, which must not differ.
+/// The gateway on a real database, and the same on the tests' own database, which must not differ.
 class TestGatewayOnComponents : public QObject
 {
     Q_OBJECT

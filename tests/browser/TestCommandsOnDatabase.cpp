@@ -1,11 +1,11 @@
 #include "dialogs/frmDatabaseConProp.h"
 #include "dialogs/frmDatabaseNodeProp.h"
-#include "tests/browser/SqliteFixture.h"
+#include "tests/browser/ControlOnDatabase.h"
 
 #include <QComboBox>
 #include <QTimer>
 
-// Whole ways of the commands: real dialogs on a database file.
+// Whole ways of the commands: real dialogs on a database.
 
 namespace {
 
@@ -31,7 +31,7 @@ void TypeName(QDialog& form, const char* box, const QString& name)
     QTest::keyClicks(&edit, name);
 }
 
-class CommandsFixture : public SqliteFixture
+class CommandsFixture : public ControlOnDatabase
 {
 public:
     CommandsFixture()
@@ -65,7 +65,7 @@ public:
 
 } // namespace
 
-class TestCommandsOnSqlite : public QObject
+class TestCommandsOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -88,7 +88,7 @@ private Q_SLOTS:
     void Dialog_ControlDestroyedUnderIt_GoesWithIt();
 };
 
-void TestCommandsOnSqlite::AddConnection_CopiedAndSaved_IsStoredAndSelected()
+void TestCommandsOnDatabase::AddConnection_CopiedAndSaved_IsStoredAndSelected()
 {
     CommandsFixture f;
     f.ShowConnections();
@@ -108,7 +108,7 @@ void TestCommandsOnSqlite::AddConnection_CopiedAndSaved_IsStoredAndSelected()
     QVERIFY(target.startsWith(QLatin1String("WP=SOCKET,HOST=gateway-2")));
 }
 
-void TestCommandsOnSqlite::AddConnection_Cancelled_StoresNothing()
+void TestCommandsOnDatabase::AddConnection_Cancelled_StoresNothing()
 {
     CommandsFixture f;
     f.ShowConnections();
@@ -124,7 +124,7 @@ void TestCommandsOnSqlite::AddConnection_Cancelled_StoresNothing()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::AddNode_CopiedAndSaved_IsStoredAndSelected()
+void TestCommandsOnDatabase::AddNode_CopiedAndSaved_IsStoredAndSelected()
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("North"));
@@ -142,7 +142,7 @@ void TestCommandsOnSqlite::AddNode_CopiedAndSaved_IsStoredAndSelected()
     QVERIFY(!id.isEmpty());
 }
 
-void TestCommandsOnSqlite::AddNode_New_HasTheDefaultType()
+void TestCommandsOnDatabase::AddNode_New_HasTheDefaultType()
 {
     CommandsFixture f;
     QString type;
@@ -155,7 +155,7 @@ void TestCommandsOnSqlite::AddNode_New_HasTheDefaultType()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::ConnectionProperties_Renamed_StaysSelectedAndItsNodesFollow()
+void TestCommandsOnDatabase::ConnectionProperties_Renamed_StaysSelectedAndItsNodesFollow()
 {
     CommandsFixture f;
     f.Open(QStringLiteral("Alpha"), true);
@@ -177,13 +177,13 @@ void TestCommandsOnSqlite::ConnectionProperties_Renamed_StaysSelectedAndItsNodes
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::NodeProperties_Renamed_StaysSelected_data()
+void TestCommandsOnDatabase::NodeProperties_Renamed_StaysSelected_data()
 {
     QTest::addColumn<bool>("connections");
     QTest::newRow("node view") << false;
     QTest::newRow("connection view") << true;
 }
-void TestCommandsOnSqlite::NodeProperties_Renamed_StaysSelected()
+void TestCommandsOnDatabase::NodeProperties_Renamed_StaysSelected()
 {
     QFETCH(const bool, connections);
     CommandsFixture f;
@@ -206,7 +206,7 @@ void TestCommandsOnSqlite::NodeProperties_Renamed_StaysSelected()
     QVERIFY(id.isEmpty());
 }
 
-void TestCommandsOnSqlite::Properties_WithoutEditRight_CannotSave()
+void TestCommandsOnDatabase::Properties_WithoutEditRight_CannotSave()
 {
     CommandsFixture f;
     ::Database().EditRight = false;
@@ -225,7 +225,7 @@ void TestCommandsOnSqlite::Properties_WithoutEditRight_CannotSave()
     QVERIFY(!canSave);
 }
 
-void TestCommandsOnSqlite::Properties_RecordChangedUnderTheDialog_CannotBeSaved()
+void TestCommandsOnDatabase::Properties_RecordChangedUnderTheDialog_CannotBeSaved()
 {
     CommandsFixture f;
     f.ShowConnections();
@@ -244,7 +244,7 @@ void TestCommandsOnSqlite::Properties_RecordChangedUnderTheDialog_CannotBeSaved(
     QCOMPARE(f.HostTarget(), QStringLiteral("WP=BUST4,ID=5"));
 }
 
-void TestCommandsOnSqlite::RemoveNode_InTheConnectionView_IsGoneEverywhere()
+void TestCommandsOnDatabase::RemoveNode_InTheConnectionView_IsGoneEverywhere()
 {
     CommandsFixture f;
     f.Open(QStringLiteral("Alpha"), true);
@@ -260,7 +260,7 @@ void TestCommandsOnSqlite::RemoveNode_InTheConnectionView_IsGoneEverywhere()
     QVERIFY(id.isEmpty());
 }
 
-void TestCommandsOnSqlite::RemoveConnection_WithNodes_IsGoneEverywhere()
+void TestCommandsOnDatabase::RemoveConnection_WithNodes_IsGoneEverywhere()
 {
     CommandsFixture f;
     f.ShowConnections();
@@ -277,7 +277,7 @@ void TestCommandsOnSqlite::RemoveConnection_WithNodes_IsGoneEverywhere()
     QCOMPARE(list.split(QLatin1Char('\t')).size(), 4);
 }
 
-void TestCommandsOnSqlite::Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees()
+void TestCommandsOnDatabase::Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees()
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("North"));
@@ -299,7 +299,7 @@ void TestCommandsOnSqlite::Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees()
     QCOMPARE(f.Entries("tvwNodesTree").FindByText(QStringLiteral("North"), true), 0);
 }
 
-void TestCommandsOnSqlite::Reload_ByAChangeOfAnother_KeepsThePlaceInBothTrees()
+void TestCommandsOnDatabase::Reload_ByAChangeOfAnother_KeepsThePlaceInBothTrees()
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("South"));
@@ -317,7 +317,7 @@ void TestCommandsOnSqlite::Reload_ByAChangeOfAnother_KeepsThePlaceInBothTrees()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::Manage_ManagedNode_StartsWithItsText()
+void TestCommandsOnDatabase::Manage_ManagedNode_StartsWithItsText()
 {
     CommandsFixture f;
     QStringList started;
@@ -333,7 +333,7 @@ void TestCommandsOnSqlite::Manage_ManagedNode_StartsWithItsText()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::EnterThroughTheTree_OpensAndCancelsEachRecord()
+void TestCommandsOnDatabase::EnterThroughTheTree_OpensAndCancelsEachRecord()
 {
     CommandsFixture f;
     f.ShowConnections();
@@ -353,7 +353,7 @@ void TestCommandsOnSqlite::EnterThroughTheTree_OpensAndCancelsEachRecord()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-void TestCommandsOnSqlite::Dialog_ControlDestroyedUnderIt_GoesWithIt()
+void TestCommandsOnDatabase::Dialog_ControlDestroyedUnderIt_GoesWithIt()
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("North"));
@@ -368,5 +368,5 @@ void TestCommandsOnSqlite::Dialog_ControlDestroyedUnderIt_GoesWithIt()
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
-QTEST_MAIN(TestCommandsOnSqlite)
-#include "TestCommandsOnSqlite.moc"
+QTEST_MAIN(TestCommandsOnDatabase)
+#include "TestCommandsOnDatabase.moc"

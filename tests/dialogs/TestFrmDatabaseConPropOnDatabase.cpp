@@ -11,8 +11,8 @@ namespace {
 const QString Changed = QStringLiteral("Save is prevented, because another application has changed this "
                                        "connection. Close dialog and try again.");
 
-/// The dialog on a database file, and another application on the same file.
-class SqliteDialog
+/// The dialog on a database, and another application on the same one.
+class DialogOnDatabase
 {
 public:
     DatabaseFixture File;
@@ -41,6 +41,7 @@ public:
         return DatabaseFixture::ErrorOf([this] {
                    qint32 started = 0;
                    Other->BeginTransaction(started);
+                   Other->DeleteNode("East");
                    Other->RollbackTransaction();
                }) == 0;
     }
@@ -63,8 +64,8 @@ private:
 
 } // namespace
 
-/// Whole saves of the connection dialog on a database file.
-class TestFrmDatabaseConPropOnSqlite : public QObject
+/// Whole saves of the connection dialog on a database.
+class TestFrmDatabaseConPropOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -86,9 +87,9 @@ private Q_SLOTS:
     void Load_ManyConnections_OpensAtOnce();
 };
 
-void TestFrmDatabaseConPropOnSqlite::Save_New_IsStored()
+void TestFrmDatabaseConPropOnDatabase::Save_New_IsStored()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.AddCopyOf("Alpha");
     dialog.Fixture.TypeName("Omega");
 
@@ -102,9 +103,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_New_IsStored()
     QVERIFY(dialog.Fixture.Operator.Boxes.empty());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_NewFromNothing_IsStoredWithItsType()
+void TestFrmDatabaseConPropOnDatabase::Save_NewFromNothing_IsStoredWithItsType()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.AddFromNothing();
     dialog.Fixture.ChooseType(dialog.Fixture.TypeTexts()[1]);
     dialog.Fixture.TypeName("Omega");
@@ -118,9 +119,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_NewFromNothing_IsStoredWithItsType()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_Rename_KeepsTheNodes()
+void TestFrmDatabaseConPropOnDatabase::Save_Rename_KeepsTheNodes()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Alpha");
     dialog.Fixture.TypeName("Omega");
 
@@ -134,9 +135,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_Rename_KeepsTheNodes()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_Retarget_TakesANewId()
+void TestFrmDatabaseConPropOnDatabase::Save_Retarget_TakesANewId()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     const QString before = dialog.IdOf("Gamma");
     dialog.Fixture.Edit("Gamma");
     dialog.Fixture.SetValue(1, "1");
@@ -149,9 +150,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_Retarget_TakesANewId()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_RenameAndRetype_IsStored()
+void TestFrmDatabaseConPropOnDatabase::Save_RenameAndRetype_IsStored()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Fixture.ChooseType(dialog.Fixture.TypeTexts()[0]);
     dialog.Fixture.SetValue(1, "5");
@@ -164,9 +165,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_RenameAndRetype_IsStored()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_Replace_KeepsTheNodes()
+void TestFrmDatabaseConPropOnDatabase::Save_Replace_KeepsTheNodes()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.EditConnection("Beta");
     dialog.Fixture.Con().ConName = "Alpha";
     dialog.Fixture.Con().NewCon = true;
@@ -186,9 +187,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_Replace_KeepsTheNodes()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_ReplaceCancelled_KeepsTheRecord()
+void TestFrmDatabaseConPropOnDatabase::Save_ReplaceCancelled_KeepsTheRecord()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.EditConnection("Beta");
     dialog.Fixture.Con().ConName = "Alpha";
     dialog.Fixture.Con().NewCon = true;
@@ -203,9 +204,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_ReplaceCancelled_KeepsTheRecord()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_ChangedElsewhere_IsPrevented()
+void TestFrmDatabaseConPropOnDatabase::Save_ChangedElsewhere_IsPrevented()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Fixture.TypeName("Omega");
     dialog.Other->ReplaceParentTarget("Gamma", "WP=SNMP,VERSION=1");
@@ -219,9 +220,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_ChangedElsewhere_IsPrevented()
     QVERIFY(dialog.IsFree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_DeletedElsewhere_IsPrevented()
+void TestFrmDatabaseConPropOnDatabase::Save_DeletedElsewhere_IsPrevented()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Other->DeleteParent("Gamma", true);
 
@@ -232,9 +233,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_DeletedElsewhere_IsPrevented()
     QCOMPARE(dialog.TargetOf("Gamma"), "there is none");
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_DeletedAndMadeAnewElsewhere_IsPrevented()
+void TestFrmDatabaseConPropOnDatabase::Save_DeletedAndMadeAnewElsewhere_IsPrevented()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Other->DeleteParent("Gamma", true);
     dialog.Other->SaveParent("Gamma", DatabaseFixture::GammaTarget);
@@ -246,7 +247,7 @@ void TestFrmDatabaseConPropOnSqlite::Save_DeletedAndMadeAnewElsewhere_IsPrevente
     QCOMPARE(dialog.TargetOf("Gamma"), DatabaseFixture::GammaTarget);
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_NameOfANode_IsRefused_data()
+void TestFrmDatabaseConPropOnDatabase::Save_NameOfANode_IsRefused_data()
 {
     QTest::addColumn<bool>("isNew");
 
@@ -254,10 +255,10 @@ void TestFrmDatabaseConPropOnSqlite::Save_NameOfANode_IsRefused_data()
     QTest::newRow("rename") << false;
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_NameOfANode_IsRefused()
+void TestFrmDatabaseConPropOnDatabase::Save_NameOfANode_IsRefused()
 {
     QFETCH(bool, isNew);
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     if (isNew)
         dialog.Fixture.AddCopyOf("Gamma");
     else
@@ -274,9 +275,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_NameOfANode_IsRefused()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_HeldByAnother_IsDenied()
+void TestFrmDatabaseConPropOnDatabase::Save_HeldByAnother_IsDenied()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Fixture.TypeName("Omega");
     qint32 started = 0;
@@ -296,9 +297,9 @@ void TestFrmDatabaseConPropOnSqlite::Save_HeldByAnother_IsDenied()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Save_TwiceInARow_GoesOn()
+void TestFrmDatabaseConPropOnDatabase::Save_TwiceInARow_GoesOn()
 {
-    SqliteDialog dialog;
+    DialogOnDatabase dialog;
     dialog.Fixture.Edit("Gamma");
     dialog.Fixture.Click("cmdSave");
 
@@ -310,7 +311,7 @@ void TestFrmDatabaseConPropOnSqlite::Save_TwiceInARow_GoesOn()
     QVERIFY(dialog.TreesAgree());
 }
 
-void TestFrmDatabaseConPropOnSqlite::Load_ManyConnections_OpensAtOnce()
+void TestFrmDatabaseConPropOnDatabase::Load_ManyConnections_OpensAtOnce()
 {
     DatabaseFixture file;
     const std::unique_ptr<HvxAdministration> administration = HvxAdministration::Open(file.Source());
@@ -338,5 +339,5 @@ void TestFrmDatabaseConPropOnSqlite::Load_ManyConnections_OpensAtOnce()
     QVERIFY(component->StatementCount() - before <= 6);
 }
 
-QTEST_MAIN(TestFrmDatabaseConPropOnSqlite)
-#include "TestFrmDatabaseConPropOnSqlite.moc"
+QTEST_MAIN(TestFrmDatabaseConPropOnDatabase)
+#include "TestFrmDatabaseConPropOnDatabase.moc"

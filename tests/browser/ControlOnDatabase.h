@@ -3,12 +3,12 @@
 #include "tests/browser/BrowserTestSupport.h"
 #include "tests/components/DatabaseFixture.h"
 
-/// A control on a database file, on the Database page, with an operator who is recorded; the module state is
+/// A control on a database, on the Database page, with an operator who is recorded; the module state is
 /// clean before and after.
-class SqliteFixture
+class ControlOnDatabase
 {
 public:
-    SqliteFixture()
+    ControlOnDatabase()
     {
         ResetModuleState();
         SetSource(Database.Source());
@@ -17,14 +17,14 @@ public:
         Opening().ConnectionProperties = cancel;
         Opening().NodeProperties = cancel;
     }
-    ~SqliteFixture()
+    ~ControlOnDatabase()
     {
         Control.reset();
         ResetModuleState();
         RegisterComponent(HvxDatabaseId, nullptr);
     }
-    SqliteFixture(const SqliteFixture&) = delete;
-    SqliteFixture& operator=(const SqliteFixture&) = delete;
+    ControlOnDatabase(const ControlOnDatabase&) = delete;
+    ControlOnDatabase& operator=(const ControlOnDatabase&) = delete;
 
     DatabaseFixture Database;
     RecordingPresenter Operator;

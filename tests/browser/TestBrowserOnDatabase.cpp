@@ -1,8 +1,8 @@
-#include "tests/browser/SqliteFixture.h"
+#include "tests/browser/ControlOnDatabase.h"
 
 #include <QTest>
 
-class TestBrowserOnSqlite : public QObject
+class TestBrowserOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, node);
         QFETCH(const QString, target);
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         f.Click("tvwNodesTree", node, true);
         QCOMPARE(f.HostTarget(), target);
@@ -31,7 +31,7 @@ private Q_SLOTS:
 
     void ManagedNode_Clicked_OffersItsManager()
     {
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         f.Click("tvwNodesTree", QStringLiteral("North"), true);
         QVERIFY(f.Control->NodeManagerExists());
@@ -44,7 +44,7 @@ private Q_SLOTS:
 
     void SnmpConnection_Clicked_OffersNoScan()
     {
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         f.Find<QRadioButton>("optCon").setChecked(true);
         f.Click("tvwConTree", QStringLiteral("Gamma"), false);
@@ -57,7 +57,7 @@ private Q_SLOTS:
 
     void ChangeByAnotherProgram_ClickOnTheEntry_IsToldAndReloaded()
     {
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         const auto other = f.Database.OpenComponent();
         other->ReplaceNodeTarget(QStringLiteral("North"), QStringLiteral("Beta"),
@@ -74,7 +74,7 @@ private Q_SLOTS:
 
     void Click_NoTransactionStaysOpen_AnotherProgramCanWrite()
     {
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         f.Click("tvwNodesTree", QStringLiteral("North"), true);
         const auto other = f.Database.OpenComponent();
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QFETCH(const QString, tree);
         QFETCH(const QString, text);
         QFETCH(const bool, viewNodes);
-        SqliteFixture f;
+        ControlOnDatabase f;
         f.Start();
         if (tree == QLatin1String("tvwConTree")) {
             f.Find<QRadioButton>("optCon").setChecked(true);
@@ -125,5 +125,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestBrowserOnSqlite)
-#include "TestBrowserOnSqlite.moc"
+QTEST_MAIN(TestBrowserOnDatabase)
+#include "TestBrowserOnDatabase.moc"

@@ -12,8 +12,8 @@
 
 #include <QTest>
 
-/// The save routines on a real database file: afterwards the trees are what a fill would make of them.
-class TestSaveRoutinesOnSqlite : public QObject
+/// The save routines on a real database: afterwards the trees are what a fill would make of them.
+class TestSaveRoutinesOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ static const QString NewConTarget =
 static const QString NewNodeTarget =
     QStringLiteral("WP=NET4,ADDR=99,SUB=0,PRIO=NORMAL,CRC=ON,TIME=2000,RETRY=2");
 
-/// An open database file and the trees that show it.
+/// An open database and the trees that show it.
 class FileFixture : public GatewayFixture
 {
 public:
@@ -185,12 +185,12 @@ static void Actions()
     }
 }
 
-void TestSaveRoutinesOnSqlite::Action_Committed_TreesAreWhatAFillGives_data()
+void TestSaveRoutinesOnDatabase::Action_Committed_TreesAreWhatAFillGives_data()
 {
     Actions();
 }
 
-void TestSaveRoutinesOnSqlite::Action_Committed_TreesAreWhatAFillGives()
+void TestSaveRoutinesOnDatabase::Action_Committed_TreesAreWhatAFillGives()
 {
     QFETCH(bool, viewNodes);
     QFETCH(Action, action);
@@ -205,12 +205,12 @@ void TestSaveRoutinesOnSqlite::Action_Committed_TreesAreWhatAFillGives()
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
-void TestSaveRoutinesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees_data()
+void TestSaveRoutinesOnDatabase::Action_RolledBack_LeavesRecordsAndTrees_data()
 {
     Actions();
 }
 
-void TestSaveRoutinesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees()
+void TestSaveRoutinesOnDatabase::Action_RolledBack_LeavesRecordsAndTrees()
 {
     QFETCH(bool, viewNodes);
     QFETCH(Action, action);
@@ -225,7 +225,7 @@ void TestSaveRoutinesOnSqlite::Action_RolledBack_LeavesRecordsAndTrees()
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
-void TestSaveRoutinesOnSqlite::Action_DatabaseHeldByAnother_IsTold()
+void TestSaveRoutinesOnDatabase::Action_DatabaseHeldByAnother_IsTold()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -245,7 +245,7 @@ void TestSaveRoutinesOnSqlite::Action_DatabaseHeldByAnother_IsTold()
     other->RollbackTransaction();
 }
 
-void TestSaveRoutinesOnSqlite::SaveConnectionChanges_Rename_KeepsTheNodes()
+void TestSaveRoutinesOnDatabase::SaveConnectionChanges_Rename_KeepsTheNodes()
 {
     FileFixture fixture;
     QString target;
@@ -259,7 +259,7 @@ void TestSaveRoutinesOnSqlite::SaveConnectionChanges_Rename_KeepsTheNodes()
     QCOMPARE(fixture.ConTree.ChildCount(fixture.Position), 2);
 }
 
-void TestSaveRoutinesOnSqlite::SaveConnectionChanges_NameOfANode_IsRefused()
+void TestSaveRoutinesOnDatabase::SaveConnectionChanges_NameOfANode_IsRefused()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -274,7 +274,7 @@ void TestSaveRoutinesOnSqlite::SaveConnectionChanges_NameOfANode_IsRefused()
     QCOMPARE(FileFixture::Stored(), before);
 }
 
-void TestSaveRoutinesOnSqlite::SaveNodeChanges_Record_HoldsAllThatWasGiven()
+void TestSaveRoutinesOnDatabase::SaveNodeChanges_Record_HoldsAllThatWasGiven()
 {
     FileFixture fixture;
 
@@ -284,7 +284,7 @@ void TestSaveRoutinesOnSqlite::SaveNodeChanges_Record_HoldsAllThatWasGiven()
     QCOMPARE(FileFixture::Record("North"), QStringList(4, QString()));
 }
 
-void TestSaveRoutinesOnSqlite::SaveNodeChanges_UsersText_IsKept()
+void TestSaveRoutinesOnDatabase::SaveNodeChanges_UsersText_IsKept()
 {
     FileFixture fixture;
     const auto other = fixture.File.OpenComponent();
@@ -297,7 +297,7 @@ void TestSaveRoutinesOnSqlite::SaveNodeChanges_UsersText_IsKept()
     QCOMPARE(users, "somebody");
 }
 
-void TestSaveRoutinesOnSqlite::SaveNodeChanges_NoSuchManager_SavesTheRest()
+void TestSaveRoutinesOnDatabase::SaveNodeChanges_NoSuchManager_SavesTheRest()
 {
     FileFixture fixture;
 
@@ -307,7 +307,7 @@ void TestSaveRoutinesOnSqlite::SaveNodeChanges_NoSuchManager_SavesTheRest()
     QCOMPARE(fixture.Operator.Texts().last(), "Manager index doesn't exist.");
 }
 
-void TestSaveRoutinesOnSqlite::SaveNewNode_NoSuchConnection_SavesNothing()
+void TestSaveRoutinesOnDatabase::SaveNewNode_NoSuchConnection_SavesNothing()
 {
     FileFixture fixture;
     const QStringList before = fixture.Shown();
@@ -319,7 +319,7 @@ void TestSaveRoutinesOnSqlite::SaveNewNode_NoSuchConnection_SavesNothing()
     QCOMPARE(FileFixture::Stored(), before);
 }
 
-void TestSaveRoutinesOnSqlite::SaveNodeWithValues_ScannedNode_HasItsTarget()
+void TestSaveRoutinesOnDatabase::SaveNodeWithValues_ScannedNode_HasItsTarget()
 {
     FileFixture fixture;
     Model().ConObject->ConTree = &fixture.ConTree;
@@ -334,7 +334,7 @@ void TestSaveRoutinesOnSqlite::SaveNodeWithValues_ScannedNode_HasItsTarget()
     QCOMPARE(fixture.Shown(), FileFixture::Stored());
 }
 
-void TestSaveRoutinesOnSqlite::RemoveConnection_TakesItsNodes()
+void TestSaveRoutinesOnDatabase::RemoveConnection_TakesItsNodes()
 {
     FileFixture fixture;
 
@@ -346,5 +346,5 @@ void TestSaveRoutinesOnSqlite::RemoveConnection_TakesItsNodes()
     QCOMPARE(FileFixture::Record("North"), QStringList(4, QString()));
 }
 
-QTEST_GUILESS_MAIN(TestSaveRoutinesOnSqlite)
-#include "TestSaveRoutinesOnSqlite.moc"
+QTEST_GUILESS_MAIN(TestSaveRoutinesOnDatabase)
+#include "TestSaveRoutinesOnDatabase.moc"

@@ -7,8 +7,8 @@
 
 using namespace SaveTexts;
 
-/// The saves on a database file, beside another program that uses it too.
-class TestSavesOnSqlite : public QObject
+/// The saves on a database, beside another program that uses it too.
+class TestSavesOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -26,11 +26,11 @@ private Q_SLOTS:
     void OperatorWithoutTheRight_ChangesNothing();
 };
 
-/// A database file, opened by the fixture's gateway and by another program.
-class SqliteFixture
+/// A database, opened by the fixture's gateway and by another program.
+class TwoPrograms
 {
 public:
-    SqliteFixture() : Save([this] { Register(); }), Other(File.OpenComponent()) {}
+    TwoPrograms() : Save([this] { Register(); }), Other(File.OpenComponent()) {}
 
     void Register() const
     {
@@ -45,13 +45,11 @@ public:
     /// All records, one a line, and the Journal's last id.
     [[nodiscard]] QString Contents() const
     {
-        return File
-            .RunSql(
-                "SELECT (SELECT group_concat(name || '|' || target, char(10)) FROM connection) || char(10)"
-                " || (SELECT group_concat(name || '|' || connection_key || '|' || target || '|' ||"
-                " command_tail || '|' || coalesce(manager_index, ''), char(10)) FROM node) || char(10) ||"
-                " (SELECT max(id) FROM journal)")
-            .toString();
+        QStringList lines = File.Rows("SELECT name || '|' || target FROM connection ORDER BY id");
+        lines += File.Rows("SELECT name || '|' || connection_key || '|' || target || '|' || command_tail ||"
+                           " '|' || coalesce(manager_index, 0) FROM node ORDER BY id");
+        lines += File.Rows("SELECT max(id) FROM journal");
+        return lines.join(u'\n');
     }
 
     [[nodiscard]] QString IndexOf(const QString& node) const
@@ -72,7 +70,7 @@ static qint32 IdOf(bool node, const QString& name)
     return (node ? gateway.GetNodeIDDb(name, id) : gateway.GetParentIDDb(name, id)) ? ValInt(id) : 0;
 }
 
-void TestSavesOnSqlite::Connections_AreSaved_data()
+void TestSavesOnDatabase::Connections_AreSaved_data()
 {
     QTest::addColumn<QString>("edited");
     QTest::addColumn<QString>("name");
@@ -91,12 +89,12 @@ void TestSavesOnSqlite::Connections_AreSaved_data()
                               << "";
 }
 
-void TestSavesOnSqlite::Connections_AreSaved()
+void TestSavesOnDatabase::Connections_AreSaved()
 {
     QFETCH(QString, edited);
     QFETCH(QString, name);
     QFETCH(QString, offered);
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     if (edited.isEmpty()) {
         fixture.Save.AddConnection();
         fixture.Save.Con().ConName = offered;
@@ -116,7 +114,7 @@ void TestSavesOnSqlite::Connections_AreSaved()
     QCOMPARE(fixture.Save.TreeContents(), SaveFixture::FreshTreeContents());
 }
 
-void TestSavesOnSqlite::Nodes_AreSaved_data()
+void TestSavesOnDatabase::Nodes_AreSaved_data()
 {
     QTest::addColumn<bool>("isNew");
     QTest::addColumn<QString>("name");
@@ -137,12 +135,12 @@ void TestSavesOnSqlite::Nodes_AreSaved_data()
                                    << "Gamma";
 }
 
-void TestSavesOnSqlite::Nodes_AreSaved()
+void TestSavesOnDatabase::Nodes_AreSaved()
 {
     QFETCH(bool, isNew);
     QFETCH(QString, name);
     QFETCH(QString, conName);
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     if (isNew)
         fixture.Save.AddNode("North");
     else
@@ -164,9 +162,9 @@ void TestSavesOnSqlite::Nodes_AreSaved()
     QCOMPARE(fixture.Save.TreeContents(), SaveFixture::FreshTreeContents());
 }
 
-void TestSavesOnSqlite::Refusals_LeaveTheFileAsItWas()
+void TestSavesOnDatabase::Refusals_LeaveTheFileAsItWas()
 {
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     const QString before = fixture.Contents();
     QVERIFY(before.contains("Alpha|WP=BUST4"));
     const QStringList trees = fixture.Save.Trees();
@@ -219,16 +217,16 @@ static void ChangeBy(HvxDatabase& other, bool node, const QString& change, const
         other.SaveParent(name, target);
 }
 
-void TestSavesOnSqlite::OtherProgram_ChangedTheRecord_IsPrevented_data()
+void TestSavesOnDatabase::OtherProgram_ChangedTheRecord_IsPrevented_data()
 {
     Kinds();
 }
 
-void TestSavesOnSqlite::OtherProgram_ChangedTheRecord_IsPrevented()
+void TestSavesOnDatabase::OtherProgram_ChangedTheRecord_IsPrevented()
 {
     QFETCH(bool, node);
     QFETCH(QString, change);
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     if (node)
         fixture.Save.EditNode("North");
     else
@@ -243,16 +241,16 @@ void TestSavesOnSqlite::OtherProgram_ChangedTheRecord_IsPrevented()
     QCOMPARE(fixture.Contents(), before);
 }
 
-void TestSavesOnSqlite::OtherProgram_WritesWhileTheQuestionStands_IsPrevented_data()
+void TestSavesOnDatabase::OtherProgram_WritesWhileTheQuestionStands_IsPrevented_data()
 {
     Kinds();
 }
 
-void TestSavesOnSqlite::OtherProgram_WritesWhileTheQuestionStands_IsPrevented()
+void TestSavesOnDatabase::OtherProgram_WritesWhileTheQuestionStands_IsPrevented()
 {
     QFETCH(bool, node);
     QFETCH(QString, change);
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     if (node) {
         fixture.Save.EditNode("North");
     } else {
@@ -276,9 +274,9 @@ void TestSavesOnSqlite::OtherProgram_WritesWhileTheQuestionStands_IsPrevented()
     QCOMPARE(fixture.Contents(), before);
 }
 
-void TestSavesOnSqlite::OtherProgram_HoldsTheDatabase_IsAskedAbout()
+void TestSavesOnDatabase::OtherProgram_HoldsTheDatabase_IsAskedAbout()
 {
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     fixture.Save.EditConnection("Alpha");
     qint32 started = 0;
     fixture.Other->BeginTransaction(started);
@@ -296,9 +294,9 @@ void TestSavesOnSqlite::OtherProgram_HoldsTheDatabase_IsAskedAbout()
     QVERIFY(IdOf(false, "Omega") != 0);
 }
 
-void TestSavesOnSqlite::OperatorWithoutTheRight_ChangesNothing()
+void TestSavesOnDatabase::OperatorWithoutTheRight_ChangesNothing()
 {
-    SqliteFixture fixture;
+    TwoPrograms fixture;
     fixture.File.RunSql("DELETE FROM user_rights");
     const QString before = fixture.Contents();
     const QStringList trees = fixture.Save.Trees();
@@ -319,5 +317,5 @@ void TestSavesOnSqlite::OperatorWithoutTheRight_ChangesNothing()
     QCOMPARE(fixture.Save.Trees(), trees);
 }
 
-QTEST_GUILESS_MAIN(TestSavesOnSqlite)
-#include "TestSavesOnSqlite.moc"
+QTEST_GUILESS_MAIN(TestSavesOnDatabase)
+#include "TestSavesOnDatabase.moc"

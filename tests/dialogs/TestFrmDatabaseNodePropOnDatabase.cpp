@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The node dialog on a database file.
-class SqliteNodeProp
+/// The node dialog on a database.
+class NodePropOnDatabase
 {
 public:
     DatabaseFixture File;
@@ -74,8 +74,8 @@ RecordedBox ReplaceQuestion(const QString& name)
 
 } // namespace
 
-/// Whole saves of the node dialog on a database file: records, trees, boxes.
-class TestFrmDatabaseNodePropOnSqlite : public QObject
+/// Whole saves of the node dialog on a database: records, trees, boxes.
+class TestFrmDatabaseNodePropOnDatabase : public QObject
 {
     Q_OBJECT
 
@@ -98,9 +98,9 @@ private Q_SLOTS:
     void Open_ManyConnections_IsQuick();
 };
 
-void TestFrmDatabaseNodePropOnSqlite::Save_New_AddsTheNode()
+void TestFrmDatabaseNodePropOnDatabase::Save_New_AddsTheNode()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNewNode("South");
     f.TypeName("West");
@@ -115,9 +115,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_New_AddsTheNode()
     s.CompareTrees("West");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_SameName_ChangesTheNode()
+void TestFrmDatabaseNodePropOnDatabase::Save_SameName_ChangesTheNode()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.EnterValue(1, "99");
@@ -129,9 +129,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_SameName_ChangesTheNode()
     s.CompareTrees("North");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_OtherName_RenamesTheNode()
+void TestFrmDatabaseNodePropOnDatabase::Save_OtherName_RenamesTheNode()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.TypeName("West");
@@ -143,9 +143,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_OtherName_RenamesTheNode()
     s.CompareTrees("West");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_OtherConnection_MovesTheNode()
+void TestFrmDatabaseNodePropOnDatabase::Save_OtherConnection_MovesTheNode()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.Choose("cboConName", "Beta");
@@ -156,9 +156,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_OtherConnection_MovesTheNode()
     QCOMPARE(f.ConTree.Text(f.ConTree.Parent(f.Con().SelectedTreeNodeIndex)), "Beta");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_OtherClass_ReplacesTheTarget()
+void TestFrmDatabaseNodePropOnDatabase::Save_OtherClass_ReplacesTheTarget()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.Choose("cboConName", "Gamma");
@@ -171,9 +171,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_OtherClass_ReplacesTheTarget()
     s.CompareTrees("North");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_FeParameters_AreInTheTarget()
+void TestFrmDatabaseNodePropOnDatabase::Save_FeParameters_AreInTheTarget()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.ClickPage(1);
@@ -191,9 +191,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_FeParameters_AreInTheTarget()
     QCOMPARE(f.Column(1), (QStringList{"7", "15", "AUTO", "2", "100", "1032"}));
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_NewOntoAnother_ReplacesIt()
+void TestFrmDatabaseNodePropOnDatabase::Save_NewOntoAnother_ReplacesIt()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNewNode("North");
     f.TypeName("East");
@@ -206,9 +206,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_NewOntoAnother_ReplacesIt()
     s.CompareTrees("East");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_RenameOntoAnother_ReplacesIt()
+void TestFrmDatabaseNodePropOnDatabase::Save_RenameOntoAnother_ReplacesIt()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.TypeName("South");
@@ -220,9 +220,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_RenameOntoAnother_ReplacesIt()
     s.CompareTrees("South");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_RenameOntoAnother_Cancelled_ChangesNothing()
+void TestFrmDatabaseNodePropOnDatabase::Save_RenameOntoAnother_Cancelled_ChangesNothing()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.TypeName("South");
@@ -236,9 +236,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_RenameOntoAnother_Cancelled_ChangesNo
     QCOMPARE(s.Record("South"), "Alpha;NET4;-port 2;" + QString(DatabaseFixture::SouthTarget));
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_ChangedElsewhere_IsPrevented()
+void TestFrmDatabaseNodePropOnDatabase::Save_ChangedElsewhere_IsPrevented()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     s.File.OpenComponent()->ReplaceNodeTarget("North", "Alpha", DatabaseFixture::SouthTarget);
@@ -251,9 +251,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_ChangedElsewhere_IsPrevented()
     QCOMPARE(s.Record("North"), theirs);
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_DeletedElsewhere_IsPrevented()
+void TestFrmDatabaseNodePropOnDatabase::Save_DeletedElsewhere_IsPrevented()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     s.File.OpenComponent()->DeleteNode("North");
@@ -265,9 +265,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_DeletedElsewhere_IsPrevented()
     QCOMPARE(f.Con().NodeName, "North");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_NameOfAConnection_IsRefused()
+void TestFrmDatabaseNodePropOnDatabase::Save_NameOfAConnection_IsRefused()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     f.TypeName("Gamma");
@@ -280,14 +280,15 @@ void TestFrmDatabaseNodePropOnSqlite::Save_NameOfAConnection_IsRefused()
     QVERIFY(s.Record("North") != "none");
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Save_HeldElsewhere_IsDenied()
+void TestFrmDatabaseNodePropOnDatabase::Save_HeldElsewhere_IsDenied()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     NodePropFixture& f = s.Dialog;
     f.ShowNode("North");
     const auto other = s.File.OpenComponent();
     qint32 started = 0;
     other->BeginTransaction(started);
+    other->DeleteNode("East");
     f.Operator.Answers.push_back(BoxAnswer::No);
     f.Click("cmdSave");
 
@@ -299,9 +300,9 @@ void TestFrmDatabaseNodePropOnSqlite::Save_HeldElsewhere_IsDenied()
     QCOMPARE(f.Form->result(), int(QDialog::Accepted));
 }
 
-void TestFrmDatabaseNodePropOnSqlite::Open_ManyConnections_IsQuick()
+void TestFrmDatabaseNodePropOnDatabase::Open_ManyConnections_IsQuick()
 {
-    SqliteNodeProp s;
+    NodePropOnDatabase s;
     {
         const auto administration = HvxAdministration::Open(s.File.Source());
         const auto writer = administration->BeginBulkWrite();
@@ -325,5 +326,5 @@ void TestFrmDatabaseNodePropOnSqlite::Open_ManyConnections_IsQuick()
     QVERIFY2(best < 100, qPrintable(QStringLiteral("%1 ms").arg(best)));
 }
 
-QTEST_MAIN(TestFrmDatabaseNodePropOnSqlite)
-#include "TestFrmDatabaseNodePropOnSqlite.moc"
+QTEST_MAIN(TestFrmDatabaseNodePropOnDatabase)
+#include "TestFrmDatabaseNodePropOnDatabase.moc"
