@@ -222,8 +222,8 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalIdsAfter:
         return QStringLiteral("SELECT string_agg(CAST(id AS text), chr(9) ORDER BY id) FROM journal"
                               " WHERE id > ?");
-    case HvxStatement::JournalCount:
-        return QStringLiteral("SELECT count(*) FROM journal WHERE id <> 1");
+    case HvxStatement::JournalChunk:
+        return JournalChunkText(Folded(QStringLiteral("trim(j.text1)")));
     case HvxStatement::JournalFirstYoungerThan:
         return QStringLiteral(
             "SELECT least(coalesce((SELECT min(id) FROM journal WHERE id > 1 AND changed >= ?),"
