@@ -27,6 +27,10 @@ bool NamesType(const std::vector<TypeDefinition>& types, const QString& name)
 QStringList DatabaseCheck::Run()
 {
     m_problems.clear();
+    // Where others go on writing meanwhile, all steps see one state; a transaction there keeps nobody out.
+    const bool isServer = m_store->Session().Engine().IsServer();
+    if (isServer)
+        m_store->Begin();
     for (const auto step :
          {&DatabaseCheck::CheckFile, &DatabaseCheck::CheckSchema, &DatabaseCheck::CheckDefinitions,
           &DatabaseCheck::CheckReferences, &DatabaseCheck::CheckNames, &DatabaseCheck::ReadSequence,
@@ -39,8 +43,14 @@ QStringList DatabaseCheck::Run()
             const QString problem = FileProblem(error.Description());
             if (!m_problems.contains(problem))
                 Report(problem);
+            if (isServer) {
+                m_store->Rollback();
+                m_store->Begin();
+            }
         }
     }
+    if (isServer)
+        m_store->Rollback();
     return m_problems;
 }
 
@@ -105,7 +115,8 @@ void DatabaseCheck::CheckNames()
 
 void DatabaseCheck::ReadSequence()
 {
-    m_lastId = m_store->Session().NumberOfText(QStringLiteral("SELECT last_id FROM record_sequence"));
+    SqlRows rows = m_store->Session().Read(HvxStatement::SequenceLastId);
+    m_lastId = rows.Next() ? rows.LongNumber(0) : 0;
 }
 
 void DatabaseCheck::ReadManagers()
