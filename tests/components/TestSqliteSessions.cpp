@@ -31,6 +31,7 @@ private Q_SLOTS:
     void PlainSql_WithRecursiveTriggers_WritesTheSame();
     void PlainSql_IdsUsedUp_Refused();
     void Clear_NothingToRemove_WritesNothing();
+    void Lock_StaleWhileSomeoneWrites_IsNotDead();
     void Begin_FileMovedAway_SourceMissingUntilItIsBack();
     void Begin_FileReplaced_ReadsTheOther();
     void FileMovedAway_InTransaction_NothingReachesTheOther();
@@ -392,6 +393,21 @@ void TestSqliteSessions::Clear_NothingToRemove_WritesNothing()
 
     QCOMPARE(DatabaseFixture::ErrorOf([&] { component->JournalClearByRecordLimit(3, 2); }),
              DatabaseErrorNumber::InUse);
+}
+
+void TestSqliteSessions::Lock_StaleWhileSomeoneWrites_IsNotDead()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    const auto administration = HvxAdministration::Open(fixture.Source());
+    const auto lock = administration->LockForMaintenance();
+    fixture.RunSql(QStringLiteral("UPDATE cam_lock SET heartbeat = 0"));
+    auto writer = administration->BeginBulkWrite();
+    QCOMPARE(LockedAnswer(*component), 0);
+
+    writer.reset();
+
+    QVERIFY(LockedAnswer(*component) != 0);
 }
 
 void TestSqliteSessions::Begin_FileMovedAway_SourceMissingUntilItIsBack()
