@@ -11,6 +11,7 @@
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
 #include "platform/HelpHook.h"
+#include "platform/MachineSeams.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -75,14 +76,22 @@ void T4ZelkaBrowser::StartControl()
 
 bool T4ZelkaBrowser::LoadAtStart()
 {
+    std::erase(Browser().Loaded, this);
+    const QDateTime begin = Machine().WallClock();
     const QPointer<frmLoadProgress> form(new frmLoadProgress(this));
     form->UpdateDataStatus(true);
     form->exec();
     if (!form)
         return false;
     delete form;
-    if (Database().DatabaseOpen)
+    if (Database().DatabaseOpen) {
+        const bool alone = Browser().Loaded.empty();
+        Browser().Loaded.push_back(this);
+        Load().ReloadDue = Load().LoadFailed || (!alone && Load().ReloadDue);
+        if (alone && !Load().LoadFailed)
+            TellCurrent(begin);
         EnableCmdLoadMore(RootEntry);
+    }
     if (Database().DbObject) {
         disconnect(m_cursor);
         m_cursor = connect(Database().DbObject.get(), &DatabaseClass::SetMousePointer, this,

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+class T4ZelkaBrowser;
+
 /// The module-level state of the control itself: one instance in the process, shared by all controls.
 struct BrowserState
 {
@@ -17,6 +19,9 @@ struct BrowserState
     int BrowserTabIndex = 1;
     /// Loads, commands and dialogs that run; a refresh that falls due meanwhile is left out.
     int Busy = 0;
+    /// Controls that have loaded their trees; not owned. One position in the Journal serves them all, so a
+    /// refresh of one brings the trees of all up to date.
+    std::vector<T4ZelkaBrowser*> Loaded;
     /// Working objects that a start has replaced under an open dialog, which still uses them.
     std::vector<std::unique_ptr<ConData>> Replaced;
 };

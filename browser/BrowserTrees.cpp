@@ -1,20 +1,16 @@
 #include "browser/BrowserState.h"
 #include "browser/IntervalTimer.h"
-#include "browser/JournalAgreement.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
-#include "browser/TreePlace.h"
 #include "browser/frmConNodesProgress.h"
 #include "browser/frmLoadProgress.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
-#include "database/ReadBracket.h"
 #include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
-#include "platform/MsgBox.h"
 
 #include <QPointer>
 
@@ -193,98 +189,4 @@ bool T4ZelkaBrowser::LoadMoreNodes()
     }
     load.LoadTree = nullptr;
     return true;
-}
-
-// Reload ----------------------------------------------------------------------------------------------------
-
-void T4ZelkaBrowser::cmdRefresh_Click()
-{
-    const BusyScope busy;
-    const QPointer<T4ZelkaBrowser> alive(this);
-    m_tmrRefreshTimer->SetEnabled(false);
-    qint32 latestId = 0;
-    if (Database().DatabaseOpen) {
-        const bool answered = Gateway().GetJournalLastIdDb(latestId);
-        if (alive && !(answered && (latestId == Load().JournalLastId || ShowsOwnChanges())))
-            ReloadTrees();
-    }
-    if (alive)
-        m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
-}
-
-bool T4ZelkaBrowser::ShowsOwnChanges()
-{
-    const ClickReads reads(*this);
-    return TreesShowJournal(*m_conTree, *m_nodesTree, Load().JournalLastId, Load().JournalLastId);
-}
-
-void T4ZelkaBrowser::ReloadTrees()
-{
-    const QPointer<T4ZelkaBrowser> alive(this);
-    TreePlace connections(*m_conTree);
-    TreePlace nodes(*m_nodesTree);
-    const std::size_t connection = connections.Note(SelectedEntry(*m_ui->tvwConTree));
-    const std::size_t node = nodes.Note(SelectedEntry(*m_ui->tvwNodesTree));
-    TreePlace& shown = m_ui->optCon->isChecked() ? connections : nodes;
-    const std::size_t wanted = shown.Note(Model().ConObject ? Model().ConObject->SelectedTreeNodeIndex : 0);
-
-    const bool haveConnections = ReloadConnections();
-    const bool haveNodes = alive && ReloadNodes();
-    if (!alive)
-        return;
-    if (!haveConnections || !haveNodes)
-        Load().JournalLastId = LoadState::NothingSeen;
-    const bool viewNodes = m_ui->chkViewNodes->isChecked();
-    connections.OpenAgain([&](Entry entry) {
-        // One that cannot be read stays closed.
-        (void)RefillConEntry(*m_conTree, entry, viewNodes);
-    });
-    m_ui->tvwConTree->SelectIndex(m_conTree->ModelIndex(connections.Find(connection)));
-    m_ui->tvwNodesTree->SelectIndex(m_nodesTree->ModelIndex(nodes.Find(node)));
-    if (Model().ConObject)
-        Model().ConObject->SelectedTreeNodeIndex = shown.Find(wanted);
-    EnableForSelection();
-}
-
-bool T4ZelkaBrowser::ReloadConnections()
-{
-    ReadJournalPosition();
-    QString list;
-    if (!Gateway().QueryParentsDb(list))
-        return false;
-    PairTable items;
-    int count = 0;
-    const bool converted = ConvertItemListToArray(list, true, items, count);
-    if (converted)
-        FillConnectionTree(ConnectionsText, QStringLiteral("C"), count, items, *m_conTree, true);
-    else
-        MsgBox(QStringLiteral("ConvertItemListToArray Error"));
-    return converted;
-}
-
-bool T4ZelkaBrowser::ReloadNodes()
-{
-    ReadJournalPosition();
-    LoadState& load = Load();
-    load.LoadLimit = LoadState::FirstLimit;
-    if (!Gateway().GetNodeCountDb(load.NodeCount))
-        load.NodeCount = LoadState::FirstLimit;
-    load.LoadMoreId = 0;
-    load.LoadRootKey = NodesText;
-    load.LoadKeySuffix = NodeKeySuffix;
-    load.LoadTree = m_nodesTree;
-    load.LoadAddRoot = true;
-    if (!ShowModalForm<frmLoadProgress>(this))
-        return false;
-    load.LoadTree = nullptr;
-    EnableCmdLoadMore(RootEntry);
-    return !load.LoadFailed;
-}
-
-void T4ZelkaBrowser::ReadJournalPosition()
-{
-    if (Gateway().GetJournalLastIdDb(Load().JournalLastId))
-        return;
-    MsgBox(QStringLiteral("Journal table access failure."));
-    Load().JournalLastId = 1;
 }

@@ -2,6 +2,7 @@
 
 #include "model/TreeEntries.h"
 
+#include <QDateTime>
 #include <QString>
 
 /// The module-level state of tree loading: what a caller sets before it shows a progress form, and where a
@@ -33,8 +34,11 @@ struct LoadState
     bool LoadFailed = false;
     /// Id of the last Journal record seen.
     qint32 JournalLastId = 1;
-    /// No record's id: the trees show no state of the database, and the next refresh loads them anew.
-    static constexpr qint32 NothingSeen = 0;
+    /// The trees miss what a load could not read: the next refresh loads them anew, whatever the Journal
+    /// tells.
+    bool ReloadDue = false;
+    /// When the trees were last known to be what the database holds; invalid: never.
+    QDateTime AsOf;
 };
 
 /// The one instance.

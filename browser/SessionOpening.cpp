@@ -1,5 +1,6 @@
 #include "browser/SessionOpening.h"
 
+#include "browser/BrowserState.h"
 #include "browser/LoadState.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
@@ -65,8 +66,11 @@ void SessionOpening::ShowValues(std::initializer_list<int> values)
 void SessionOpening::CreateGateway()
 {
     // A further control in the process goes on with the session that is open.
-    if (!Database().DatabaseOpen || !Database().DbObject)
+    if (!Database().DatabaseOpen || !Database().DbObject) {
         Database().DbObject = std::make_unique<DatabaseClass>();
+        // What other controls show may be of another database.
+        Load().ReloadDue = !Browser().Loaded.empty();
+    }
     Model().Database = Database().DbObject.get();
 }
 
@@ -97,10 +101,16 @@ void SessionOpening::ReadConnectionTypes()
 
 void SessionOpening::ReadJournalPosition()
 {
-    if (!Database().DatabaseOpen || Gateway().GetJournalLastIdDb(Load().JournalLastId))
+    if (!Database().DatabaseOpen)
         return;
-    MsgBox(QStringLiteral("Journal table access failure."));
-    Load().JournalLastId = 1;
+    const qint32 seen = Load().JournalLastId;
+    if (!Gateway().GetJournalLastIdDb(Load().JournalLastId)) {
+        MsgBox(QStringLiteral("Journal table access failure."));
+        Load().JournalLastId = 1;
+    } else if (!Browser().Loaded.empty()) {
+        // Other controls have not seen more.
+        Load().JournalLastId = qMin(seen, Load().JournalLastId);
+    }
 }
 
 void SessionOpening::CountNodes()

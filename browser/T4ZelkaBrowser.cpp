@@ -161,6 +161,7 @@ void T4ZelkaBrowser::UserControl_Hide()
 void T4ZelkaBrowser::UserControl_Terminate()
 {
     m_clickReads.reset();
+    std::erase(Browser().Loaded, this);
     WithdrawHooks();
     if (Model().ConObject) {
         Model().ConObject->ConTree = nullptr;
@@ -194,13 +195,4 @@ void T4ZelkaBrowser::FreeObjects()
 void T4ZelkaBrowser::mCursor_SetMousePointer(int pointer)
 {
     Machine().ShowBusyPointer(pointer == DatabaseClass::BusyPointer);
-}
-
-void T4ZelkaBrowser::tmrRefreshTimer_Timer()
-{
-    if (!Database().DatabaseOpen || !m_userMode || Browser().Busy > 0)
-        return;
-    m_tmrRefreshTimer->SetEnabled(false);
-    cmdRefresh_Click();
-    m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
 }

@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -12,6 +13,7 @@
 
 class IntervalTimer;
 class PropertyBag;
+class QDateTime;
 class QLabel;
 class ReadBracket;
 class TreeEntries;
@@ -181,7 +183,6 @@ private:
     void UserControl_Hide();
     void UserControl_Terminate();
     void mCursor_SetMousePointer(int pointer);
-    void tmrRefreshTimer_Timer();
     /// Runs a handler; an error that reaches its edge is shown and the control lives on.
     void Guarded(const std::function<void()>& handler);
 
@@ -214,15 +215,29 @@ private:
     /// False: the control is gone.
     [[nodiscard]] bool LoadConNodes(Entry connection);
     [[nodiscard]] bool ShowConNodesProgress(Entry connection);
+
+    // Refresh (BrowserRefresh.cpp) --------------------------------------------------------------------------
+    void tmrRefreshTimer_Timer();
+    /// Brings the trees of all controls into line with the database, by the Journal or, where that does not
+    /// reach back far enough, by loading them anew. Handles of entries may not be used behind it.
     void cmdRefresh_Click();
-    /// The Journal has nothing to tell that the trees do not show; the position in it moves on then.
-    [[nodiscard]] bool ShowsOwnChanges();
-    /// Loads both trees anew and goes back to where the operator was.
-    void ReloadTrees();
+    /// The selected entry of the shown view and what decides on the commands.
+    [[nodiscard]] QStringList SelectionMark() const;
+    /// The trees were patched; `before`: the mark that the selection had.
+    void FollowSelection(const QStringList& before);
+    /// Loads all trees anew and goes back to where the operators were.
+    static void ReloadAll();
+    /// Gives the position in the Journal from which on the trees may be out of date. `whole`: False when what
+    /// is shown is not what the database holds.
+    qint32 ReloadTrees(bool& whole);
     /// False: what is shown is not what the database holds.
     bool ReloadConnections();
     bool ReloadNodes();
-    void ReadJournalPosition();
+    static void ReadJournalPosition();
+    /// The trees are known, or are not known any more, to be what the database holds.
+    static void TellCurrent(const QDateTime& asOf);
+    static void TellOutdated();
+    void ShowAsOf(const QString& text);
 
     // Selection (BrowserSelection.cpp) ----------------------------------------------------------------------
     void tvwConTree_NodeClick(Entry entry);

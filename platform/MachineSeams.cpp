@@ -21,6 +21,7 @@ MachineSeams Defaults()
 {
     MachineSeams seams;
     seams.MonotonicMs = [] { return QDeadlineTimer::current(Qt::PreciseTimer).deadline(); };
+    seams.WallClock = [] { return QDateTime::currentDateTime(); };
     seams.Sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
     seams.PumpEvents = [] {
         if (QCoreApplication::instance())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -13,6 +14,8 @@ struct MachineSeams
 {
     /// Milliseconds of a clock that never goes back.
     std::function<qint64()> MonotonicMs;
+    /// What a clock on the wall shows here.
+    std::function<QDateTime()> WallClock;
     /// Waits without letting events run.
     std::function<void(int ms)> Sleep;
     /// Lets pending events run; returns at once.

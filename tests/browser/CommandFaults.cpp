@@ -225,7 +225,7 @@ QString CommandFaultRun::Problem(CommandFaultFixture& fixture) const
             return problem;
     }
     fixture.Forget();
-    fixture.Press("cmdRefresh");
+    fixture.Tick();
     if (fixture.Component.Store.Levels() > 0)
         return QStringLiteral("%1 levels stay open").arg(fixture.Component.Store.Levels());
     if (!fixture.Operator.Boxes.empty())
@@ -276,8 +276,8 @@ QString CommandFaultRun::ProblemWithTrees(CommandFaultFixture& fixture)
     // One that has not been shown yet is filled when it is.
     const bool hasConnections = fixture.ConEntries().Count() > 0;
     const QStringList refreshed = fixture.Trees();
-    Load().JournalLastId = LoadState::NothingSeen;
-    fixture.Press("cmdRefresh");
+    Load().ReloadDue = true;
+    fixture.Tick();
     if (!hasConnections)
         fixture.ConEntries().Clear();
     const QStringList loaded = fixture.Trees();

@@ -129,6 +129,8 @@ public:
     {
         return TreeEntries::EntryOf(Find<TreeView>(ShownTree()).SelectedIndex());
     }
+    /// The refresh falls due.
+    void Tick() const { Q_EMIT Find<IntervalTimer>("tmrRefreshTimer").Timer(); }
     [[nodiscard]] bool TimerOn() const { return Find<IntervalTimer>("tmrRefreshTimer").Enabled(); }
     /// No command runs, nothing is held, the timer is as the property says.
     [[nodiscard]] bool IsAtRest() const

@@ -43,6 +43,16 @@ inline QStringList OfTheDatabase()
     };
 }
 
+/// Those of the refresh behind a command.
+inline QStringList OfTheRefresh()
+{
+    return {
+        QStringLiteral("Error in access to Journal table."),
+        QStringLiteral("Browser refresh error, incorrect value as reference to Journal table."),
+        QStringLiteral("Error in Journal table cleaning, in database method JournalClearByRecordLimit."),
+    };
+}
+
 /// Those of the commands and of the manager's start.
 inline QStringList OfTheCommands()
 {
@@ -89,7 +99,7 @@ inline QStringList OfTheDialogs()
 
 inline const QStringList& Told()
 {
-    static const QStringList texts = OfTheDatabase() + OfTheCommands() + OfTheDialogs();
+    static const QStringList texts = OfTheDatabase() + OfTheRefresh() + OfTheCommands() + OfTheDialogs();
     return texts;
 }
 

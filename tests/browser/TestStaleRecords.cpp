@@ -1,4 +1,3 @@
-#include "browser/JournalAgreement.h"
 #include "browser/StaleRecords.h"
 #include "database/DatabaseState.h"
 #include "model/TreeFilling.h"
@@ -28,16 +27,6 @@ public:
     TreeEntries NodesTree;
     const QString NodeTarget = QStringLiteral("WP=NET4,ADDR=1");
 
-    [[nodiscard]] bool Agree(qint32 afterId, qint32& lastId) const
-    {
-        return TreesShowJournal(ConTree, NodesTree, afterId, lastId);
-    }
-    /// Agreement since the first record.
-    [[nodiscard]] bool Agree() const
-    {
-        qint32 lastId = 0;
-        return Agree(1, lastId) && lastId == Component.Store.Now.lastJournalId;
-    }
     void SetNode(TreeEntries& tree, int id, const QString& suffix = QString())
     {
         tree.SetKey(tree.FindByText(QStringLiteral("North"), true), QStringLiteral("N,%1").arg(id) + suffix);
@@ -69,16 +58,6 @@ private Q_SLOTS:
     void CheckEntry_WithoutIndex_IsToldWithoutTheDatabase();
     void CheckName_MismatchAndFailure_HaveTheirTexts_data();
     void CheckName_MismatchAndFailure_HaveTheirTexts();
-
-    void Journal_OwnSave_AgreesWithPatchedTrees();
-    void Journal_SaveByAnother_Disagrees_data();
-    void Journal_SaveByAnother_Disagrees();
-    void Journal_OldNodeUnderItsConnection_Disagrees();
-    void Journal_Deletions_AgreeOnceTheEntriesAreGone();
-    void Journal_Rename_AgreesWithTheNewNameAlone();
-    void Journal_UnfilledTree_AgreesWithEverything();
-    void Journal_CannotTell_Disagrees_data();
-    void Journal_CannotTell_Disagrees();
 };
 
 void TestStaleRecords::CheckEntry_Current_IsAccepted()
@@ -176,119 +155,6 @@ void TestStaleRecords::CheckName_MismatchAndFailure_HaveTheirTexts()
     QVERIFY(!(isNode ? CheckNodeName(name, id, stale) : CheckConName(name, id, stale)));
     QCOMPARE(stale.text, told);
     QVERIFY(stale.refreshFollows);
-}
-
-// Journal ---------------------------------------------------------------------------------------------------
-
-void TestStaleRecords::Journal_OwnSave_AgreesWithPatchedTrees()
-{
-    RecordsFixture f;
-    f.Component.Store.SaveParent(QStringLiteral("New"), QStringLiteral("WP=BUST4,ID=3"));
-    f.ConTree.Add(1, QStringLiteral("C,4"), QStringLiteral("New"));
-    QVERIFY(f.Agree());
-
-    // Deleted and saved again under its name, as a changed node is.
-    f.Component.Store.DeleteNodeFromBrowser(QStringLiteral("North"));
-    f.Component.Store.SaveNode(QStringLiteral("North"), QString(), f.NodeTarget, QStringLiteral("Alpha"),
-                               QString());
-    QVERIFY(!f.Agree());
-    f.SetNode(f.NodesTree, 5);
-    f.SetNode(f.ConTree, 5, QStringLiteral(",1"));
-    QVERIFY(f.Agree());
-}
-
-void TestStaleRecords::Journal_SaveByAnother_Disagrees_data()
-{
-    QTest::addColumn<QString>("change");
-    for (const char* change : {"new connection", "new node", "changed connection", "changed node",
-                               "deleted node", "renamed connection"})
-        QTest::newRow(change) << QString::fromLatin1(change);
-}
-void TestStaleRecords::Journal_SaveByAnother_Disagrees()
-{
-    QFETCH(const QString, change);
-    RecordsFixture f;
-    TinyDatabase& store = f.Component.Store;
-    const QString target = QStringLiteral("WP=BUST4,ID=3");
-    if (change == QLatin1String("new connection"))
-        store.SaveParent(QStringLiteral("New"), target);
-    else if (change == QLatin1String("new node"))
-        store.SaveNode(QStringLiteral("New"), QString(), f.NodeTarget, QStringLiteral("Alpha"), QString());
-    else if (change == QLatin1String("changed connection"))
-        store.ReplaceParentTarget(QStringLiteral("Alpha"), target);
-    else if (change == QLatin1String("changed node"))
-        store.ReplaceNodeTarget(QStringLiteral("North"), QStringLiteral("Beta"), f.NodeTarget);
-    else if (change == QLatin1String("deleted node"))
-        store.DeleteNode(QStringLiteral("North"));
-    else
-        store.ReplaceParentName(QStringLiteral("Alpha"), QStringLiteral("Omega"));
-    qint32 lastId = 1;
-    QVERIFY(!f.Agree(1, lastId));
-    QCOMPARE(lastId, 1);
-}
-
-void TestStaleRecords::Journal_OldNodeUnderItsConnection_Disagrees()
-{
-    RecordsFixture f;
-    f.Component.Store.ReplaceNodeTarget(QStringLiteral("North"), QStringLiteral("Beta"), f.NodeTarget);
-    f.SetNode(f.NodesTree, f.Component.Store.Now.lastRecordId);
-    QVERIFY(!f.Agree());
-    f.ConTree.Remove(4);
-    QVERIFY(f.Agree());
-}
-
-void TestStaleRecords::Journal_Deletions_AgreeOnceTheEntriesAreGone()
-{
-    RecordsFixture f;
-    f.Component.Store.DeleteParentNodes(QStringLiteral("Alpha"));
-    f.Component.Store.DeleteParent(QStringLiteral("Alpha"), true);
-    f.NodesTree.Remove(2);
-    QVERIFY(!f.Agree());
-    f.ConTree.Remove(2);
-    QVERIFY(f.Agree());
-}
-
-void TestStaleRecords::Journal_Rename_AgreesWithTheNewNameAlone()
-{
-    RecordsFixture f;
-    f.Component.Store.ReplaceParentName(QStringLiteral("Beta"), QStringLiteral("BETA"));
-    f.ConTree.SetKey(3, QStringLiteral("C,%1").arg(f.Component.Store.Now.lastRecordId));
-    QVERIFY(!f.Agree());
-    f.ConTree.SetText(3, QStringLiteral("BETA"));
-    QVERIFY(f.Agree());
-}
-
-void TestStaleRecords::Journal_UnfilledTree_AgreesWithEverything()
-{
-    RecordsFixture f;
-    f.ConTree.Clear();
-    f.Component.Store.SaveParent(QStringLiteral("New"), QStringLiteral("WP=BUST4,ID=3"));
-    QVERIFY(f.Agree());
-}
-
-void TestStaleRecords::Journal_CannotTell_Disagrees_data()
-{
-    QTest::addColumn<QString>("why");
-    for (const char* why : {"trimmed", "no record", "no list", "too many", "nothing new"})
-        QTest::newRow(why) << QString::fromLatin1(why);
-}
-void TestStaleRecords::Journal_CannotTell_Disagrees()
-{
-    QFETCH(const QString, why);
-    RecordsFixture f;
-    f.ConTree.Clear();
-    f.NodesTree.Clear();
-    const int records = why == QLatin1String("too many") ? 17 : why == QLatin1String("nothing new") ? 0 : 16;
-    for (int k = 0; k < records; ++k)
-        f.Component.Store.SaveParent(QStringLiteral("New %1").arg(k), QStringLiteral("WP=BUST4,ID=3"));
-    QCOMPARE(f.Agree(), records == 16);
-    if (why == QLatin1String("trimmed"))
-        f.Component.Store.Now.journal.front().recordType = 0;
-    else if (why == QLatin1String("no record"))
-        f.Component.Fail(QStringLiteral("GetJournalRecordById"));
-    else if (why == QLatin1String("no list"))
-        f.Component.Fail(QStringLiteral("GetJournalChangesAfterId"));
-    QVERIFY(!f.Agree());
 }
 
 QTEST_GUILESS_MAIN(TestStaleRecords)

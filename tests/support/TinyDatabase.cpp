@@ -463,7 +463,7 @@ void TinyDatabase::GetJournalRecordById(qint32 id, qint32& recordType, QString& 
 /// All records are of today.
 void TinyDatabase::JournalClearByDayLimit(qint32, qint32)
 {
-    RequireEdit();
+    Require();
 }
 
 void TinyDatabase::JournalClearByRecordLimit(qint32 recordLimit, qint32 recordsToKeep)
