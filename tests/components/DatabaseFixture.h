@@ -5,6 +5,8 @@
 #include "platform/ComponentError.h"
 #include "tests/components/FreshSource.h"
 
+#include <QCryptographicHash>
+
 #include <memory>
 #include <optional>
 
@@ -38,9 +40,19 @@ public:
 
     explicit DatabaseFixture(Contents contents = Contents::Records)
     {
-        CreateHvxDatabase(Source(), BuiltInCatalogue(), false);
+        const auto make = [contents](const QString& source) { Make(source, contents); };
+        if (OnServer())
+            m_place.CopyFromServer(Kind(contents), make);
+        else
+            make(Source());
+    }
+
+    /// Makes such a database at another source.
+    static void Make(const QString& source, Contents contents = Contents::Records)
+    {
+        CreateHvxDatabase(source, BuiltInCatalogue(), false);
         if (contents == Contents::Records)
-            AddRecords();
+            AddRecords(source);
     }
 
     [[nodiscard]] QString Source() const { return m_place.Source(); }
@@ -86,9 +98,23 @@ public:
     }
 
 private:
-    void AddRecords() const
+    /// Another schema is another kind: a server may outlive the program that made the first copy.
+    static QString Kind(Contents contents)
     {
-        const std::unique_ptr<HvxAdministration> administration = HvxAdministration::Open(Source());
+        QCryptographicHash hash(QCryptographicHash::Md5);
+        for (const QString& file :
+             {QStringLiteral(":/hvxdb/postgresql/schema.sql"), BuiltInCatalogueFile()}) {
+            QFile script(file);
+            if (!script.open(QIODevice::ReadOnly) || !hash.addData(&script))
+                qFatal("%s cannot be read.", qUtf8Printable(file));
+        }
+        return QString::fromLatin1(hash.result().toHex().left(12)) +
+               (contents == Contents::Records ? QStringLiteral("_records") : QStringLiteral("_empty"));
+    }
+
+    static void AddRecords(const QString& source)
+    {
+        const std::unique_ptr<HvxAdministration> administration = HvxAdministration::Open(source);
         const QString net4 = QStringLiteral("NET4");
         const QString manager = administration->AddManager(net4, QStringLiteral("/opt/managers/net4"),
                                                            QStringLiteral("-view full"));

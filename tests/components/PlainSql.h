@@ -68,7 +68,8 @@ private:
         database.setPassword(url.password());
         database.setDatabaseName(url.path().mid(1));
         // As the other driver does by itself: a test that locks itself out fails.
-        database.setConnectOptions(QStringLiteral("options='-c lock_timeout=5s'"));
+        database.setConnectOptions(
+            QStringLiteral("options='-c lock_timeout=5s -c client_min_messages=warning'"));
     }
 
     [[noreturn]] static void Raise(const QString& words)

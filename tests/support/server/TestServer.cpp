@@ -58,7 +58,7 @@ int Stop(const QDir& folder)
 
 int Start(const QDir& folder)
 {
-    if (Stop(folder) != EXIT_SUCCESS || !folder.mkpath(QStringLiteral(".")))
+    if (Stop(folder) != EXIT_SUCCESS)
         return EXIT_FAILURE;
     QProcess holder;
     holder.setProgram(QCoreApplication::applicationFilePath());
@@ -122,7 +122,7 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
     const QDir folder(arguments.value(2));
-    if (arguments.size() < 3)
+    if (arguments.size() < 3 || !folder.mkpath(QStringLiteral(".")))
         return EXIT_FAILURE;
     if (arguments[1] == QLatin1String("start"))
         return Start(folder);
