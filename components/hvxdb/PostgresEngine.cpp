@@ -20,7 +20,9 @@ constexpr int MostIdleMs = 60'000;
 const PGconn* Handle(const QSqlDatabase& database)
 {
     const QVariant handle = database.driver() ? database.driver()->handle() : QVariant();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "PGconn*") != 0)
+    // The driver registers the type under the name of the structure behind it.
+    const QByteArrayView type = handle.typeName();
+    if (type != "PGconn*" && type != "pg_conn*")
         return nullptr;
     return *static_cast<PGconn* const*>(handle.constData());
 }
