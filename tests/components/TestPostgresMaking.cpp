@@ -78,7 +78,7 @@ void TestPostgresMaking::Create_MissingDatabase_IsMadeAndChecks()
 {
     QCOMPARE(Create(Source()), QString());
 
-    QCOMPARE(HvxAdministration::Open(Source())->Check(), QStringList());
+    QCOMPARE(HvxAdministration::Open(Source())->Check().join(u'\n'), QString());
     QCOMPARE(Sql(NodeCount), QStringLiteral("0"));
     QCOMPARE(Sql(QStringLiteral("SELECT count(*) FROM pg_roles WHERE rolname IN"
                                 " ('dbs_read', 'dbs_scan', 'dbs_edit') AND NOT rolcanlogin")),
@@ -91,7 +91,7 @@ void TestPostgresMaking::Create_ExistingEmptyDatabase_IsFilled()
 
     QCOMPARE(Create(Source()), QString());
 
-    QCOMPARE(HvxAdministration::Open(Source())->Check(), QStringList());
+    QCOMPARE(HvxAdministration::Open(Source())->Check().join(u'\n'), QString());
 }
 
 void TestPostgresMaking::Create_Twice_RefusedAndUnchanged()
@@ -114,7 +114,7 @@ void TestPostgresMaking::Create_Force_KeepsTheOldSchema()
     QVERIFY2(schema.hasMatch(), qPrintable(kept));
     QCOMPARE(Sql(NodeCount), QStringLiteral("0"));
     QCOMPARE(Sql(QStringLiteral("SELECT count(*) FROM %1.node").arg(schema.captured())), QStringLiteral("3"));
-    QCOMPARE(HvxAdministration::Open(Source())->Check(), QStringList());
+    QCOMPARE(HvxAdministration::Open(Source())->Check().join(u'\n'), QString());
     // Triggers of the new tables write to the new ones.
     m_server->RunSql(QStringLiteral("dbs"), QStringLiteral("INSERT INTO connection (name) VALUES ('Delta')"));
     QCOMPARE(Sql(QStringLiteral("SELECT text1 FROM journal WHERE id > 1")), QStringLiteral("Delta"));
@@ -172,7 +172,7 @@ void TestPostgresMaking::Create_OddName_Works()
 
     DatabaseFixture::Make(source);
 
-    QCOMPARE(HvxAdministration::Open(source)->Check(), QStringList());
+    QCOMPARE(HvxAdministration::Open(source)->Check().join(u'\n'), QString());
 }
 
 QTEST_GUILESS_MAIN(TestPostgresMaking)

@@ -150,7 +150,6 @@ void TestPostgresServers::Open_BadUrl_SourceMissing_data()
     QTest::addColumn<QString>("source");
     QTest::newRow("unknown setting") << QStringLiteral("postgresql://127.0.0.1/dbs?speed=high");
     QTest::newRow("broken escape") << QStringLiteral("postgresql://127.0.0.1/dbs%zz");
-    QTest::newRow("unknown service") << QStringLiteral("postgresql:///?service=nowhere");
 }
 
 void TestPostgresServers::Open_BadUrl_SourceMissing()

@@ -214,6 +214,7 @@ void TestPostgresSessions::IdleTransaction_EndedByTheServer_EngineFailure()
     QVERIFY(DatabaseFixture::ErrorOf([&] { Commit(*m_component); }) != 0);
     m_component->RollbackTransaction();
 
+    QCOMPARE(BeginNumber(*m_component), 0U);
     QString target;
     m_component->GetParent(Delta, target);
     QCOMPARE(target, QStringLiteral("WP=LAN"));
