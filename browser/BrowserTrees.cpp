@@ -98,7 +98,7 @@ void T4ZelkaBrowser::chkViewNodes_Click()
         if (viewNodes) {
             if (!ShowConNodesProgress(connection))
                 return;
-            m_conTree->SetExpanded(connection, true);
+            ExpandLoaded(connection);
         } else if (!RefillConEntry(*m_conTree, connection, false)) {
             return;
         }
@@ -124,7 +124,7 @@ bool T4ZelkaBrowser::LoadConNodes(Entry connection)
     if (!ShowConNodesProgress(connection))
         return false;
     m_conTreeSkipClick = false;
-    m_conTree->SetExpanded(connection, true);
+    ExpandLoaded(connection);
     return true;
 }
 
@@ -140,6 +140,12 @@ bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
         return false;
     load.LoadTree = nullptr;
     return true;
+}
+
+void T4ZelkaBrowser::ExpandLoaded(Entry connection)
+{
+    // Expanded without entries would mean that there are none, and later ones would pass for all.
+    m_conTree->SetExpanded(connection, !Load().LoadFailed || m_conTree->ChildCount(connection) > 0);
 }
 
 void T4ZelkaBrowser::cmdLoadMore_Click()
@@ -165,7 +171,7 @@ bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
         m_conTree->Kind(selected) == QLatin1Char('N') ? m_conTree->Parent(selected) : selected;
     if (!ShowConNodesProgress(connection))
         return false;
-    m_conTree->SetExpanded(connection, true);
+    ExpandLoaded(connection);
     EnableCmdLoadMore(selected);
     return true;
 }

@@ -154,6 +154,8 @@ void TestConvergence::TellCounts(const Processes& processes)
     QMap<QString, int> counts;
     int reloads = 0;
     for (const auto& process : processes) {
+        for (const QString& box : process->Unexpected())
+            qWarning("Unexpected: %s", qPrintable(box));
         reloads += process->Reloads();
         for (const LoggedChange& change : process->Changes())
             ++counts[change.done ? QStringLiteral("done") : QStringLiteral("refused: ") + change.reason];
