@@ -29,6 +29,8 @@ private Q_SLOTS:
     void Refresh_ShellChangedTables_TreesShowIt_data();
     void Refresh_ShellChangedTables_TreesShowIt();
     void Refresh_ShellRolledBack_TreesStay();
+    void ViewNodes_ShellChangesMeanwhile_NoNodeIsMissing_data();
+    void ViewNodes_ShellChangesMeanwhile_NoNodeIsMissing();
     void Select_ShellChangedRecord_OperatorIsToldAndSeesIt();
 
 private:
@@ -173,6 +175,51 @@ void TestOtherPrograms::Refresh_ShellRolledBack_TreesStay()
     Refresh(fixture);
 
     QCOMPARE(Shown(fixture), before);
+}
+
+void TestOtherPrograms::ViewNodes_ShellChangesMeanwhile_NoNodeIsMissing_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("meanwhile");
+    /// While waypoints are shown already, and told by a refresh; else before, and not told.
+    QTest::addColumn<bool>("seen");
+    QTest::newRow("first node of an empty connection")
+        << "DELETE FROM node WHERE name = 'East';"
+        << "INSERT INTO node (name, target, connection_key) SELECT 'West', 'WP=NET4,ADDR=7', row_key"
+           " FROM connection WHERE name = 'Beta';"
+        << true;
+    QTest::newRow("connection that has gone") << "DELETE FROM connection WHERE name = 'Gamma';"
+                                              << "DELETE FROM connection WHERE name = 'Alpha';" << false;
+}
+
+void TestOtherPrograms::ViewNodes_ShellChangesMeanwhile_NoNodeIsMissing()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, meanwhile);
+    QFETCH(bool, seen);
+    ControlOnDatabase fixture;
+    Open(fixture);
+    auto& viewNodes = fixture.Find<QCheckBox>("chkViewNodes");
+
+    RunShell(fixture.Database, before);
+    Refresh(fixture);
+    viewNodes.setChecked(!seen);
+    RunShell(fixture.Database, meanwhile);
+    if (seen)
+        Refresh(fixture);
+    viewNodes.setChecked(false);
+    viewNodes.setChecked(true);
+    // What has gone could not be read, which was told.
+    fixture.Operator.Boxes.clear();
+    Refresh(fixture);
+
+    const TreeEntries& tree = fixture.Entries("tvwConTree");
+    QStringList opened;
+    for (int k = 0; k < tree.ChildCount(1); ++k) {
+        if (tree.Expanded(tree.Child(1, k)))
+            opened << tree.Text(tree.Child(1, k));
+    }
+    QCOMPARE(Shown(fixture), Stored(fixture.Database, opened));
 }
 
 void TestOtherPrograms::Select_ShellChangedRecord_OperatorIsToldAndSeesIt()
