@@ -92,8 +92,11 @@ void T4ZelkaBrowser::chkViewNodes_Click()
     const bool viewNodes = m_ui->chkViewNodes->isChecked();
     Model().ConObject->ViewNodesChecked = viewNodes;
     const std::vector<Entry> connections = m_conTree->ParentsWithChildren();
-    for (const Entry connection : connections)
+    for (const Entry connection : connections) {
         m_conTree->RemoveChildren(connection);
+        // One that is not filled again stands closed, to be read when it is opened.
+        m_conTree->SetExpanded(connection, false);
+    }
     for (const Entry connection : connections) {
         if (viewNodes) {
             if (!ShowConNodesProgress(connection))

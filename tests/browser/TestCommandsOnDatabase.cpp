@@ -299,11 +299,7 @@ void TestCommandsOnDatabase::Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees(
     QCOMPARE(f.Entries("tvwNodesTree").FindByText(QStringLiteral("North"), true), 0);
 }
 
-<<<<<<< HEAD:tests/browser/TestCommandsOnDatabase.cpp
 void TestCommandsOnDatabase::Refresh_ChangeOfAnother_KeepsThePlaceInBothTrees()
-=======
-void TestCommandsOnDatabase::Refresh_ChangeOfAnother_KeepsThePlaceInBothTrees()
->>>>>>> refresh:tests/browser/TestCommandsOnDatabase.cpp
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("South"));
