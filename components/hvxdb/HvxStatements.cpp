@@ -58,6 +58,7 @@ QString SessionText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::Begin:
+    case HvxStatement::BeginWriting:
     case HvxStatement::BeginAlone:
         // The write lock at once: a transaction that has begun is not refused at its first write.
         return QStringLiteral("BEGIN IMMEDIATE");

@@ -14,6 +14,7 @@ enum class HvxStatement
     // Session
     Begin,
     /// See TransactionKind.
+    BeginWriting,
     BeginAlone,
     BeginSnapshot,
     Commit,

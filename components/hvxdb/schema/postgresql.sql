@@ -80,6 +80,11 @@ CREATE TABLE IF NOT EXISTS record_name (
     name_key TEXT COLLATE "C" CONSTRAINT name_is_taken PRIMARY KEY
 );
 
+-- Always empty: who writes records locks it, for as long as the transaction lasts.
+CREATE TABLE IF NOT EXISTS write_turn (
+    one INTEGER PRIMARY KEY CHECK (one <> one)
+);
+
 -- Texts that belong to a name, by kind ("Parent", "NodeWP"). They outlive a node that is deleted to be saved
 -- anew.
 CREATE TABLE IF NOT EXISTS users_text (
@@ -187,7 +192,7 @@ $$;
 CREATE OR REPLACE FUNCTION begin_record_write() RETURNS trigger
 LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 BEGIN
-    PERFORM pg_advisory_xact_lock(7236450);
+    LOCK TABLE write_turn IN EXCLUSIVE MODE;
     IF TG_OP = 'TRUNCATE' THEN
         EXECUTE format('DELETE FROM %I', TG_TABLE_NAME);
     END IF;
@@ -375,6 +380,7 @@ BEGIN
     EXECUTE format('GRANT INSERT, UPDATE, DELETE ON connection, manager, node, users_text, cam_lock,'
                    ' con_type, con_type_hop, node_type, node_type_waypoint, waypoint, parameter,'
                    ' parameter_value TO %I', editor);
+    EXECUTE format('GRANT UPDATE ON write_turn TO %I', reader);
     REVOKE ALL ON FUNCTION remove_journal_before(BIGINT), free_cam_lock(TEXT) FROM PUBLIC;
     EXECUTE format('GRANT EXECUTE ON FUNCTION remove_journal_before(BIGINT), free_cam_lock(TEXT) TO %I', reader);
 END
