@@ -136,7 +136,10 @@ QString PostgresEngine::ErrorText(const QSqlError& error) const
     QString words = error.databaseText().section(u'\n', 0, 0);
     if (const qsizetype severity = words.indexOf(QLatin1String(":  ")); severity > 0)
         words.remove(0, severity + 3);
-    return words.isEmpty() ? error.text() : words;
+    if (!words.isEmpty())
+        return words;
+    // The driver has no words of its own for a connection that breaks off without an answer.
+    return error.isValid() ? error.text() : QStringLiteral("The server gave no answer.");
 }
 
 std::optional<quint32> PostgresEngine::DataVersion(const QSqlDatabase&) const
