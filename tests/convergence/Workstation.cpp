@@ -149,7 +149,9 @@ void Workstation::LookAround()
         Open(connection);
         break;
     case 6:
-        ConTree().SetExpanded(connection, !ConTree().Expanded(connection));
+        // By its indicator, which an empty one has not.
+        if (ConTree().ChildCount(connection) > 0)
+            ConTree().SetExpanded(connection, !ConTree().Expanded(connection));
         break;
     case 7:
         Find<QCheckBox>("chkViewNodes").click();
