@@ -152,6 +152,7 @@ void T4ZelkaBrowser::ReloadAll()
     ReadJournalPosition();
     // What came while the lists were read may be missing in them, and does no harm when it is not.
     load.JournalLastId = qMin(load.JournalLastId, position);
+    load.JournalLastRecord = {};
     if (whole)
         TellCurrent(begin);
     else
