@@ -221,6 +221,8 @@ bool T4ZelkaBrowser::ReloadNodes()
     if (!ShowModalForm<frmLoadProgress>(this))
         return false;
     load.LoadTree = nullptr;
+    // After a load that failed too, as the Journal goes on to patch what is there.
+    m_nodesTree->SetSorted(RootEntry, true);
     EnableCmdLoadMore(RootEntry);
     return !load.LoadFailed;
 }

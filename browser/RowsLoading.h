@@ -27,7 +27,4 @@ protected:
     qint32 m_lastId = 0;
     int m_barMax = 0;
     int m_barValue = 0;
-
-private:
-    LoadStep StepOfState();
 };

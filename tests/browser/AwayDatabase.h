@@ -50,13 +50,13 @@ public:
         problems.removeAll(QString());
         return problems.join(u'\n');
     }
-    /// It is back.
-    QString ProblemWhenBack()
+    /// It is back. `mayLoad`: the position in the Journal could not be read, so that a load is due.
+    QString ProblemWhenBack(bool mayLoad = false)
     {
         QStringList problems{ProblemAtRest("the refresh")};
         Operator.Boxes.clear();
         Tick();
-        if (!Operator.Boxes.empty())
+        if (!Operator.Boxes.empty() && !(mayLoad && Operator.Texts() == QStringList(ReloadText())))
             problems << QStringLiteral("the refresh tells ") + Operator.Texts().join(u'/');
         if (Line().isVisible())
             problems << QStringLiteral("the line stays");

@@ -31,6 +31,11 @@ public:
         Open("Alpha");
         Open("Beta");
         Tick();
+        // Nobody stops a load.
+        Operator.WhileOpen = [this](const RecordedBox& box) {
+            if (box.title == QLatin1String("Interrupt Loading"))
+                Operator.Answers = {BoxAnswer::Cancel};
+        };
         // A dialog is given up; a load's form stands until it is closed when it was denied.
         QObject::connect(&m_closer, &QTimer::timeout, &m_closer, [this] {
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());

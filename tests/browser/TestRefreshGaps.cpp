@@ -113,7 +113,8 @@ void TestRefreshGaps::Writers_OneAfterTheOther_EachStepIsShown()
             first.Commit();
         else
             first.Rollback();
-        tick();
+        // On a server the second goes on by itself from here.
+        f.Tick();
     };
     if (DatabaseFixture::OnServer()) {
         Writer::RunWaiting(f.Source, wild, endFirst);
@@ -404,8 +405,7 @@ void TestRefreshGaps::AnyCall_Fails_TheNextRefreshCatchesUp()
             calls = static_cast<int>(f.Calls.Calls.size());
         f.Operator.Boxes.clear();
         f.Tick();
-        QVERIFY2(f.Difference().isEmpty(),
-                 qPrintable(QString::number(k) + f.Calls.Calls.value(k - 1) + f.Difference()));
+        QVERIFY2(f.Difference().isEmpty(), qPrintable(QStringLiteral("call %1\n").arg(k) + f.Difference()));
         QVERIFY(f.Operator.Texts().isEmpty() ||
                 f.Operator.Texts() == QStringList(RefreshedControl::ReloadText()));
         QVERIFY(f.Line().isHidden());

@@ -124,7 +124,7 @@ void TestRefreshOnSqlite::File_MovedAwayInTheReload_TheNextRefreshCatchesUp()
     f.Tick();
     QVERIFY(f.Line().isVisible());
     Move(away, f.Source);
-    QCOMPARE(f.ProblemWhenBack(), QString());
+    QCOMPARE(f.ProblemWhenBack(true), QString());
 }
 
 void TestRefreshOnSqlite::File_ReplacedByAnother_IsShown_data()
