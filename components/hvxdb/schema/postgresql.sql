@@ -316,7 +316,7 @@ FOR EACH STATEMENT EXECUTE FUNCTION raise_definitions_version();
 -- What every reader may do -----------------------------------------------------------------------------------
 
 -- Removes the Journal's records before that id, never record 1 nor the newest; gives how many. None when
--- another session has just done it.
+-- another session has just done it or is at it.
 CREATE OR REPLACE FUNCTION remove_journal_before(first_kept BIGINT) RETURNS BIGINT
 LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 DECLARE
@@ -326,7 +326,7 @@ BEGIN
     GET DIAGNOSTICS removed = ROW_COUNT;
     UPDATE journal SET record_type = 0 WHERE id = 1 AND record_type <> 0 AND removed > 0;
     RETURN removed;
-EXCEPTION WHEN serialization_failure THEN
+EXCEPTION WHEN serialization_failure OR lock_not_available OR deadlock_detected THEN
     RETURN 0;
 END
 $$;
