@@ -92,13 +92,16 @@ void T4ZelkaBrowser::chkViewNodes_Click()
     const bool viewNodes = m_ui->chkViewNodes->isChecked();
     Model().ConObject->ViewNodesChecked = viewNodes;
     const std::vector<Entry> connections = m_conTree->ParentsWithChildren();
-    for (const Entry connection : connections)
+    for (const Entry connection : connections) {
         m_conTree->RemoveChildren(connection);
+        // One that is not filled again stands closed, to be read when it is opened.
+        m_conTree->SetExpanded(connection, false);
+    }
     for (const Entry connection : connections) {
         if (viewNodes) {
             if (!ShowConNodesProgress(connection))
                 return;
-            m_conTree->SetExpanded(connection, true);
+            ExpandLoaded(connection);
         } else if (!RefillConEntry(*m_conTree, connection, false)) {
             return;
         }
@@ -124,7 +127,7 @@ bool T4ZelkaBrowser::LoadConNodes(Entry connection)
     if (!ShowConNodesProgress(connection))
         return false;
     m_conTreeSkipClick = false;
-    m_conTree->SetExpanded(connection, true);
+    ExpandLoaded(connection);
     return true;
 }
 
@@ -140,6 +143,12 @@ bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
         return false;
     load.LoadTree = nullptr;
     return true;
+}
+
+void T4ZelkaBrowser::ExpandLoaded(Entry connection)
+{
+    // Expanded without entries would mean that there are none, and later ones would pass for all.
+    m_conTree->SetExpanded(connection, !Load().LoadFailed || m_conTree->ChildCount(connection) > 0);
 }
 
 void T4ZelkaBrowser::cmdLoadMore_Click()
@@ -165,7 +174,7 @@ bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
         m_conTree->Kind(selected) == QLatin1Char('N') ? m_conTree->Parent(selected) : selected;
     if (!ShowConNodesProgress(connection))
         return false;
-    m_conTree->SetExpanded(connection, true);
+    ExpandLoaded(connection);
     EnableCmdLoadMore(selected);
     return true;
 }

@@ -215,6 +215,8 @@ private:
     /// False: the control is gone.
     [[nodiscard]] bool LoadConNodes(Entry connection);
     [[nodiscard]] bool ShowConNodesProgress(Entry connection);
+    /// Behind the load of its nodes.
+    void ExpandLoaded(Entry connection);
 
     // Refresh (BrowserRefresh.cpp) --------------------------------------------------------------------------
     void tmrRefreshTimer_Timer();

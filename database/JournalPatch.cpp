@@ -140,7 +140,11 @@ void JournalPatch::PutUnderConnection(const Outcome& node)
 {
     if (!IsFilled(m_conTree))
         return;
-    const Entry connection = m_viewNodes ? ConnectionOf(node) : 0;
+    const Entry home = ConnectionOf(node);
+    // One that had no nodes when they were shown last has one now: it is read anew when it is opened.
+    if (!m_viewNodes && m_conTree.ChildCount(home) == 0)
+        m_conTree.SetExpanded(home, false);
+    const Entry connection = m_viewNodes ? home : 0;
     const QString key = KeyOf(NodeKind, node.id);
     Entry kept = 0;
     for (const Entry entry : EntriesOf(m_conTree, node.name, NodeKind, key)) {

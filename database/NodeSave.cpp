@@ -17,11 +17,23 @@ bool SameName(const QString& one, const QString& other)
     return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
+/// The entry of a node that was saved; 0: none. Where the tree has not followed another application yet, a
+/// stale one of the same name stands there too: ids only rise.
+TreeEntries::Index NewestEntry(const TreeEntries& tree, const QString& name)
+{
+    TreeEntries::Index newest = 0;
+    for (const TreeEntries::Index entry : tree.AllByText(name)) {
+        if (IsNodeKey(tree.Key(entry)) && (newest == 0 || qAbs(tree.Id(entry)) > qAbs(tree.Id(newest))))
+            newest = entry;
+    }
+    return newest;
+}
+
 /// Gives the entry of a node the id that its record now has.
 void RenewNodeKey(TreeEntries& tree, const QString& name, const QString& id)
 {
-    TreeEntries::Index entry = 0;
-    if (!FindTreeEntry(name, tree, entry, true))
+    const TreeEntries::Index entry = NewestEntry(tree, name);
+    if (entry == 0)
         return;
     const QString conId = GetItem(tree.Key(entry), 3, u',');
     tree.SetKey(entry, QStringLiteral("N,") + Trim(id) + (conId.isEmpty() ? QString() : u',' + conId));
@@ -230,8 +242,8 @@ void NodeSaving::TakeRecord(qint32 position)
     m_con.NodeName = m_request.name;
     m_con.SelectedTreeNodeIndex = position;
     for (const TreeEntries* tree : {m_con.NodesTree, m_con.ConTree}) {
-        TreeEntries::Index entry = 0;
-        if (!FindTreeEntry(m_request.name, *tree, entry, true))
+        const TreeEntries::Index entry = NewestEntry(*tree, m_request.name);
+        if (entry == 0)
             continue;
         m_con.NodeDbID = tree->Id(entry);
         return;

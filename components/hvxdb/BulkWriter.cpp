@@ -3,22 +3,6 @@
 #include "components/hvxdb/HvxNames.h"
 #include "components/hvxdb/SqlFailure.h"
 
-namespace {
-
-/// NULL for a node without a manager of its own.
-QVariant ManagerValue(const QString& index)
-{
-    if (index.trimmed().isEmpty())
-        return {};
-    bool isNumber = false;
-    const int number = index.trimmed().toInt(&isNumber);
-    if (!isNumber)
-        RaiseRefusal(QStringLiteral("There is no manager %1.").arg(index));
-    return number;
-}
-
-} // namespace
-
 BulkWriter::BulkWriter(std::shared_ptr<HvxStore> store) : m_store(std::move(store)), m_scope(*m_store)
 {
     SqlRows rows = m_store->Session().Read(HvxStatement::SequenceLastId);
@@ -33,7 +17,8 @@ void BulkWriter::AddConnection(const QString& name, const QString& target)
     const QString stored = StoredName(name);
     const QString key = FoldedName(stored);
     SqlSession& session = m_store->Session();
-    session.Write(HvxStatement::InsertConnection, {stored, key, target});
+    if (session.Write(HvxStatement::InsertConnection, {stored, key, target}) == 0)
+        RaiseRefusal(TakenName(stored));
     m_connectionKeys.insert(key, session.LastInsertId());
     ++m_lastId;
 }
@@ -41,10 +26,12 @@ void BulkWriter::AddConnection(const QString& name, const QString& target)
 void BulkWriter::AddNode(const NodeRecord& node)
 {
     const QString stored = StoredName(node.name);
-    m_store->Session().Write(HvxStatement::BulkInsertNode,
-                             {m_lastId + 1, stored, FoldedName(stored), node.nodeType, node.target,
-                              node.commandTail, ManagerValue(node.managerIndex),
-                              ConnectionKey(node.conName)});
+    const int added = m_store->Session().Write(
+        HvxStatement::BulkInsertNode,
+        {m_lastId + 1, stored, FoldedName(stored), node.nodeType, node.target, node.commandTail,
+         ManagerValue(node.managerIndex), ConnectionKey(node.conName)});
+    if (added == 0)
+        RaiseRefusal(TakenName(stored));
     ++m_lastId;
 }
 
@@ -88,6 +75,22 @@ qint64 BulkWriter::ConnectionKey(const QString& name)
     const qint64 rowKey = rows.LongNumber(0);
     m_connectionKeys.insert(key, rowKey);
     return rowKey;
+}
+
+QVariant BulkWriter::ManagerValue(const QString& index)
+{
+    if (index.trimmed().isEmpty())
+        return {};
+    bool isNumber = false;
+    const int number = index.trimmed().toInt(&isNumber);
+    if (isNumber && !m_managers.contains(number)) {
+        SqlRows rows = m_store->Session().Read(HvxStatement::ManagerExists, {number});
+        if (rows.Next())
+            m_managers.insert(number);
+    }
+    if (!isNumber || !m_managers.contains(number))
+        RaiseRefusal(QStringLiteral("There is no manager %1.").arg(index));
+    return number;
 }
 
 void BulkWriter::StoreKey(HvxStatement statement, const QString& name)

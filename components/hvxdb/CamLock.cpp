@@ -59,7 +59,7 @@ bool CamLock::SomeoneWrites()
 {
     // A holder in a long transaction cannot give its sign of life.
     try {
-        TransactionScope probe(*m_session);
+        TransactionScope probe(*m_session, TransactionKind::Alone);
         return false;
     } catch (const ComponentError& error) {
         if (error.Number() == DatabaseErrorNumber::InUse)

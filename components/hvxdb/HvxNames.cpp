@@ -43,3 +43,8 @@ bool NeedsOwnKey(const QString& name)
     return std::any_of(name.cbegin(), name.cend(),
                        [](QChar character) { return character.unicode() > 0x7f; });
 }
+
+QString TakenName(const QString& name)
+{
+    return QStringLiteral("The name %1 is taken.").arg(name);
+}

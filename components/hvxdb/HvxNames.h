@@ -13,3 +13,6 @@ QString StoredName(const QString& name);
 /// True when the database's triggers, which fold plain letters only, might make another key of this name
 /// than FoldedName does.
 bool NeedsOwnKey(const QString& name);
+
+/// The words for a name that another record has.
+QString TakenName(const QString& name);

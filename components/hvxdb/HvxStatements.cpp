@@ -210,21 +210,6 @@ QString WriteText(HvxStatement statement)
     }
 }
 
-/// The number names no node any more once the node was saved again, so the name goes first. Where a name
-/// holds other letters than the engine folds, the number finds the node that nobody has saved since.
-QString JournalChunkText()
-{
-    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
-                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
-                          " n.manager_index"
-                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
-                          " ORDER BY id LIMIT %1) j"
-                          " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
-                          " FROM node WHERE name_key = lower(trim(j.text1))), j.number)"
-                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
-        .arg(JournalRecordsPerChunk);
-}
-
 QString JournalText(HvxStatement statement)
 {
     switch (statement) {
@@ -238,7 +223,7 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalRecord:
         return QStringLiteral("SELECT record_type, text1, number, text2 FROM journal WHERE id = ?");
     case HvxStatement::JournalChunk:
-        return JournalChunkText();
+        return JournalChunkText(QStringLiteral("lower(trim(j.text1))"));
     // Record 1 is the version text and counts as none.
     case HvxStatement::JournalEntriesAfter:
         return QStringLiteral("SELECT id, record_type, text1, number, changed FROM journal"
@@ -304,6 +289,21 @@ QString AdministrationText(HvxStatement statement)
 }
 
 } // namespace
+
+QString JournalChunkText(const QString& nameKey)
+{
+    // The number names no node any more once the node was saved again, so the name goes first. Where a name
+    // holds other letters than the engine folds, the number finds the node that nobody has saved since.
+    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
+                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
+                          " n.manager_index"
+                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
+                          " ORDER BY id LIMIT %1) j"
+                          " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
+                          " FROM node WHERE name_key = %2), j.number)"
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
+        .arg(QString::number(JournalRecordsPerChunk), nameKey);
+}
 
 QString StandardStatementText(HvxStatement statement)
 {

@@ -114,3 +114,6 @@ enum class HvxStatement
 
 /// The statement in the SQL that the engines share; where an engine needs another text it gives its own.
 QString StandardStatementText(HvxStatement statement);
+
+/// HvxStatement::JournalChunk, given the engine's expression for the key of the name j.text1.
+QString JournalChunkText(const QString& nameKey);

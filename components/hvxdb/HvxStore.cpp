@@ -36,7 +36,6 @@ void HvxStore::Close()
     m_open = false;
     m_session.Disconnect();
     m_cache.Clear();
-    m_counted.reset();
     m_definitions = Definitions();
     m_definitionsVersion = 0;
     m_loaded = false;
@@ -47,6 +46,7 @@ void HvxStore::Connect()
 {
     m_loaded = false;
     m_definitionsVersion = 0;
+    m_counted.reset();
     m_session.Connect(m_source);
     try {
         Load();

@@ -56,7 +56,7 @@ DatabaseCounters PostgresCopySide::Counters()
     DatabaseCounters counters;
     counters.recordId = m_session->NumberOfText(QStringLiteral(
         "SELECT CASE WHEN is_called THEN last_value ELSE last_value - 1 END FROM record_sequence"));
-    // Nothing where no index was given yet, and for who may only read.
+    // NULL where no index was given yet.
     counters.managerIndex = m_session->NumberOfText(
         QStringLiteral(
             "SELECT last_value FROM pg_sequences WHERE schemaname = 'public' AND sequencename = '%1'")

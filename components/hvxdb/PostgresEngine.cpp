@@ -21,7 +21,9 @@ constexpr int MostIdleMs = 60'000;
 const PGconn* Handle(const QSqlDatabase& database)
 {
     const QVariant handle = database.driver() ? database.driver()->handle() : QVariant();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "PGconn*") != 0)
+    // The driver registers the type under the name of the structure behind it.
+    const QByteArrayView type = handle.typeName();
+    if (type != "PGconn*" && type != "pg_conn*")
         return nullptr;
     return *static_cast<PGconn* const*>(handle.constData());
 }
@@ -77,7 +79,7 @@ void PostgresEngine::ConnectTo(QSqlDatabase& database, const PostgresSource& sou
 {
     source.ApplyTo(database);
     if (!database.open()) {
-        const QString words = database.lastError().databaseText().trimmed();
+        const QString words = database.lastError().databaseText().simplified();
         const QString state = PostgresRefusal(source);
         // No privilege to connect: nothing else here is refused yet.
         RaiseFailure(state == QLatin1String("42501") ? DatabaseErrorNumber::UnusableFile
@@ -140,7 +142,10 @@ QString PostgresEngine::ErrorText(const QSqlError& error) const
     QString words = error.databaseText().section(u'\n', 0, 0);
     if (const qsizetype severity = words.indexOf(QLatin1String(":  ")); severity > 0)
         words.remove(0, severity + 3);
-    return words.isEmpty() ? error.text() : words;
+    if (!words.isEmpty())
+        return words;
+    // The driver has no words of its own for a connection that breaks off without an answer.
+    return error.isValid() ? error.text() : QStringLiteral("The server gave no answer.");
 }
 
 std::optional<quint32> PostgresEngine::DataVersion(const QSqlDatabase&) const

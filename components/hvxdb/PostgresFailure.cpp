@@ -93,5 +93,8 @@ QString PostgresRefusal(const PostgresSource& source)
             return {};
         status = PQconnectPoll(connection.get());
     }
+    // The server has only asked for a password that nobody has given.
+    if (PQconnectionNeedsPassword(connection.get()) != 0)
+        return QStringLiteral("28P01");
     return StateIn(QString::fromUtf8(PQerrorMessage(connection.get())));
 }

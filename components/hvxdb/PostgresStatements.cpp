@@ -143,9 +143,50 @@ QString NodeText(const QString& fields)
         .arg(fields, Folded(QStringLiteral("m.device")), Folded(QStringLiteral("n.node_type")));
 }
 
+/// An insertion that finds the name taken inserts nothing: a failure of the server would spoil the whole
+/// transaction, in which a bulk writer goes on.
+QString InsertText(const QString& table, const QStringList& columns, const QStringList& values)
+{
+    QStringList named;
+    for (qsizetype i = 0; i < columns.size(); ++i)
+        named << values[i] + QStringLiteral(" AS ") + columns[i];
+    const QString list = columns.join(QStringLiteral(", "));
+    return QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM (SELECT %3) AS given WHERE NOT EXISTS"
+                          " (SELECT 1 FROM record_name k WHERE k.name_key = given.name_key)")
+        .arg(table, list, named.join(QStringLiteral(", ")));
+}
+
+QString InsertConnectionText()
+{
+    const QString text = QStringLiteral("CAST(? AS text)");
+    return InsertText(QStringLiteral("connection"),
+                      {QStringLiteral("name"), QStringLiteral("name_key"), QStringLiteral("target")},
+                      {text, text, text}) +
+           QStringLiteral(" RETURNING row_key");
+}
+
+QString BulkInsertNodeText()
+{
+    const QString text = QStringLiteral("CAST(? AS text)");
+    const QString number = QStringLiteral("CAST(? AS integer)");
+    return InsertText(QStringLiteral("node"),
+                      {QStringLiteral("id"), QStringLiteral("name"), QStringLiteral("name_key"),
+                       QStringLiteral("node_type"), QStringLiteral("target"), QStringLiteral("command_tail"),
+                       QStringLiteral("manager_index"), QStringLiteral("connection_key")},
+                      {number, text, text, text, text, text, number, QStringLiteral("CAST(? AS bigint)")});
+}
+
 QString RecordText(HvxStatement statement)
 {
     switch (statement) {
+    case HvxStatement::InsertConnection: {
+        static const QString insert = InsertConnectionText();
+        return insert;
+    }
+    case HvxStatement::BulkInsertNode: {
+        static const QString insert = BulkInsertNodeText();
+        return insert;
+    }
     case HvxStatement::NodeByName:
         return NodeText(
             NodeFieldTexts.join(QStringLiteral(" || chr(%1) || ").arg(PackedFieldSeparator.unicode())));
@@ -181,8 +222,8 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalIdsAfter:
         return QStringLiteral("SELECT string_agg(CAST(id AS text), chr(9) ORDER BY id) FROM journal"
                               " WHERE id > ?");
-    case HvxStatement::JournalCount:
-        return QStringLiteral("SELECT count(*) FROM journal WHERE id <> 1");
+    case HvxStatement::JournalChunk:
+        return JournalChunkText(Folded(QStringLiteral("trim(j.text1)")));
     case HvxStatement::JournalFirstYoungerThan:
         return QStringLiteral(
             "SELECT least(coalesce((SELECT min(id) FROM journal WHERE id > 1 AND changed >= ?),"

@@ -35,7 +35,8 @@ void RecordWriter::SaveConnection(const QString& name, const QString& target)
 {
     const QString stored = StoredName(name);
     WriteScope scope(*m_store);
-    m_store->Session().Write(HvxStatement::InsertConnection, {stored, FoldedName(stored), target});
+    if (m_store->Session().Write(HvxStatement::InsertConnection, {stored, FoldedName(stored), target}) == 0)
+        RaiseRefusal(TakenName(stored));
     scope.Commit();
 }
 

@@ -227,11 +227,13 @@ std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
     QSqlQuery query(Database());
     ++m_statementCount;
     std::optional<SessionState> state;
-    bool good = query.exec(m_engine->StatementText(statement));
-    while (good) {
+    bool done = query.exec(m_engine->StatementText(statement));
+    if (!done)
+        Raise(query.lastError());
+    while (done) {
         if (statement == HvxStatement::Begin && query.isSelect() && query.next())
             state = SessionState::OfRow(query);
-        good = query.nextResult();
+        done = query.nextResult();
     }
     if (const QSqlError error = query.lastError(); error.isValid()) {
         // What failed behind the begin has left a transaction open.

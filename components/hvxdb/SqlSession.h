@@ -26,7 +26,12 @@ public:
     /// False behind the last row. Raises ComponentError.
     [[nodiscard]] bool Next();
     [[nodiscard]] bool IsNull(int column) const { return m_query->isNull(column); }
-    [[nodiscard]] QString Text(int column) const { return m_query->value(column).toString(); }
+    /// Empty for NULL, whatever type the column has.
+    [[nodiscard]] QString Text(int column) const
+    {
+        const QVariant value = m_query->value(column);
+        return value.isNull() ? QString() : value.toString();
+    }
     [[nodiscard]] qint32 Number(int column) const { return m_query->value(column).toInt(); }
     [[nodiscard]] qint64 LongNumber(int column) const { return m_query->value(column).toLongLong(); }
 

@@ -70,6 +70,8 @@ void SqliteCopySide::SetCounters(const DatabaseCounters& counters)
 {
     m_session->RunText(QStringLiteral("UPDATE record_sequence SET last_id = ?"), {counters.recordId});
     m_session->RunText(QStringLiteral("DELETE FROM sqlite_sequence WHERE name = 'manager'"));
+    if (counters.managerIndex == 0)
+        return;
     m_session->RunText(QStringLiteral("INSERT INTO sqlite_sequence (name, seq) VALUES ('manager', ?)"),
                        {counters.managerIndex});
 }

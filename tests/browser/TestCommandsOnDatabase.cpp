@@ -82,7 +82,7 @@ private Q_SLOTS:
     void RemoveNode_InTheConnectionView_IsGoneEverywhere();
     void RemoveConnection_WithNodes_IsGoneEverywhere();
     void Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees();
-    void Reload_ByAChangeOfAnother_KeepsThePlaceInBothTrees();
+    void Refresh_ChangeOfAnother_KeepsThePlaceInBothTrees();
     void Manage_ManagedNode_StartsWithItsText();
     void EnterThroughTheTree_OpensAndCancelsEachRecord();
     void Dialog_ControlDestroyedUnderIt_GoesWithIt();
@@ -299,7 +299,7 @@ void TestCommandsOnDatabase::Remove_WhileAnotherWrites_IsDeniedAndKeepsTheTrees(
     QCOMPARE(f.Entries("tvwNodesTree").FindByText(QStringLiteral("North"), true), 0);
 }
 
-void TestCommandsOnDatabase::Reload_ByAChangeOfAnother_KeepsThePlaceInBothTrees()
+void TestCommandsOnDatabase::Refresh_ChangeOfAnother_KeepsThePlaceInBothTrees()
 {
     CommandsFixture f;
     f.ClickNode(QStringLiteral("South"));

@@ -105,8 +105,7 @@ void TestControlGone::Reload_ControlDestroyed_Ends()
     QFETCH(bool, underQuestion);
     GoneFixture f;
     f.StartOnDatabasePage();
-    f.Component.Store.ReplaceNodeTarget(QStringLiteral("Node 000001"), QStringLiteral("Alpha"),
-                                        QStringLiteral("WP=NET4,ADDR=7"));
+    Load().ReloadDue = true;
     f.DestroyUnderLoad(underQuestion);
 
     QTest::mouseClick(&f.Find<QPushButton>("cmdRefresh"), Qt::LeftButton);

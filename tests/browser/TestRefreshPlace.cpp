@@ -157,6 +157,35 @@ private Q_SLOTS:
         QCOMPARE(f.ConEntries().ChildCount(f.Con(QStringLiteral("Alpha"))), 2);
     }
 
+    void Patch_NodeOnAConnectionThatCouldNotBeLoaded_DoesNotPassForAll()
+    {
+        CommandFixture f;
+        f.ShowConnections();
+        f.Find<QCheckBox>("chkViewNodes").setChecked(true);
+        f.Component.FailTimes(QStringLiteral("GetParentNodesWithIdEx"), 1);
+        f.DoubleClick("tvwConTree", f.Con(QStringLiteral("Alpha")));
+        QVERIFY(!f.ConEntries().Expanded(f.Con(QStringLiteral("Alpha"))));
+        f.ChangeElsewhere(QStringLiteral("node/North"));
+        f.Tick();
+        QCOMPARE(f.ConEntries().ChildCount(f.Con(QStringLiteral("Alpha"))), 0);
+        f.DoubleClick("tvwConTree", f.Con(QStringLiteral("Alpha")));
+        QCOMPARE(f.ConEntries().ChildCount(f.Con(QStringLiteral("Alpha"))), 2);
+    }
+
+    void Reload_SelectedNodeBelow_StaysSelectedAndOpen()
+    {
+        CommandFixture f;
+        f.Select(QStringLiteral("connections"), QStringLiteral("node/South"));
+        const QString target = f.TargetText();
+        Load().ReloadDue = true;
+        f.Tick();
+        QCOMPARE(f.Component.Count(QStringLiteral("QueryParentsWithID")), 1);
+        QCOMPARE(f.SelectedText(), QStringLiteral("South"));
+        QVERIFY(f.ConEntries().Expanded(f.Con(QStringLiteral("Alpha"))));
+        QCOMPARE(f.TargetText(), target);
+        QVERIFY(f.Enabled("cmdDatabaseRemove"));
+    }
+
     void StaleEntry_Clicked_IsCurrentBehindTheRefresh()
     {
         PlaceFixture f;

@@ -21,7 +21,6 @@ private Q_SLOTS:
     void Lock_OfEndedProcess_IsDeadAndFreed();
     void Lock_OfOtherHost_DeadWhenStale_data();
     void Lock_OfOtherHost_DeadWhenStale();
-    void Lock_StaleWhileSomeoneWrites_IsNotDead();
     void Lock_OfDeadHolder_IsTakenOver();
     void Lock_HeartBeats_FromItsOwnThread();
     void NoLock_IsNotDeadAndFreeDoesNothing();
@@ -167,21 +166,6 @@ void TestHvxMaintenance::Lock_OfOtherHost_DeadWhenStale()
     PutLock(fixture, QStringLiteral("another host"), 1, ageMs);
 
     QTEST(LockedAnswer(*component) != 0, "dead");
-}
-
-void TestHvxMaintenance::Lock_StaleWhileSomeoneWrites_IsNotDead()
-{
-    const DatabaseFixture fixture;
-    const auto component = fixture.OpenComponent();
-    const auto administration = HvxAdministration::Open(fixture.Source());
-    const auto lock = administration->LockForMaintenance();
-    fixture.RunSql(QStringLiteral("UPDATE cam_lock SET heartbeat = 0"));
-    auto writer = administration->BeginBulkWrite();
-    QCOMPARE(LockedAnswer(*component), 0);
-
-    writer.reset();
-
-    QVERIFY(LockedAnswer(*component) != 0);
 }
 
 void TestHvxMaintenance::Lock_OfDeadHolder_IsTakenOver()

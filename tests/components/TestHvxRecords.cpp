@@ -269,12 +269,6 @@ void TestHvxRecords::SaveParent_New_IsStoredTrimmed()
              QStringLiteral("Delta One"));
 }
 
-static QString LastRecordId()
-{
-    return DatabaseFixture::OnServer() ? QStringLiteral("SELECT last_value FROM record_sequence")
-                                       : QStringLiteral("SELECT last_id FROM record_sequence");
-}
-
 void TestHvxRecords::SaveParent_TakenName_Refused_data()
 {
     QTest::addColumn<QString>("name");
@@ -286,11 +280,11 @@ void TestHvxRecords::SaveParent_TakenName_Refused_data()
 void TestHvxRecords::SaveParent_TakenName_Refused()
 {
     QFETCH(QString, name);
-    const QVariant before = m_fixture->RunSql(LastRecordId());
 
     QCOMPARE(ErrorOf([&] { m_component->SaveParent(name, QString()); }), DatabaseErrorNumber::Refused);
 
-    QCOMPARE(m_fixture->RunSql(LastRecordId()), before);
+    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT count(*) FROM connection")).toInt(), 3);
+    QCOMPARE(m_fixture->RunSql(QStringLiteral("SELECT max(id) FROM journal")).toInt(), 7);
 }
 
 void TestHvxRecords::SaveNode_New_IsStored()

@@ -110,7 +110,8 @@ void TestServerCopy::cleanup()
         Sql(QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(QLatin1String(name)),
             QStringLiteral("postgres"));
     const QStringList roles =
-        Sql(QStringLiteral("SELECT quote_ident(rolname) FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
+        Sql(QStringLiteral(
+                "SELECT quote_ident(rolname) FROM pg_roles WHERE rolname !~ '^pg_' AND rolname <> 'zelka'"),
             QStringLiteral("postgres"))
             .split(u'\n', Qt::SkipEmptyParts);
     for (const QString& role : roles)
@@ -160,7 +161,7 @@ void TestServerCopy::Copy_ToServer_ChecksAndAnswersTheSame()
             QString type;
             QString command;
             QString users;
-            component->GetNodeEx(name.toUpper(), connection, target, type, command);
+            component->GetNodeEx(name, connection, target, type, command);
             component->GetUsersList(name, QStringLiteral("Parent"), users);
             answers[component == &ofServer ? 1 : 0] = {connection, target, type, command, users};
         }

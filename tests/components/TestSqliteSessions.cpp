@@ -31,6 +31,10 @@ private Q_SLOTS:
     void PlainSql_WithRecursiveTriggers_WritesTheSame();
     void PlainSql_IdsUsedUp_Refused();
     void Clear_NothingToRemove_WritesNothing();
+    void Lock_StaleWhileSomeoneWrites_IsNotDead();
+    void Begin_FileMovedAway_SourceMissingUntilItIsBack();
+    void Begin_FileReplaced_ReadsTheOther();
+    void FileMovedAway_InTransaction_NothingReachesTheOther();
 };
 
 namespace {
@@ -61,6 +65,13 @@ QByteArray BytesOf(const QString& file)
 {
     QFile read(file);
     return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
+}
+
+/// As another program would: with the files that belong to it.
+void MoveDatabase(const QString& from, const QString& to)
+{
+    for (const char* ending : {"", "-wal", "-shm"})
+        QFile::rename(from + QLatin1String(ending), to + QLatin1String(ending));
 }
 
 void Begin(HvxDatabase& component)
@@ -382,6 +393,70 @@ void TestSqliteSessions::Clear_NothingToRemove_WritesNothing()
 
     QCOMPARE(DatabaseFixture::ErrorOf([&] { component->JournalClearByRecordLimit(3, 2); }),
              DatabaseErrorNumber::InUse);
+}
+
+void TestSqliteSessions::Lock_StaleWhileSomeoneWrites_IsNotDead()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    const auto administration = HvxAdministration::Open(fixture.Source());
+    const auto lock = administration->LockForMaintenance();
+    fixture.RunSql(QStringLiteral("UPDATE cam_lock SET heartbeat = 0"));
+    auto writer = administration->BeginBulkWrite();
+    QCOMPARE(LockedAnswer(*component), 0);
+
+    writer.reset();
+
+    QVERIFY(LockedAnswer(*component) != 0);
+}
+
+void TestSqliteSessions::Begin_FileMovedAway_SourceMissingUntilItIsBack()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    MoveDatabase(fixture.Source(), fixture.Source() + QStringLiteral(".away"));
+
+    QCOMPARE(BeginNumber(*component), DatabaseErrorNumber::SourceMissing);
+    QCOMPARE(BeginNumber(*component), DatabaseErrorNumber::SourceMissing);
+    QVERIFY(!QFile::exists(fixture.Source()));
+    MoveDatabase(fixture.Source() + QStringLiteral(".away"), fixture.Source());
+
+    QCOMPARE(BeginNumber(*component), 0U);
+    component->SaveParent(QStringLiteral("Delta"), QString());
+    QVERIFY(HasConnection(*fixture.OpenComponent(), QStringLiteral("Delta")));
+}
+
+void TestSqliteSessions::Begin_FileReplaced_ReadsTheOther()
+{
+    const DatabaseFixture fixture;
+    const DatabaseFixture other;
+    other.OpenComponent()->SaveParent(QStringLiteral("Delta"), QString());
+    const auto component = fixture.OpenComponent();
+    MoveDatabase(fixture.Source(), fixture.Source() + QStringLiteral(".away"));
+    MoveDatabase(other.Source(), fixture.Source());
+
+    QCOMPARE(BeginNumber(*component), 0U);
+
+    QVERIFY(HasConnection(*component, QStringLiteral("Delta")));
+    component->SaveParent(QStringLiteral("Omega"), QString());
+    QVERIFY(HasConnection(*fixture.OpenComponent(), QStringLiteral("Omega")));
+}
+
+void TestSqliteSessions::FileMovedAway_InTransaction_NothingReachesTheOther()
+{
+    const DatabaseFixture fixture;
+    const DatabaseFixture other;
+    const auto component = fixture.OpenComponent();
+    Begin(*component);
+    component->SaveParent(QStringLiteral("Delta"), QString());
+    MoveDatabase(fixture.Source(), fixture.Source() + QStringLiteral(".away"));
+    MoveDatabase(other.Source(), fixture.Source());
+
+    component->RollbackTransaction();
+
+    QCOMPARE(BeginNumber(*component), 0U);
+    QVERIFY(!HasConnection(*component, QStringLiteral("Delta")));
+    QCOMPARE(fixture.RunSql(QStringLiteral("SELECT count(*) FROM connection")).toInt(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestSqliteSessions)

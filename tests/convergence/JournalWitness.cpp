@@ -109,7 +109,8 @@ void JournalWitness::CheckClaims(const std::vector<LoggedChange>& changes, QStri
         if (!change.done)
             continue;
         const QString claim = ClaimOf(change);
-        if (names.value(claim) != change.name)
+        // Who changes a record may spell its name in another case.
+        if (names.value(claim).compare(change.name, Qt::CaseInsensitive) != 0)
             problems << QStringLiteral("no record of: ") + change.Line();
         if (claimed.contains(claim))
             problems << QStringLiteral("done twice: ") + change.Line();

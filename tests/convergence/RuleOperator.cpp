@@ -34,6 +34,11 @@ const BoxRule* RuleOf(const QString& text)
         {QStringLiteral("already exists. Give a new name."), Rule::Refusal},
         {QStringLiteral("already exists in the database. No saving"), Rule::Refusal},
         {QStringLiteral("Failure in saving node "), Rule::Refusal},
+        // What another workstation has just committed cannot be written over.
+        {QStringLiteral("Database error, failure in SaveParent."), Rule::Refusal},
+        {QStringLiteral("Error in connection database saving."), Rule::Refusal},
+        {QStringLiteral("not found from database."), Rule::Refusal},
+        {QStringLiteral("Failure in removing "), Rule::Refusal},
         // A connection that has gone meanwhile cannot get a node.
         {QStringLiteral("Unknown error in access to database."), Rule::Refusal},
         {QStringLiteral("All modifications rolled back successfully."), Rule::Refusal},

@@ -160,12 +160,10 @@ void PatchedTrees::ToggleView()
 {
     ViewNodes = !ViewNodes;
     Model().ConObject->ViewNodesChecked = ViewNodes;
-    for (int k = 0; k < ConTree.ChildCount(Root); ++k) {
-        const TreeEntries::Index connection = ConTree.Child(Root, k);
-        const bool filled = ConTree.ChildCount(connection) > 0;
+    for (const TreeEntries::Index connection : ConTree.ParentsWithChildren()) {
         ConTree.RemoveChildren(connection);
         ConTree.SetExpanded(connection, false);
-        if (filled && RefillConEntry(ConTree, connection, ViewNodes))
+        if (RefillConEntry(ConTree, connection, ViewNodes))
             ReadAt[connection] = Store().Now.lastRecordId;
     }
 }

@@ -27,9 +27,18 @@ QString RandomChanges::AnyConnectionName()
 
 QString RandomChanges::AnyNodeName()
 {
-    static const QStringList names{"North", "South", "East", "West", "Mid", "Nodes", "\u00d6st", "alpha 2",
-                                   "n01",   "n02",   "n03",  "n04",  "n05", "N1",    "N10",      "Alpha"};
-    return AnyName(names);
+    static const QStringList names{"North", "South",    "East",  "West", "Mid",
+                                   "Nodes", "\u00d6st", "Alpha", "N1",   "N10"};
+    return m_trees.OneIn(2) ? AnyName(names)
+                            : QStringLiteral("n%1").arg(m_trees.Draw(24), 2, 10, QChar(u'0'));
+}
+
+QString RandomChanges::AnyHome()
+{
+    // Long lists of nodes, which are loaded in part, and short ones.
+    return m_trees.OneIn(3)   ? AnyConnectionName()
+           : m_trees.OneIn(3) ? QStringLiteral("Beta")
+                              : QStringLiteral("Alpha");
 }
 
 QString RandomChanges::AnyConnectionTarget()
@@ -71,20 +80,21 @@ void RandomChanges::ChangeStore()
         store.ReplaceParentTarget(connection, AnyConnectionTarget());
         break;
     case 4:
-        store.DeleteParent(connection, m_trees.OneIn(3));
+        store.DeleteParent(connection, m_trees.OneIn(5));
         break;
     case 5:
         store.ReplaceNodeName(node, AnyNodeName());
         break;
     case 6:
     case 7:
-        store.ReplaceNodeTarget(node, connection, AnyNodeTarget());
+        store.ReplaceNodeTarget(node, AnyHome(), AnyNodeTarget());
         break;
     case 8:
     case 9:
         store.DeleteNode(node);
         break;
-    case 10: {
+    case 10:
+    case 11: {
         // As the node dialog saves: the name goes and comes.
         QString conName;
         QString target;
@@ -94,7 +104,7 @@ void RandomChanges::ChangeStore()
         break;
     }
     default:
-        store.SaveNode(node, QString(), AnyNodeTarget(), connection, QString());
+        store.SaveNode(node, QString(), AnyNodeTarget(), AnyHome(), QString());
         break;
     }
 }
@@ -130,14 +140,14 @@ bool RandomChanges::SaveANode()
     QString errorText;
     const QString name = AnyNodeName();
     if (m_trees.OneIn(2))
-        return SaveNewNode(name, AnyConnectionName(), QString(), QString(), AnyNodeTarget(),
-                           m_trees.NodesTree, m_trees.ConTree, position, errorText);
+        return SaveNewNode(name, AnyHome(), QString(), QString(), AnyNodeTarget(), m_trees.NodesTree,
+                           m_trees.ConTree, position, errorText);
     QString conName;
     QString target;
     if (!m_trees.Gateway().GetNodeDb(name, conName, target))
         return false;
     return SaveNodeChanges(name, m_trees.OneIn(2) ? name : AnyNodeName(), conName,
-                           m_trees.OneIn(2) ? conName : AnyConnectionName(), QString(), QString(), target,
+                           m_trees.OneIn(2) ? conName : AnyHome(), QString(), QString(), target,
                            m_trees.NodesTree, m_trees.ConTree, position, errorText);
 }
 

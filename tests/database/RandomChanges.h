@@ -21,6 +21,8 @@ private:
     [[nodiscard]] QString AnyName(const QStringList& names);
     [[nodiscard]] QString AnyConnectionName();
     [[nodiscard]] QString AnyNodeName();
+    /// Connection of a node.
+    [[nodiscard]] QString AnyHome();
     [[nodiscard]] QString AnyConnectionTarget();
     [[nodiscard]] QString AnyNodeTarget();
     void ChangeStore();

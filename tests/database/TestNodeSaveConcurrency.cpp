@@ -11,6 +11,7 @@ class TestNodeSaveConcurrency : public QObject
 private Q_SLOTS:
     void Before_ChangedElsewhere_IsPrevented_data();
     void Before_ChangedElsewhere_IsPrevented();
+    void Before_NodeOfTheNameDeletedElsewhere_NewOneHasItsOwnId();
     void Before_OldNodeChangedElsewhere_IsNotPutOntoAnother_data();
     void Before_OldNodeChangedElsewhere_IsNotPutOntoAnother();
     void Question_ReplacedNodeChangesMeanwhile_IsPrevented_data();
@@ -78,6 +79,18 @@ void TestNodeSaveConcurrency::Before_ChangedElsewhere_IsPrevented()
         CheckNothingWritten(fixture);
         before.CheckUnchanged();
     }
+}
+
+void TestNodeSaveConcurrency::Before_NodeOfTheNameDeletedElsewhere_NewOneHasItsOwnId()
+{
+    SaveFixture fixture;
+    fixture.AddNode("South");
+    // The trees still show it.
+    fixture.RemoveElsewhere("North");
+
+    QVERIFY(fixture.SaveNodeAs("North"));
+
+    QCOMPARE(fixture.Con().NodeDbID, fixture.IdOfNode("North"));
 }
 
 void TestNodeSaveConcurrency::Before_OldNodeChangedElsewhere_IsNotPutOntoAnother_data()

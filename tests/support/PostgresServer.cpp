@@ -17,6 +17,9 @@ namespace {
 
 constexpr int LongestWaitMs = 60'000;
 
+/// The file that makes the server recover without end.
+const QString StandbySign = QStringLiteral("data/standby.signal");
+
 /// Ends the server and removes its folder once standard input closes, which happens however the test ends.
 constexpr const char* GuardScript = R"(cat >/dev/null
 pid=$(head -n 1 "$1/data/postmaster.pid") || exit
@@ -151,7 +154,6 @@ void PostgresServer::MakeCluster(Login login)
                                                               "shared_buffers = 16MB\n"
                                                               "max_connections = 200\n"
                                                               "max_wal_senders = 0\n"
-                                                              "wal_level = minimal\n"
                                                               "listen_addresses = '127.0.0.1'\n");
 }
 
@@ -195,9 +197,10 @@ bool PostgresServer::WaitUntilReady()
         if (m_server.state() == QProcess::NotRunning || m_server.waitForFinished(10))
             return false;
         // Its own process and its state are lines 1 and 8; a file that a killed server left tells another.
+        // "standby": it recovers on and on.
         const QList<QByteArray> lines = ReadFile(stateFile).split('\n');
         if (lines.size() > 7 && lines[0].toLongLong() == m_server.processId() &&
-            lines[7].trimmed() == "ready")
+            (lines[7].trimmed() == "ready" || lines[7].trimmed() == "standby"))
             return true;
     }
     End(SIGQUIT);
@@ -230,7 +233,15 @@ void PostgresServer::End(int signal)
 void PostgresServer::Restart(const QStringList& options)
 {
     Stop();
+    QFile::remove(m_folder.filePath(StandbySign));
     Start(options);
+}
+
+void PostgresServer::StartRecovering()
+{
+    Stop();
+    WriteFile(m_folder.filePath(StandbySign), QByteArray());
+    Start({"hot_standby=off"});
 }
 
 void PostgresServer::Freeze()

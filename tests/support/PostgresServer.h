@@ -34,6 +34,8 @@ public:
     /// Ends it as a power failure would: sessions break off, the next start recovers.
     void Kill();
     void Restart(const QStringList& options = {});
+    /// Starts it as a server that still recovers and lets nobody in, until Restart.
+    void StartRecovering();
     /// Stops all of its processes where they are, as a machine that hangs, until Thaw.
     void Freeze();
     void Thaw();

@@ -67,16 +67,17 @@ void TestZelkaEditNodes::MakeDatabase(const ZelkaRunner& zelka)
 
 QByteArray TestZelkaEditNodes::Contents(const ZelkaRunner& zelka)
 {
-    return zelka.Query("SELECT (SELECT group_concat(id || name || target) FROM connection) || '/' ||"
-                       " (SELECT group_concat(id || name || target || node_type || command_tail) FROM node)"
-                       " || '/' || (SELECT count(*) FROM journal)");
+    return zelka.Rows("SELECT id || name || target FROM connection ORDER BY id") + '/' +
+           zelka.Rows("SELECT id || name || target || node_type || command_tail FROM node ORDER BY id") +
+           '/' + zelka.Query("SELECT count(*) FROM journal");
 }
 
 QByteArray TestZelkaEditNodes::Manager(const ZelkaRunner& zelka, const QString& name)
 {
-    return zelka.Query("SELECT node_type || '|' || coalesce(manager_index, '-') || '|' || command_tail"
-                       " FROM node WHERE name = " +
-                       SqlText(name).toUtf8());
+    return zelka.Query(
+        "SELECT node_type || '|' || coalesce(CAST(manager_index AS TEXT), '-') || '|' || command_tail"
+        " FROM node WHERE name = " +
+        SqlText(name).toUtf8());
 }
 
 QString TestZelkaEditNodes::Target(const ZelkaRunner& zelka, const QString& name)

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void Journal_NoDatabase_EndsWithThree();
     void Follow_NoDatabase_EndsWithThree();
     void Follow_Signal_EndsWithZero();
+    void Follow_FileAway_IsWaitedFor();
     void Follow_ReaderGone_EndsWithZero();
     void Follow_FullDisk_IsTold();
 };
@@ -69,6 +70,23 @@ void TestZelkaJournal::Follow_Signal_EndsWithZero()
     QCOMPARE(result.words, QByteArray());
     QCOMPARE(result.code, 0);
     QCOMPARE(ZelkaRunner::Read(zelka.Path("out")).count('\n'), 2);
+}
+
+void TestZelkaJournal::Follow_FileAway_IsWaitedFor()
+{
+    const ZelkaRunner zelka;
+    zelka.MakeSmallDatabase();
+
+    const ZelkaResult result =
+        zelka.RunInShell(QStringLiteral("\"$@\" >out 2>err & until grep -q Tower out; do sleep 0.05; done;"
+                                        " mv Dbs.mdb away; until grep -q Waiting err; do sleep 0.05; done;"
+                                        " mv away Dbs.mdb; until grep -q again err; do sleep 0.05; done;"
+                                        " kill -TERM $!; wait $!"),
+                         {"db", "journal", "--follow", "--interval", "0.1"});
+
+    QCOMPARE(result.code, 0);
+    QCOMPARE(ZelkaRunner::Read(zelka.Path("out")).count('\n'), 2);
+    QCOMPARE(ZelkaRunner::Read(zelka.Path("err")).count('\n'), 2);
 }
 
 void TestZelkaJournal::Follow_ReaderGone_EndsWithZero()

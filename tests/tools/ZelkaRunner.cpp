@@ -4,20 +4,12 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
-#include <sqlite3.h>
-
 QStringList ZelkaResult::Lines() const
 {
     QStringList lines = QString::fromUtf8(data).split(u'\n');
     if (lines.last().isEmpty())
         lines.removeLast();
     return lines;
-}
-
-ZelkaRunner::ZelkaRunner()
-{
-    if (!m_folder.isValid())
-        qFatal("No temporary folder: %s", qUtf8Printable(m_folder.errorString()));
 }
 
 ZelkaResult ZelkaRunner::Run(const QStringList& arguments, const QByteArray& input) const
@@ -38,13 +30,13 @@ ZelkaResult ZelkaRunner::RunProgram(const QString& program, const QStringList& a
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("ZELKA_DBS32"), Database());
     for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS"})
-        environment.insert(QString::fromUtf8(folder), m_folder.path());
+        environment.insert(QString::fromUtf8(folder), m_place.Folder());
     // As in a scheduled script; names are UTF-8 all the same.
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
 
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(m_folder.path());
+    process.setWorkingDirectory(m_place.Folder());
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
@@ -93,24 +85,19 @@ QByteArray ZelkaRunner::Read(const QString& path)
 
 void ZelkaRunner::Sql(const QByteArray& text) const
 {
-    (void)Query(text);
+    // The driver of files runs one statement at a time.
+    const PlainSql database(Database());
+    const QStringList statements = QString::fromUtf8(text).split(u';', Qt::SkipEmptyParts);
+    for (const QString& statement : statements)
+        database.Run(statement);
 }
 
 QByteArray ZelkaRunner::Query(const QByteArray& text) const
 {
-    sqlite3* database = nullptr;
-    if (sqlite3_open_v2(QFile::encodeName(Database()).constData(), &database, SQLITE_OPEN_READWRITE,
-                        nullptr) != SQLITE_OK)
-        qFatal("%s", sqlite3_errmsg(database));
-    QByteArray first;
-    const auto take = [](void* value, int count, char** texts, char** /*names*/) {
-        auto* const to = static_cast<QByteArray*>(value);
-        if (to->isEmpty() && count > 0)
-            *to = texts[0];
-        return 0;
-    };
-    if (sqlite3_exec(database, text.constData(), take, &first, nullptr) != SQLITE_OK)
-        qFatal("%s", sqlite3_errmsg(database));
-    sqlite3_close(database);
-    return first;
+    return PlainSql(Database()).Run(QString::fromUtf8(text)).toByteArray();
+}
+
+QByteArray ZelkaRunner::Rows(const QByteArray& text) const
+{
+    return PlainSql(Database()).Rows(QString::fromUtf8(text)).join(u',').toUtf8();
 }

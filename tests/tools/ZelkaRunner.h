@@ -1,10 +1,11 @@
 #pragma once
 
+#include "tests/components/FreshSource.h"
+
 #include <QByteArray>
 #include <QJsonDocument>
 #include <QString>
 #include <QStringList>
-#include <QTemporaryDir>
 
 /// What one run of the program gave.
 struct ZelkaResult
@@ -23,12 +24,10 @@ struct ZelkaResult
 class ZelkaRunner
 {
 public:
-    ZelkaRunner();
-
     /// A path in the folder.
-    [[nodiscard]] QString Path(const QString& name) const { return m_folder.filePath(name); }
-    /// The database that runs use unless their arguments name another.
-    [[nodiscard]] QString Database() const { return Path(QStringLiteral("Dbs.mdb")); }
+    [[nodiscard]] QString Path(const QString& name) const { return m_place.Folder() + u'/' + name; }
+    /// The database that runs use unless their arguments name another; on the engine of the run.
+    [[nodiscard]] QString Database() const { return m_place.Source(); }
 
     ZelkaResult Run(const QStringList& arguments, const QByteArray& input = {}) const;
 
@@ -47,10 +46,12 @@ public:
     void Sql(const QByteArray& text) const;
     /// The first value that a query of the database gives, as text; empty when there is none.
     [[nodiscard]] QByteArray Query(const QByteArray& text) const;
+    /// The same of all rows, joined by commas.
+    [[nodiscard]] QByteArray Rows(const QByteArray& text) const;
 
 private:
     ZelkaResult RunProgram(const QString& program, const QStringList& arguments,
                            const QByteArray& input) const;
 
-    QTemporaryDir m_folder;
+    FreshSource m_place;
 };

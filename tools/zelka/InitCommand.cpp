@@ -26,13 +26,15 @@ Catalogue LoadCatalogue(const QString& file)
     return catalogue;
 }
 
-void AddDemoNetwork(HvxAdministration& database)
+void AddDemoNetwork(HvxAdministration& database, const QString& source)
 {
     DemoNetwork demo(QCoreApplication::applicationDirPath() + QStringLiteral("/zelka-node-manager"));
     for (ManagerRecord& manager : demo.managers)
         demo.SetManagerIndex(manager.device,
                              database.AddManager(manager.device, manager.path, manager.commandText));
-    database.SetRights(Everyone, true, true);
+    // A server gives rights to its users one by one.
+    if (!IsServerSource(source))
+        database.SetRights(Everyone, true, true);
 
     const std::unique_ptr<HvxBulkWriter> writer = database.BeginBulkWrite();
     for (const ConnectionRecord& connection : demo.connections)
@@ -69,7 +71,8 @@ InitCommand::InitCommand(CLI::App& db, CommandContext& context) : m_context(cont
         .add_option("--catalogue", m_catalogue,
                     "Definitions of types and waypoints (default: those of the product)")
         ->type_name("FILE");
-    command.add_flag("--demo", m_demo, "Fill it with a demo network, which everyone may scan and edit");
+    command.add_flag("--demo", m_demo,
+                     "Fill it with a demo network; in a file, everyone may scan and edit it");
     command
         .add_option("--connections", m_connections,
                     "Make so many connections by rule (default: 40 with --nodes)")
@@ -113,7 +116,7 @@ void InitCommand::Fill(const QString& source) const
 {
     const std::unique_ptr<HvxAdministration> database = HvxAdministration::Open(source);
     if (m_demo)
-        AddDemoNetwork(*database);
+        AddDemoNetwork(*database, source);
     if (m_connections > 0)
         AddRuleNetwork(*database, m_connections, m_nodes);
 }

@@ -49,13 +49,30 @@ CREATE TABLE IF NOT EXISTS node (
     name_key TEXT COLLATE "C" NOT NULL,
     node_type TEXT NOT NULL DEFAULT '',
     target TEXT NOT NULL DEFAULT '',
-    connection_key BIGINT NOT NULL REFERENCES connection (row_key),
+    connection_key BIGINT NOT NULL,
     command_tail TEXT NOT NULL DEFAULT '',
-    manager_index INTEGER REFERENCES manager (manager_index)
+    manager_index INTEGER
 );
 CREATE UNIQUE INDEX IF NOT EXISTS node_name ON node (name_key);
 CREATE INDEX IF NOT EXISTS node_connection ON node (connection_key, id);
 CREATE INDEX IF NOT EXISTS node_manager ON node (manager_index) WHERE manager_index IS NOT NULL;
+
+-- Behind their tables, so that they come back with a table that was lost; what is stored by then is left to
+-- the check of the database.
+DO $$
+BEGIN
+    IF NOT EXISTS (SELECT FROM pg_constraint
+                   WHERE conname = 'node_of_connection' AND conrelid = 'node'::regclass) THEN
+        ALTER TABLE node ADD CONSTRAINT node_of_connection
+            FOREIGN KEY (connection_key) REFERENCES connection (row_key) NOT VALID;
+    END IF;
+    IF NOT EXISTS (SELECT FROM pg_constraint
+                   WHERE conname = 'node_has_manager' AND conrelid = 'node'::regclass) THEN
+        ALTER TABLE node ADD CONSTRAINT node_has_manager
+            FOREIGN KEY (manager_index) REFERENCES manager (manager_index) NOT VALID;
+    END IF;
+END
+$$;
 
 -- The names of both tables, which are one namespace. Kept by the triggers; its index knows the names that
 -- other sessions have just saved too.
@@ -351,9 +368,10 @@ BEGIN
         END IF;
     END LOOP;
     EXECUTE format('GRANT USAGE ON SCHEMA public TO %I', reader);
-    EXECUTE format('GRANT SELECT ON setting, record_sequence, journal_sequence, connection, manager, node,'
-                   ' record_name, users_text, rights_role, journal, cam_lock, con_type, con_type_hop,'
-                   ' node_type, node_type_waypoint, waypoint, parameter, parameter_value TO %I', reader);
+    EXECUTE format('GRANT SELECT ON setting, record_sequence, journal_sequence, manager_manager_index_seq,'
+                   ' connection, manager, node, record_name, users_text, rights_role, journal, cam_lock, con_type,'
+                   ' con_type_hop, node_type, node_type_waypoint, waypoint, parameter, parameter_value TO %I',
+                   reader);
     EXECUTE format('GRANT INSERT, UPDATE, DELETE ON connection, manager, node, users_text, cam_lock,'
                    ' con_type, con_type_hop, node_type, node_type_waypoint, waypoint, parameter,'
                    ' parameter_value TO %I', editor);

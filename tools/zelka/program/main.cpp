@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QLoggingCategory>
 
 #include <clocale>
 #include <cstdio>
@@ -26,6 +27,9 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("zelka"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ZELKA_VERSION));
+
+    // Failures are told in one line of this program's own; warnings of the libraries would stand around it.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
 
     QFile data;
     QFile words;
