@@ -12,6 +12,10 @@ namespace Bench {
 /// Seconds that `work` takes, by the machine's steady clock.
 double Seconds(const std::function<void()>& work);
 
+/// Seconds that the processor spends on `work` in this thread: what others do to the machine meanwhile does
+/// not count, and neither does waiting.
+double ProcessorSeconds(const std::function<void()>& work);
+
 /// The two sides of a comparison, in seconds.
 struct Sides
 {

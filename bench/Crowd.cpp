@@ -30,7 +30,7 @@ void RefreshAt(Crowd::Moment due, Workstation& workstation, Crowd::Seen& seen)
         qWarning("refresh: %s", qUtf8Printable(error.Description()));
         ++seen.failures;
     }
-    seen.times.push_back((std::chrono::steady_clock::now() - due).count());
+    seen.times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - due).count());
     seen.statements += workstation.StatementCount() - statements;
 }
 

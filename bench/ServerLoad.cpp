@@ -1,12 +1,13 @@
 #include "bench/ServerLoad.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <arpa/inet.h>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <linux/tcp.h>
+#include <string>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -68,13 +69,13 @@ double ServerLoad::ProcessorSeconds() const
 ServerLoad::Traffic ServerLoad::Sent() const
 {
     Traffic traffic;
-    for (const QString& handle :
-         QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::Files)) {
-        if (PortBehind(handle.toInt()) != m_port)
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        const int handle = std::stoi(entry.path().filename().string());
+        if (PortBehind(handle) != m_port)
             continue;
         tcp_info info{};
         socklen_t size = sizeof(info);
-        if (getsockopt(handle.toInt(), IPPROTO_TCP, TCP_INFO, &info, &size) != 0)
+        if (getsockopt(handle, IPPROTO_TCP, TCP_INFO, &info, &size) != 0)
             continue;
         traffic.sentBytes += static_cast<qint64>(info.tcpi_bytes_sent);
         traffic.receivedBytes += static_cast<qint64>(info.tcpi_bytes_received);

@@ -294,14 +294,14 @@ QString JournalChunkText(const QString& nameKey)
 {
     // The number names no node any more once the node was saved again, so the name goes first. Where a name
     // holds other letters than the engine folds, the number finds the node that nobody has saved since.
+    // A record has one node at the most, so the limit counts records, and the engine need not sort them.
     return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
                           " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
-                          " n.manager_index"
-                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
-                          " ORDER BY id LIMIT %1) j"
+                          " n.manager_index FROM journal j"
                           " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
                           " FROM node WHERE name_key = %2), j.number)"
-                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key"
+                          " WHERE j.id > ? ORDER BY j.id LIMIT %1")
         .arg(QString::number(JournalRecordsPerChunk), nameKey);
 }
 
