@@ -143,9 +143,15 @@ void HvxSchema::Upgrade(qint32 from)
 
 void HvxSchema::Repair()
 {
-    TransactionScope transaction(*m_session, TransactionKind::Alone);
-    Create();
-    transaction.Commit();
+    try {
+        TransactionScope transaction(*m_session, TransactionKind::Alone);
+        Create();
+        transaction.Commit();
+    } catch (const ComponentError& error) {
+        // On a server only the owner makes tables; for others they stay missing.
+        if (error.Number() != DatabaseErrorNumber::Refused)
+            throw;
+    }
 }
 
 QStringList HvxSchema::ObjectNames()

@@ -26,11 +26,6 @@ public:
     TreeEntries ConTree;
     TreeEntries NodesTree;
     const QString NodeTarget = QStringLiteral("WP=NET4,ADDR=1");
-
-    void SetNode(TreeEntries& tree, int id, const QString& suffix = QString())
-    {
-        tree.SetKey(tree.FindByText(QStringLiteral("North"), true), QStringLiteral("N,%1").arg(id) + suffix);
-    }
 };
 
 QString Once(const QString& what)
@@ -77,7 +72,7 @@ void TestStaleRecords::CheckEntry_ContinuedNode_IsJudgedByItsId()
 {
     RecordsFixture f;
     StaleRecord stale;
-    f.SetNode(f.NodesTree, -3);
+    f.NodesTree.SetKey(2, QStringLiteral("N,-3"));
     QVERIFY(CheckNodeEntry(f.NodesTree, 2, stale));
 }
 

@@ -57,6 +57,21 @@ public:
 
     [[nodiscard]] QString Source() const { return m_place.Source(); }
     [[nodiscard]] QString Folder() const { return m_place.Folder(); }
+    /// The source for an operator who may not edit; in a file that is everyone from now on.
+    [[nodiscard]] QString SourceWithoutEditRight() const
+    {
+        if (!OnServer()) {
+            RunSql(QStringLiteral("DELETE FROM user_rights"));
+            return Source();
+        }
+        const QString user = QStringLiteral("reader_") + QUuid::createUuid().toString(QUuid::Id128).left(16);
+        const QString group =
+            RunSql(QStringLiteral("SELECT role_name FROM rights_role WHERE allows = 'read'")).toString();
+        RunSql(QStringLiteral("CREATE ROLE %1 LOGIN IN ROLE \"%2\"").arg(user, group));
+        QUrl url(Source());
+        url.setUserName(user);
+        return url.toString();
+    }
     static bool OnServer() { return FreshSource::OnServer(); }
 
     /// A component on this database, opened, that waits for nobody.

@@ -146,7 +146,15 @@ void TestConvergence::CompareTrees(const DatabaseFixture& database, const QStrin
             expected << ExpectedBelow(database, connection, showsWaypoints);
     }
     expected << QStringLiteral("R 0 Nodes") << SortedLines(u'N', database.Rows(all + QStringLiteral("node")));
-    QCOMPARE(shown, expected);
+    for (const QString& line : expected) {
+        if (!shown.contains(line))
+            qWarning("Not shown: %s", qPrintable(line));
+    }
+    for (const QString& line : shown) {
+        if (!expected.contains(line))
+            qWarning("Shown, but not there: %s", qPrintable(line));
+    }
+    QCOMPARE(shown.join(u'\n'), expected.join(u'\n'));
 }
 
 void TestConvergence::TellCounts(const Processes& processes)
@@ -202,6 +210,8 @@ void TestConvergence::ManyWorkstations_RandomChanges_AllShowTheDatabase()
         changes.insert(changes.end(), process->Changes().begin(), process->Changes().end());
         reloads += process->Reloads();
         CompareTrees(database, process->Trees());
+        if (QTest::currentTestFailed())
+            QFAIL(qPrintable(QStringLiteral("This workstation did last:\n") + process->LastWords()));
     }
     QVERIFY(reloads > 0);
     // Of its last change a killed one cannot tell.

@@ -3,6 +3,7 @@
 #include "browser/DialogOpening.h"
 #include "browser/LoadState.h"
 #include "database/DatabaseState.h"
+#include "database/Gateway.h"
 #include "model/ModelState.h"
 #include "model/TreeKey.h"
 #include "platform/controls/TreeView.h"
@@ -268,7 +269,9 @@ bool Workstation::Settle()
         const qint32 seen = Load().JournalLastId;
         const int reloads = m_operator.Reloads();
         Press("cmdRefresh");
-        if (Load().JournalLastId == seen && m_operator.Reloads() == reloads) {
+        qint32 latest = 0;
+        if (Load().JournalLastId == seen && m_operator.Reloads() == reloads &&
+            Gateway().GetJournalLastIdDb(latest) && latest == seen) {
             LoadTheRest();
             return true;
         }
@@ -278,6 +281,8 @@ bool Workstation::Settle()
 
 void Workstation::LoadTheRest()
 {
+    // What the last change was refused for is past.
+    m_operator.BeginChange();
     ShowConnections(true);
     for (int k = 0; k < ConTree().ChildCount(Root); ++k) {
         const TreeEntries::Index connection = ConTree().Child(Root, k);

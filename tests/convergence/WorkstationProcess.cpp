@@ -74,7 +74,9 @@ void WorkstationProcess::Read()
 
 void WorkstationProcess::Take(const QString& line)
 {
-    m_lastLines << line;
+    // What its trees show is kept whole.
+    if (!line.startsWith(u"tree\t"))
+        m_lastLines << line;
     if (m_lastLines.size() > KeptLines)
         m_lastLines.removeFirst();
     const QString rest = line.section(u'\t', 1);

@@ -30,12 +30,15 @@ private Q_SLOTS:
 class TwoPrograms
 {
 public:
-    TwoPrograms() : Save([this] { Register(); }), Other(File.OpenComponent()) {}
+    explicit TwoPrograms(bool mayEdit = true)
+        : Source(mayEdit ? File.Source() : File.SourceWithoutEditRight()),
+          Save([this] { Register(); }),
+          Other(File.OpenComponent())
+    {}
 
     void Register() const
     {
-        const QString source = File.Source();
-        RegisterComponent(HvxDatabaseId, [source] {
+        RegisterComponent(HvxDatabaseId, [source = Source] {
             auto component = std::make_unique<HvxDatabaseComponent>(source);
             component->SetBusyTimeout(0);
             return component;
@@ -59,6 +62,7 @@ public:
     }
 
     DatabaseFixture File;
+    QString Source;
     SaveFixture Save;
     std::unique_ptr<HvxDatabaseComponent> Other;
 };
@@ -296,8 +300,7 @@ void TestSavesOnDatabase::OtherProgram_HoldsTheDatabase_IsAskedAbout()
 
 void TestSavesOnDatabase::OperatorWithoutTheRight_ChangesNothing()
 {
-    TwoPrograms fixture;
-    fixture.File.RunSql("DELETE FROM user_rights");
+    TwoPrograms fixture(false);
     const QString before = fixture.Contents();
     const QStringList trees = fixture.Save.Trees();
 

@@ -17,6 +17,9 @@ private Q_SLOTS:
     void Run_WorkDone_CommitsOnce();
     void Begin_Refused_IsToldAndEndsTheWork_data();
     void Begin_Refused_IsToldAndEndsTheWork();
+    void BeginQuietly_Refused_EndsTheWorkWithoutAWord_data();
+    void BeginQuietly_Refused_EndsTheWorkWithoutAWord();
+    void BeginQuietly_Begun_IsAsAnyOther();
     void Begin_InUse_AsksBeforeAnythingIsHeld();
     void Begin_Again_AfterARollback();
     void Begin_RefusedAfterARollback_IsTold();
@@ -121,6 +124,42 @@ void TestUnitOfWork::Begin_Refused_IsToldAndEndsTheWork()
     QCOMPARE(fixture.Operator.Texts(), texts);
     QCOMPARE(fixture.Operator.Boxes.back(), RecordedBox::Error(Denied));
     QCOMPARE(fixture.Component.Calls, QStringList{BeginCall});
+}
+
+void TestUnitOfWork::BeginQuietly_Refused_EndsTheWorkWithoutAWord_data()
+{
+    QTest::addColumn<quint32>("number");
+    QTest::newRow("in use") << DatabaseErrorNumber::InUse;
+    QTest::newRow("other error") << DatabaseErrorNumber::Refused;
+}
+
+void TestUnitOfWork::BeginQuietly_Refused_EndsTheWorkWithoutAWord()
+{
+    QFETCH(quint32, number);
+    UnitFixture fixture;
+    fixture.Component.Fail("BeginTransaction", number);
+    bool wentOn = false;
+
+    QVERIFY(!fixture.Run([&](UnitOfWork& unit) {
+        unit.BeginQuietly();
+        wentOn = true;
+    }));
+
+    QVERIFY(!wentOn);
+    QCOMPARE(fixture.Operator.Texts(), QStringList());
+    QCOMPARE(fixture.Component.Calls, QStringList{BeginCall});
+}
+
+void TestUnitOfWork::BeginQuietly_Begun_IsAsAnyOther()
+{
+    UnitFixture fixture;
+
+    QVERIFY(!fixture.Run([](UnitOfWork& unit) {
+        unit.BeginQuietly();
+        UnitOfWork::GiveUp();
+    }));
+
+    QCOMPARE(fixture.Component.Calls, (QStringList{BeginCall, RollbackCall}));
 }
 
 void TestUnitOfWork::Begin_InUse_AsksBeforeAnythingIsHeld()

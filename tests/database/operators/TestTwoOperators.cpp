@@ -84,6 +84,12 @@ static QString ContentsOf(const QString& source)
     return lines.join(u'\n');
 }
 
+/// On a server, where each order takes many times as long, some of the pairs stand for all.
+static bool IsTried(int first, int second)
+{
+    return !DatabaseFixture::OnServer() || (first + 3 * second) % 43 == 3;
+}
+
 /// Two operators change one database, in every order of what they do.
 class TestTwoOperators : public QObject
 {
@@ -131,10 +137,14 @@ void TestTwoOperators::initTestCase()
 
 Outcome TestTwoOperators::Run(const Commands& commands, const Chooser& choose, WhenBusy busy, bool together)
 {
-    const QString source = m_database->Folder() + QStringLiteral("/Run.mdb");
-    for (const char* suffix : {"", "-wal", "-shm"})
-        QFile::remove(source + QLatin1String(suffix));
-    QFile::copy(m_database->Source(), source);
+    // A copy of the file takes a tenth of the time; a server copies by itself.
+    const auto fresh = DatabaseFixture::OnServer() ? std::make_unique<DatabaseFixture>() : nullptr;
+    const QString source = fresh ? fresh->Source() : m_database->Folder() + QStringLiteral("/Run.mdb");
+    if (!fresh) {
+        for (const char* suffix : {"", "-wal", "-shm"})
+            QFile::remove(source + QLatin1String(suffix));
+        QFile::copy(m_database->Source(), source);
+    }
 
     BothOperators presenter;
     presenter.Busy = busy;
@@ -236,8 +246,10 @@ void TestTwoOperators::OneBetweenTheOthersTransactions_NothingIsLost_data()
     QTest::addColumn<int>("second");
     const auto count = static_cast<int>(OperatorCommands().size());
     for (int first = 0; first < count; ++first) {
-        for (int second = 0; second < count; ++second)
-            QTest::addRow("%d and %d", first, second) << first << second;
+        for (int second = 0; second < count; ++second) {
+            if (IsTried(first, second))
+                QTest::addRow("%d and %d", first, second) << first << second;
+        }
     }
 }
 
@@ -287,8 +299,10 @@ void TestTwoOperators::OneInsideTheOthersTransaction_IsHeldOff_data()
 {
     QTest::addColumn<int>("first");
     const auto count = static_cast<int>(OperatorCommands().size());
-    for (int first = 0; first < count; ++first)
-        QTest::addRow("%d", first) << first;
+    for (int first = 0; first < count; ++first) {
+        if (IsTried(first, 1))
+            QTest::addRow("%d", first) << first;
+    }
 }
 
 void TestTwoOperators::OneInsideTheOthersTransaction_IsHeldOff()
@@ -313,8 +327,10 @@ void TestTwoOperators::TransactionsInAnyOrder_NothingIsLost_data()
     QTest::addColumn<int>("second");
     const auto count = static_cast<int>(OperatorCommands().size());
     for (int first = 0; first < count; ++first) {
-        for (int second = first; second < count; ++second)
-            QTest::addRow("%d and %d", first, second) << first << second;
+        for (int second = first; second < count; ++second) {
+            if (IsTried(first, second))
+                QTest::addRow("%d and %d", first, second) << first << second;
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 /// Keys, texts, order, finding and what views are told, one rule at a time.
@@ -52,6 +53,7 @@ private Q_SLOTS:
 
     void FindByText_CollectionOrder_ChildrenBehindConnection();
     void FindByText_Kind_Separates();
+    void AllByText_AnyKindAndCase_GivesThoseThatAreThere();
     void FindContinued_SeveralMarks_FirstShown();
     void ParentsWithChildren_RootLeftOut();
     void FindVisibleByPrefix_From_NextWrapsAround_data();
@@ -636,6 +638,25 @@ void TestTreeEntries::FindByText_Kind_Separates()
     QCOMPARE(m_entries->FindByText("Same", false), 3);
     QCOMPARE(m_entries->FindByText("Sam", false), 0);
     QCOMPARE(m_entries->FindByText(QString(), true), 0);
+}
+
+void TestTreeEntries::AllByText_AnyKindAndCase_GivesThoseThatAreThere()
+{
+    m_entries->Add(0, "R,0", "Same");
+    m_entries->Add(1, "N,1", "same");
+    m_entries->Add(1, "C,1", "SAME");
+    m_entries->Add(3, "N,2", "other");
+    const auto same = [this] {
+        std::vector<TreeEntries::Index> found = m_entries->AllByText("Same");
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+
+    QCOMPARE(same(), (std::vector<TreeEntries::Index>{1, 2, 3}));
+    m_entries->Remove(2);
+    m_entries->SetText(4, "same");
+    QCOMPARE(same(), (std::vector<TreeEntries::Index>{1, 3, 4}));
+    QVERIFY(m_entries->AllByText("Sam").empty());
 }
 
 void TestTreeEntries::FindContinued_SeveralMarks_FirstShown()
