@@ -46,12 +46,12 @@ bool Shows(const TreeEntries& tree, TreeEntries::Index entry, const QString& nam
 
 void JournalPatch::Outcomes::Set(Outcome outcome)
 {
-    const QString key = outcome.name.toCaseFolded();
-    if (const auto known = byName.constFind(key); known != byName.constEnd()) {
+    const auto known = byName.constFind({outcome.name});
+    if (known != byName.constEnd()) {
         list[*known] = std::move(outcome);
         return;
     }
-    byName.insert(key, list.size());
+    byName.insert({outcome.name}, list.size());
     list.push_back(std::move(outcome));
 }
 

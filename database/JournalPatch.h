@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TreeEntries.h"
+#include "model/TreeText.h"
 
 #include <QHash>
 #include <QString>
@@ -47,11 +48,23 @@ private:
         /// Of a saved node; empty: it could not be read.
         QString conName;
     };
+    /// A name as the trees compare it, without case.
+    struct Name
+    {
+        QString text;
+
+        bool operator==(const Name& other) const
+        {
+            return TreeTextView::CompareFolded(View(), other.View()) == 0;
+        }
+        friend size_t qHash(const Name& name, size_t seed) { return name.View().FoldedHash() ^ seed; }
+        [[nodiscard]] TreeTextView View() const { return QStringView(text); }
+    };
     /// In the order in which the names came first.
     struct Outcomes
     {
         std::vector<Outcome> list;
-        QHash<QString, size_t> byName;
+        QHash<Name, size_t> byName;
 
         void Set(Outcome outcome);
     };
