@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/TreeEntries.h"
-#include "model/TreeText.h"
+#include "model/TreeName.h"
 
 #include <QHash>
 #include <QString>
@@ -42,37 +42,26 @@ private:
     /// How the records leave a name.
     struct Outcome
     {
-        QString name;
+        TreeName name;
         /// Of the saved record; 0: it was deleted.
         qint32 id = 0;
         /// Of a saved node; empty: it could not be read.
         QString conName;
     };
-    /// A name as the trees compare it, without case.
-    struct Name
-    {
-        QString text;
-
-        bool operator==(const Name& other) const
-        {
-            return TreeTextView::CompareFolded(View(), other.View()) == 0;
-        }
-        friend size_t qHash(const Name& name, size_t seed) { return name.View().FoldedHash() ^ seed; }
-        [[nodiscard]] TreeTextView View() const { return QStringView(text); }
-    };
     /// In the order in which the names came first.
     struct Outcomes
     {
         std::vector<Outcome> list;
-        QHash<Name, size_t> byName;
+        QHash<TreeName, size_t> byName;
 
         void Set(Outcome outcome);
     };
     using Entry = TreeEntries::Index;
 
-    void Remove(TreeEntries& tree, const QString& name, QChar kind) const;
-    void PutUnderRoot(TreeEntries& tree, const Outcome& outcome, QChar kind) const;
+    static void Remove(TreeEntries& tree, const TreeName& name, QChar kind);
+    static void PutUnderRoot(TreeEntries& tree, const Outcome& outcome, char kind);
     void PutUnderConnection(const Outcome& node);
+    void FetchNodes(size_t from) const;
     [[nodiscard]] Entry ConnectionOf(const Outcome& node) const;
 
     TreeEntries& m_conTree;
