@@ -111,6 +111,22 @@ QStringView JournalRows::Field(int row, int column) const
     return QStringView(m_text).sliced(begin, m_ends[field] - begin);
 }
 
+qint64 JournalRows::Number(int row, int column) const
+{
+    const QStringView field = Field(row, column);
+    constexpr qsizetype surelyInRange = 18;
+    if (field.isEmpty() || field.size() > surelyInRange)
+        return field.toLongLong();
+    // Nearly always plain digits, and a refresh takes tens of thousands of them.
+    qint64 number = 0;
+    for (const QChar digit : field) {
+        if (digit < u'0' || digit > u'9')
+            return field.toLongLong();
+        number = number * 10 + (digit.unicode() - u'0');
+    }
+    return number;
+}
+
 JournalRecord JournalRows::Record(qint64 id) const
 {
     const auto found = std::lower_bound(m_ids.begin(), m_ids.end(), id);

@@ -31,7 +31,7 @@ public:
 
 private:
     [[nodiscard]] QStringView Field(int row, int column) const;
-    [[nodiscard]] qint64 Number(int row, int column) const { return Field(row, column).toLongLong(); }
+    [[nodiscard]] qint64 Number(int row, int column) const;
     [[nodiscard]] QString Text(int row, int column) const { return Field(row, column).toString(); }
     void TakeLastRow();
     void TakeNode(int row);

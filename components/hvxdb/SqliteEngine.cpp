@@ -98,7 +98,7 @@ QString PackedJournalChunk()
                " c.name, n.target, n.node_type, n.command_tail, n.manager_index)"
                " FROM bounds CROSS JOIN journal j ON j.id > low AND j.id <= high"
                " LEFT JOIN node named ON j.record_type IN (30, 40)"
-               " AND named.name_key = lower(trim(j.text1))"
+               " AND named.name_key = plain_key(j.text1)"
                " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce(named.id, j.number)"
                " LEFT JOIN connection c ON c.row_key = n.connection_key")
         .arg(QString::number(JournalRecordsPerChunk - 1),
@@ -162,6 +162,7 @@ QString SqliteEngine::StatementText(HvxStatement statement) const
     if (m_buildsLists) {
         text.replace(QLatin1String("group_concat(name || char(9) || id, char(9))"),
                      QLatin1String("pair_list(name, id)"));
+        text.replace(QLatin1String("group_concat(id, char(9))"), QLatin1String("id_list(id)"));
     }
     return text;
 }

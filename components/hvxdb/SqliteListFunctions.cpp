@@ -5,6 +5,8 @@
 #include <array>
 #include <charconv>
 #include <sqlite3.h>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -100,6 +102,12 @@ void AddRow(sqlite3_context* context, int count, sqlite3_value** values)
     }
 }
 
+void AddId(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (sqlite3_str* const text = GoOn(context, '\t'))
+        AppendId(text, sqlite3_value_int64(values[0]));
+}
+
 void FinishText(sqlite3_context* context)
 {
     JoinedText* joined = JoinedOf(context);
@@ -117,6 +125,25 @@ void FinishText(sqlite3_context* context)
     sqlite3_result_text(context, text, size, sqlite3_free);
 }
 
+void PlainKey(sqlite3_context* context, int, sqlite3_value** values)
+{
+    const unsigned char* const text = sqlite3_value_text(values[0]);
+    if (!text)
+        return;
+    std::string_view name(reinterpret_cast<const char*>(text),
+                          static_cast<size_t>(sqlite3_value_bytes(values[0])));
+    while (name.starts_with(' '))
+        name.remove_prefix(1);
+    while (name.ends_with(' '))
+        name.remove_suffix(1);
+    std::string key(name);
+    for (char& letter : key) {
+        if (letter >= 'A' && letter <= 'Z')
+            letter |= 0x20;
+    }
+    sqlite3_result_text(context, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+}
+
 bool AddAggregate(sqlite3* connection, const char* name, int values,
                   void (*add)(sqlite3_context*, int, sqlite3_value**))
 {
@@ -129,6 +156,9 @@ bool AddAggregate(sqlite3* connection, const char* name, int values,
 bool AddListFunctions(sqlite3* connection)
 {
     constexpr int anyNumber = -1;
-    return AddAggregate(connection, "pair_list", 2, AddPair) &&
+    return sqlite3_create_function_v2(connection, "plain_key", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                                      PlainKey, nullptr, nullptr, nullptr) == SQLITE_OK &&
+           AddAggregate(connection, "pair_list", 2, AddPair) &&
+           AddAggregate(connection, "id_list", 1, AddId) &&
            AddAggregate(connection, "packed_rows", anyNumber, AddRow);
 }
