@@ -152,6 +152,7 @@ void T4ZelkaBrowser::ReloadAll()
     ReadJournalPosition();
     // What came while the lists were read may be missing in them, and does no harm when it is not.
     load.JournalLastId = qMin(load.JournalLastId, position);
+    load.JournalLastRecord = {};
     if (whole)
         TellCurrent(begin);
     else
@@ -220,6 +221,8 @@ bool T4ZelkaBrowser::ReloadNodes()
     if (!ShowModalForm<frmLoadProgress>(this))
         return false;
     load.LoadTree = nullptr;
+    // After a load that failed too, as the Journal goes on to patch what is there.
+    m_nodesTree->SetSorted(RootEntry, true);
     EnableCmdLoadMore(RootEntry);
     return !load.LoadFailed;
 }

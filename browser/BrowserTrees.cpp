@@ -142,6 +142,8 @@ bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
     if (!ShowModalForm<frmConNodesProgress>(this))
         return false;
     load.LoadTree = nullptr;
+    // After a load that failed too: what the Journal adds later stands where a fresh load would show it.
+    m_conTree->SetSorted(connection, true);
     return true;
 }
 

@@ -14,13 +14,6 @@ namespace {
 /// Of a record that is not, or no longer, in the Journal.
 constexpr qint32 NoRecord = 0;
 
-struct Record
-{
-    qint32 operation = NoRecord;
-    QString name;
-    qint32 objectId = 0;
-};
-
 [[noreturn]] void TellAndGiveUp(const QString& text)
 {
     MsgBox(text);
@@ -45,10 +38,19 @@ qint32 LatestId()
     return id;
 }
 
-bool ReadRecord(qint32 id, Record& record)
+bool ReadRecord(qint32 id, SeenRecord& record)
 {
     QString extra;
+    record.id = id;
     return Gateway().GetJournalRecordByIdDb(id, record.operation, record.name, record.objectId, extra);
+}
+
+/// True when the record at the position is not the one that was seen there: another history of the database
+/// has taken the place of the one that the trees show.
+bool IsOfAnotherHistory(const SeenRecord& record)
+{
+    const SeenRecord& seen = Load().JournalLastRecord;
+    return seen.id == record.id && seen != record;
 }
 
 /// Ids of the records behind one.
@@ -100,15 +102,21 @@ JournalRefresh::Outcome JournalRefresh::Read(UnitOfWork& unit)
         unit.Commit();
         return Outcome::LoadDue;
     }
-    if (latestId <= position)
+    if (latestId < position)
         return NothingNew(unit, latestId);
-    Record seen;
-    if (position < 1 || !ReadRecord(position, seen))
+    SeenRecord record;
+    const bool isThere = position >= 1 && ReadRecord(position, record);
+    if (!isThere && latestId > position)
         TellPosition();
-    if (seen.operation != NoRecord)
+    if (isThere && (IsOfAnotherHistory(record) || (latestId > position && record.operation == NoRecord))) {
+        unit.Commit();
+        return Outcome::RecordsMissed;
+    }
+    if (latestId > position)
         return Patch(unit);
-    unit.Commit();
-    return Outcome::RecordsMissed;
+    const Outcome outcome = NothingNew(unit, latestId);
+    Load().JournalLastRecord = isThere ? record : SeenRecord();
+    return outcome;
 }
 
 JournalRefresh::Outcome JournalRefresh::NothingNew(UnitOfWork& unit, qint32 latestId)
@@ -130,8 +138,8 @@ JournalRefresh::Outcome JournalRefresh::Patch(UnitOfWork& unit)
     const std::vector<qint32> ids = IdsAfter(Load().JournalLastId);
     if (!ids.empty())
         Load().JournalLastId = ids.back();
+    SeenRecord record;
     for (const qint32 id : ids) {
-        Record record;
         if (!ReadRecord(id, record))
             TellJournalAccess();
         if (record.operation == NoRecord) {
@@ -146,6 +154,7 @@ JournalRefresh::Outcome JournalRefresh::Patch(UnitOfWork& unit)
         patch.Finish();
     CleanOrGiveUp();
     unit.Commit();
+    Load().JournalLastRecord = record;
     return Outcome::Patched;
 }
 

@@ -37,7 +37,8 @@ public:
         Failed,
         NothingNew,
         Patched,
-        /// Records have left the Journal before they were seen: the trees must be loaded anew.
+        /// Records have left the Journal before they were seen, or it holds others than those that were seen:
+        /// the trees must be loaded anew.
         RecordsMissed,
         /// The trees must be loaded anew because an earlier load was not whole, or because the Journal begins
         /// anew.

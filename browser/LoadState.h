@@ -5,6 +5,18 @@
 #include <QDateTime>
 #include <QString>
 
+/// What a record of the Journal said when the trees had followed the Journal up to it.
+struct SeenRecord
+{
+    /// 0: none has been read.
+    qint32 id = 0;
+    qint32 operation = 0;
+    QString name;
+    qint32 objectId = 0;
+
+    bool operator==(const SeenRecord&) const = default;
+};
+
 /// The module-level state of tree loading: what a caller sets before it shows a progress form, and where a
 /// load that was cut short goes on. One instance in the process, shared by all controls.
 struct LoadState
@@ -34,6 +46,8 @@ struct LoadState
     bool LoadFailed = false;
     /// Id of the last Journal record seen.
     qint32 JournalLastId = 1;
+    /// That record, once it was read; one of another id tells nothing.
+    SeenRecord JournalLastRecord;
     /// The trees miss what a load could not read: the next refresh loads them anew, whatever the Journal
     /// tells.
     bool ReloadDue = false;

@@ -13,11 +13,12 @@ LoadStep NodesLoading::Prepare()
 {
     LoadState& load = Load();
     Display().ShowLabel(QStringLiteral("Loading Nodes."));
-    if (load.LoadAddRoot) {
-        load.LoadTree->Clear();
-        load.LoadParentNode = load.LoadTree->Add(0, QStringLiteral("R,0"), load.LoadRootKey);
-    }
-    load.LoadTree->SetSorted(load.LoadParentNode, false);
+    // What is loaded anew can be read until its rows are here: the database may be away.
+    m_replaces = load.LoadAddRoot && load.LoadTree->Count() > 1;
+    if (m_replaces)
+        load.LoadParentNode = 0;
+    else
+        BeginEntries();
 
     m_barMax = 2;
     if (load.NodeCount > 2)
@@ -29,6 +30,17 @@ LoadStep NodesLoading::Prepare()
     return LoadStep::More;
 }
 
+void NodesLoading::BeginEntries()
+{
+    LoadState& load = Load();
+    m_replaces = false;
+    if (load.LoadAddRoot) {
+        load.LoadTree->Clear();
+        load.LoadParentNode = load.LoadTree->Add(0, QStringLiteral("R,0"), load.LoadRootKey);
+    }
+    load.LoadTree->SetSorted(load.LoadParentNode, false);
+}
+
 LoadStep NodesLoading::ReadRows()
 {
     if (!BeginTransaction())
@@ -38,6 +50,8 @@ LoadStep NodesLoading::ReadRows()
         FailLoading();
     CommitTransaction();
     m_rows.SetList(list);
+    if (m_replaces)
+        BeginEntries();
     m_state = State::Adding;
     return LoadStep::More;
 }

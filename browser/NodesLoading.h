@@ -16,7 +16,12 @@ protected:
     LoadStep AddRows() override;
 
 private:
+    /// Clears the tree and adds its root when a load wants that.
+    void BeginEntries();
     LoadStep EndOfAnswer();
     LoadStep EndBehindLastRow();
     LoadStep End();
+
+    /// The entries before the load still stand.
+    bool m_replaces = false;
 };

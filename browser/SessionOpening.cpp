@@ -104,6 +104,7 @@ void SessionOpening::ReadJournalPosition()
     if (!Database().DatabaseOpen)
         return;
     const qint32 seen = Load().JournalLastId;
+    Load().JournalLastRecord = {};
     if (!Gateway().GetJournalLastIdDb(Load().JournalLastId)) {
         MsgBox(QStringLiteral("Journal table access failure."));
         Load().JournalLastId = 1;

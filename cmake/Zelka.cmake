@@ -108,7 +108,7 @@ function(zelka_test)
   set(environment "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
   add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
   set_tests_properties(${ARG_NAME} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT})
-  if(ARG_ENGINES)
+  if(ARG_ENGINES AND ZELKA_SERVER_TESTS)
     add_test(NAME ${ARG_NAME}-postgresql COMMAND ${ARG_NAME})
     list(APPEND environment "ZELKA_TEST_ENGINE=postgresql" "ZELKA_TEST_SERVER=${ZELKA_TEST_SERVER}")
     set_tests_properties(${ARG_NAME}-postgresql PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT}

@@ -40,8 +40,16 @@ public:
 
     // Transactions ----------------------------------------------------------------------------------------
 
+    /// What a transaction is going to do.
+    enum class TransactionUse
+    {
+        Reading,
+        /// Who writes at the same time is met at the begin, not at the first write.
+        Writing,
+    };
+
     /// Asks the operator on a sharing conflict. False: no transaction, the caller tells.
-    bool BeginTransactionDb(bool& transactionOpen);
+    bool BeginTransactionDb(bool& transactionOpen, TransactionUse use = TransactionUse::Reading);
     /// The silent forms.
     bool BeginTransactionWithoutResumeDb(bool& transactionOpen);
     bool BeginTransactionDbRefresh(bool& transactionOpen);
@@ -162,16 +170,18 @@ private:
     void RequireFormat();
 
     /// The error's number when the begin failed (0 for an error without one), else nothing.
-    std::optional<quint32> BeginFailure(bool& transactionOpen);
+    std::optional<quint32> BeginFailure(bool& transactionOpen, TransactionUse use);
     bool BeginSilently(bool& transactionOpen);
     /// Raises while one of them still cannot be.
     void RollBackLeftTransactions();
 
     /// In a transaction of its own.
-    bool RunInTransaction(const Work& work, const QString& commitFailure);
-    bool RunInTransaction(const Work& work);
+    bool RunInTransaction(const Work& work, const QString& commitFailure,
+                          TransactionUse use = TransactionUse::Reading);
+    bool RunInTransaction(const Work& work, TransactionUse use = TransactionUse::Reading);
     /// The same, but only while a session is open.
-    bool RunInSession(const Work& work);
+    bool RunInSession(const Work& work, TransactionUse use = TransactionUse::Reading);
+    bool RunWriteInSession(const Work& work) { return RunInSession(work, TransactionUse::Writing); }
     /// Without a transaction and without a word.
     bool RunDirect(const Work& work);
 

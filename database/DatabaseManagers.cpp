@@ -16,7 +16,7 @@ bool DatabaseClass::GetNMANamesDb(QString& list)
 
 bool DatabaseClass::UpdateNodeNmaidxDb(const QString& name, const QString& index)
 {
-    return RunInSession([&](HvxDatabase& component) { component.UpdateNodeNmaidx(name, index); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.UpdateNodeNmaidx(name, index); });
 }
 
 bool DatabaseClass::SetUserSecurityDb()

@@ -66,18 +66,18 @@ bool DatabaseClass::ConNameExistDb(const QString& name, bool& exists)
 
 bool DatabaseClass::ReplaceParentNameDb(const QString& oldName, const QString& newName)
 {
-    return RunInSession([&](HvxDatabase& component) { component.ReplaceParentName(oldName, newName); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.ReplaceParentName(oldName, newName); });
 }
 
 bool DatabaseClass::ReplaceParentTargetDb(const QString& name, const QString& target)
 {
-    return RunInSession([&](HvxDatabase& component) { component.ReplaceParentTarget(name, target); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.ReplaceParentTarget(name, target); });
 }
 
 bool DatabaseClass::DeleteConnectionDb(QString& name)
 {
     name = Trim(name);
-    return RunInSession([&](HvxDatabase& component) {
+    return RunWriteInSession([&](HvxDatabase& component) {
         component.DeleteParentNodes(name);
         component.DeleteParent(name, true);
     });
@@ -132,20 +132,21 @@ bool DatabaseClass::NodeNameExistDb(const QString& name, bool& exists)
 
 bool DatabaseClass::ReplaceNodeNameDb(const QString& oldName, const QString& newName)
 {
-    return RunInSession([&](HvxDatabase& component) { component.ReplaceNodeName(oldName, newName); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.ReplaceNodeName(oldName, newName); });
 }
 
 bool DatabaseClass::ReplaceNodeTargetDb(const QString& name, const QString& conName, const QString& target)
 {
-    return RunInSession([&](HvxDatabase& component) { component.ReplaceNodeTarget(name, conName, target); });
+    return RunWriteInSession(
+        [&](HvxDatabase& component) { component.ReplaceNodeTarget(name, conName, target); });
 }
 
 bool DatabaseClass::DeleteNodeDb(const QString& name)
 {
-    return RunInSession([&](HvxDatabase& component) { component.DeleteNode(Trim(name)); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.DeleteNode(Trim(name)); });
 }
 
 bool DatabaseClass::DeleteNodeFromBrowserDb(const QString& name)
 {
-    return RunInSession([&](HvxDatabase& component) { component.DeleteNodeFromBrowser(Trim(name)); });
+    return RunWriteInSession([&](HvxDatabase& component) { component.DeleteNodeFromBrowser(Trim(name)); });
 }

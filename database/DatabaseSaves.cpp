@@ -17,7 +17,7 @@ bool DatabaseClass::SaveWithUsersList(const QString& name, const QString& kind, 
         readUsers(component);
         component.UpdateUsersList(name, kind, m_usersList);
     };
-    return RunInSession(readUsers) && RunInSession(save) && RunInSession(renewUsers);
+    return RunInSession(readUsers) && RunWriteInSession(save) && RunWriteInSession(renewUsers);
 }
 
 bool DatabaseClass::SaveParentDb(const QString& name, const QString& target)

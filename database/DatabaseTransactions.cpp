@@ -21,12 +21,15 @@ bool OperatorWantsAnotherTry()
 
 // The verbs -----------------------------------------------------------------------------------------------
 
-std::optional<quint32> DatabaseClass::BeginFailure(bool& transactionOpen)
+std::optional<quint32> DatabaseClass::BeginFailure(bool& transactionOpen, TransactionUse use)
 {
     try {
         RollBackLeftTransactions();
         qint32 started = 0;
-        Component().BeginTransaction(started);
+        if (use == TransactionUse::Writing)
+            Component().BeginTransactionToWrite(started);
+        else
+            Component().BeginTransaction(started);
         if (started != 0) {
             transactionOpen = true;
             Q_EMIT SetMousePointer(BusyPointer);
@@ -45,11 +48,11 @@ void DatabaseClass::RollBackLeftTransactions()
         Component().RollbackTransaction();
 }
 
-bool DatabaseClass::BeginTransactionDb(bool& transactionOpen)
+bool DatabaseClass::BeginTransactionDb(bool& transactionOpen, TransactionUse use)
 {
     const QPointer<DatabaseClass> alive(this);
     transactionOpen = false;
-    while (const std::optional<quint32> failure = BeginFailure(transactionOpen)) {
+    while (const std::optional<quint32> failure = BeginFailure(transactionOpen, use)) {
         if (failure != DatabaseErrorNumber::InUse || !OperatorWantsAnotherTry() || !alive)
             return false;
     }
@@ -59,7 +62,7 @@ bool DatabaseClass::BeginTransactionDb(bool& transactionOpen)
 bool DatabaseClass::BeginSilently(bool& transactionOpen)
 {
     transactionOpen = false;
-    return !BeginFailure(transactionOpen);
+    return !BeginFailure(transactionOpen, TransactionUse::Reading);
 }
 
 bool DatabaseClass::BeginTransactionWithoutResumeDb(bool& transactionOpen)
@@ -118,11 +121,11 @@ void DatabaseClass::ReportDatabaseFailure(quint32 errorNumber, bool& transaction
 
 // The ways in which operations run ------------------------------------------------------------------------
 
-bool DatabaseClass::RunInTransaction(const Work& work, const QString& commitFailure)
+bool DatabaseClass::RunInTransaction(const Work& work, const QString& commitFailure, TransactionUse use)
 {
     const QPointer<DatabaseClass> alive(this);
     bool transactionOpen = false;
-    if (!BeginTransactionDb(transactionOpen)) {
+    if (!BeginTransactionDb(transactionOpen, use)) {
         ErrorBox(DatabaseText::AccessDenied());
         return false;
     }
@@ -140,14 +143,14 @@ bool DatabaseClass::RunInTransaction(const Work& work, const QString& commitFail
     }
 }
 
-bool DatabaseClass::RunInTransaction(const Work& work)
+bool DatabaseClass::RunInTransaction(const Work& work, TransactionUse use)
 {
-    return RunInTransaction(work, DatabaseText::CommitFailure());
+    return RunInTransaction(work, DatabaseText::CommitFailure(), use);
 }
 
-bool DatabaseClass::RunInSession(const Work& work)
+bool DatabaseClass::RunInSession(const Work& work, TransactionUse use)
 {
-    return Database().DatabaseOpen && RunInTransaction(work);
+    return Database().DatabaseOpen && RunInTransaction(work, use);
 }
 
 bool DatabaseClass::RunDirect(const Work& work)

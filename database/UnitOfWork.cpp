@@ -33,7 +33,7 @@ bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
 void UnitOfWork::Begin()
 {
     RequireTrees();
-    if (!Gateway().BeginTransactionDb(m_transactionOpen)) {
+    if (!Gateway().BeginTransactionDb(m_transactionOpen, DatabaseClass::TransactionUse::Writing)) {
         ErrorBox(DatabaseText::AccessDenied());
         GiveUp();
     }

@@ -21,6 +21,9 @@ public:
     virtual void CloseDb() = 0;
     /// `started` is nonzero when a transaction, or a level inside one, was opened.
     virtual void BeginTransaction(qint32& started) = 0;
+    /// The same for a transaction that is going to write: waits here for whoever is writing, and raises InUse
+    /// here, where an engine would otherwise do so at the first write.
+    virtual void BeginTransactionToWrite(qint32& started) { BeginTransaction(started); }
     /// Ends one level if `started` is 1; only the outermost commits. 0: does nothing.
     virtual void CommitTransaction(qint32& started) = 0;
     /// Undoes the innermost open level; does nothing when none is open.

@@ -43,6 +43,12 @@ void HvxDatabaseComponent::BeginTransaction(qint32& started)
     started = 1;
 }
 
+void HvxDatabaseComponent::BeginTransactionToWrite(qint32& started)
+{
+    m_store.BeginToWrite();
+    started = 1;
+}
+
 void HvxDatabaseComponent::CommitTransaction(qint32& started)
 {
     if (started != 0)

@@ -23,6 +23,7 @@ public:
     void CloseDatabase() override;
     void CloseDb() override;
     void BeginTransaction(qint32& started) override;
+    void BeginTransactionToWrite(qint32& started) override;
     void CommitTransaction(qint32& started) override;
     void RollbackTransaction() override;
     void IsCAMlocked(qint32& locked) override;

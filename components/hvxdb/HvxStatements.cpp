@@ -60,6 +60,7 @@ QString SessionText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::Begin:
+    case HvxStatement::BeginWriting:
     case HvxStatement::BeginAlone:
         // The write lock at once: a transaction that has begun is not refused at its first write.
         return QStringLiteral("BEGIN IMMEDIATE");
@@ -227,9 +228,9 @@ QString JournalText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::JournalEnds:
-        return QStringLiteral("SELECT (SELECT max(id) FROM journal),"
-                              " (SELECT min(id) FROM journal WHERE id > 1),"
-                              " (SELECT changed FROM journal WHERE id > 1 ORDER BY id LIMIT 1)");
+        return QStringLiteral("SELECT id, (SELECT min(id) FROM journal WHERE id > 1),"
+                              " (SELECT changed FROM journal WHERE id > 1 ORDER BY id LIMIT 1),"
+                              " record_type, text1, number, text2 FROM journal ORDER BY id DESC LIMIT 1");
     case HvxStatement::JournalIdsAfter:
         return QStringLiteral("SELECT group_concat(id, char(9)) FROM"
                               " (SELECT id FROM journal WHERE id > ? ORDER BY id LIMIT -1)");

@@ -15,6 +15,7 @@ enum class HvxStatement
     // Session
     Begin,
     /// See TransactionKind.
+    BeginWriting,
     BeginAlone,
     BeginSnapshot,
     Commit,

@@ -72,7 +72,7 @@ void HvxStore::Load()
     m_loaded = true;
 }
 
-void HvxStore::Begin()
+void HvxStore::Begin(TransactionKind kind)
 {
     if (!m_open)
         RaiseRefusal(NotOpen);
@@ -85,18 +85,19 @@ void HvxStore::Begin()
         Load();
     m_cache.Clear();
     try {
-        BeginOutermost();
+        BeginOutermost(kind);
     } catch (const ComponentError&) {
         // A server's end shows only when it is asked again.
         if (!Renew())
             throw;
-        BeginOutermost();
+        BeginOutermost(kind);
     }
 }
 
-void HvxStore::BeginOutermost()
+void HvxStore::BeginOutermost(TransactionKind kind)
 {
-    const std::optional<SessionState> state = m_session.Begin();
+    const bool mayWrite = m_rights && m_rights->mayEdit;
+    const std::optional<SessionState> state = m_session.Begin(mayWrite ? kind : TransactionKind::Records);
     try {
         if (state) {
             UseState(*state);
@@ -232,9 +233,11 @@ void HvxStore::ForgetState()
     m_heldLock.clear();
 }
 
-StoreScope::StoreScope(HvxStore& store) : m_store(&store)
+StoreScope::StoreScope(HvxStore& store) : StoreScope(store, TransactionKind::Records) {}
+
+StoreScope::StoreScope(HvxStore& store, TransactionKind kind) : m_store(&store)
 {
-    store.Begin();
+    store.Begin(kind);
 }
 
 StoreScope::~StoreScope()
@@ -255,7 +258,7 @@ void StoreScope::Commit()
     m_open = false;
 }
 
-WriteScope::WriteScope(HvxStore& store) : StoreScope(store)
+WriteScope::WriteScope(HvxStore& store) : StoreScope(store, TransactionKind::Writing)
 {
     store.RequireEditRight();
 }

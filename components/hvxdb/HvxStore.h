@@ -35,7 +35,10 @@ public:
 
     /// Opens a transaction or a level. Raises InUse while another program holds the database; what Open
     /// raises when the source had to be opened anew and could not.
-    void Begin();
+    void Begin() { Begin(TransactionKind::Records); }
+    /// The same; see TransactionKind::Writing. Who may not write does not wait.
+    void BeginToWrite() { Begin(TransactionKind::Writing); }
+    void Begin(TransactionKind kind);
     void Commit();
     void Rollback();
 
@@ -63,7 +66,7 @@ public:
 private:
     void Connect();
     void Load();
-    void BeginOutermost();
+    void BeginOutermost(TransactionKind kind);
     /// Opens the source anew when it went away. False: it is there.
     bool Renew();
     void CheckState();
@@ -98,6 +101,9 @@ public:
     StoreScope& operator=(const StoreScope&) = delete;
 
     void Commit();
+
+protected:
+    StoreScope(HvxStore& store, TransactionKind kind);
 
 private:
     HvxStore* m_store;

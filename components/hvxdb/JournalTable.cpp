@@ -31,7 +31,10 @@ JournalEnds JournalTable::Ends() const
     JournalEnds ends;
     SqlRows rows = m_store->Session().Read(HvxStatement::JournalEnds);
     if (rows.Next())
-        ends = {rows.LongNumber(0), rows.LongNumber(1), rows.LongNumber(2)};
+        ends = {rows.LongNumber(0),
+                rows.LongNumber(1),
+                rows.LongNumber(2),
+                {rows.Number(3), rows.Text(4), rows.Number(5), rows.Text(6)}};
     if (m_store->InTransaction())
         cache.journalEnds = ends;
     return ends;
@@ -71,6 +74,9 @@ JournalRecord JournalTable::Record(qint32 id) const
 {
     if (const std::optional<JournalRecord> known = RecordOfChunks(id))
         return *known;
+    const std::optional<JournalEnds>& ends = m_store->Cache().journalEnds;
+    if (ends && ends->lastId == id)
+        return ends->last;
     SqlRows rows = m_store->Session().Read(HvxStatement::JournalRecord, {id});
     if (!rows.Next())
         return {};

@@ -49,9 +49,20 @@ QString SessionText(HvxStatement statement)
         static const QString text = QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ; ") + StateText();
         return text;
     }
+    case HvxStatement::BeginWriting: {
+        // Locking a table does not fix yet what the transaction sees, so that it sees what those have
+        // committed who wrote before it.
+        static const QString text = QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ;"
+                                                   " LOCK TABLE write_turn IN EXCLUSIVE MODE; ") +
+                                    StateText();
+        return text;
+    }
     case HvxStatement::BeginAlone:
-        // The lock of who writes records.
-        return QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED; SELECT pg_advisory_xact_lock(7236450)");
+        // Before the writers of records, who may not be there yet, then before others of this kind.
+        return QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED;"
+                              " DO $$ BEGIN IF to_regclass('write_turn') IS NOT NULL THEN"
+                              " LOCK TABLE write_turn IN EXCLUSIVE MODE; END IF; END $$;"
+                              " SELECT pg_advisory_xact_lock(7236450)");
     case HvxStatement::BeginSnapshot:
         return QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
     case HvxStatement::SessionState:

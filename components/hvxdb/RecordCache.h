@@ -17,6 +17,7 @@ struct JournalEnds
     qint64 oldestId = 0;
     /// When the oldest was written, in seconds since 1970.
     qint64 oldestChanged = 0;
+    JournalRecord last;
 };
 
 /// Records of the Journal that were read together, and the nodes of which they tell.

@@ -12,6 +12,8 @@ HvxStatement BeginStatement(TransactionKind kind)
     switch (kind) {
     case TransactionKind::Records:
         break;
+    case TransactionKind::Writing:
+        return HvxStatement::BeginWriting;
     case TransactionKind::Alone:
         return HvxStatement::BeginAlone;
     case TransactionKind::Snapshot:
@@ -226,12 +228,13 @@ std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
     }
     QSqlQuery query(Database());
     ++m_statementCount;
+    const bool bringsState = statement == HvxStatement::Begin || statement == HvxStatement::BeginWriting;
     std::optional<SessionState> state;
     bool done = query.exec(m_engine->StatementText(statement));
     if (!done)
         Raise(query.lastError());
     while (done) {
-        if (statement == HvxStatement::Begin && query.isSelect() && query.next())
+        if (bringsState && query.isSelect() && query.next())
             state = SessionState::OfRow(query);
         done = query.nextResult();
     }

@@ -45,6 +45,9 @@ enum class TransactionKind
 {
     /// Reading and writing records.
     Records,
+    /// The same; who writes at the same time is waited for at the begin, so that everything that was
+    /// committed before the first write is seen.
+    Writing,
     /// What no other writer may work beside: the schema, the maintenance lock. It sees what others commit
     /// until it has begun.
     Alone,

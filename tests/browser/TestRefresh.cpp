@@ -65,10 +65,11 @@ private Q_SLOTS:
         RefreshFixture f;
         const int commits = f.Store().Commits;
         f.Click();
-        QCOMPARE(f.Work(), QStringList({QStringLiteral("GetJournalLastId()"),
-                                        QStringLiteral("JournalClearByRecordLimit(12000,2000)"),
-                                        QStringLiteral("JournalClearByDayLimit(2,1)"),
-                                        QStringLiteral("GetJournalLastId()")}));
+        QCOMPARE(f.Work(),
+                 QStringList({QStringLiteral("GetJournalLastId()"), QStringLiteral("GetJournalRecordById(1)"),
+                              QStringLiteral("JournalClearByRecordLimit(12000,2000)"),
+                              QStringLiteral("JournalClearByDayLimit(2,1)"),
+                              QStringLiteral("GetJournalLastId()")}));
         QCOMPARE(f.Component.Calls.first(), QStringLiteral("BeginTransaction()"));
         QCOMPARE(f.Store().Commits, commits + 1);
         QCOMPARE(f.Operator.Texts(), QStringList());

@@ -8,6 +8,7 @@
 #include "model/TreeKey.h"
 #include "platform/controls/TreeView.h"
 #include "tests/convergence/RandomRecords.h"
+#include "tests/support/ShownTrees.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -21,20 +22,6 @@ constexpr TreeEntries::Index Root = 1;
 constexpr int TickMs = 1;
 /// Rounds of refreshing that must do when nobody changes anything.
 constexpr int MostRounds = 20;
-
-void Describe(const TreeEntries& tree, TreeEntries::Index entry, bool viewNodes, QStringList& lines)
-{
-    const int children = tree.ChildCount(entry);
-    QString line = tree.Kind(entry);
-    line += tree.Kind(entry) == u'W' ? QString() : u' ' + QString::number(tree.Id(entry));
-    line += u' ' + tree.Text(entry);
-    // What is closed and empty is read when it is opened; so is an empty one that would show waypoints.
-    if (tree.Kind(entry) == u'C' && children == 0 && !(tree.Expanded(entry) && viewNodes))
-        line += QStringLiteral(" (closed)");
-    lines << line;
-    for (int k = 0; k < children; ++k)
-        Describe(tree, tree.Child(entry, k), viewNodes, lines);
-}
 
 } // namespace
 
@@ -149,7 +136,9 @@ void Workstation::LookAround()
         Open(connection);
         break;
     case 6:
-        ConTree().SetExpanded(connection, !ConTree().Expanded(connection));
+        // By its indicator, which an empty one has not.
+        if (ConTree().ChildCount(connection) > 0)
+            ConTree().SetExpanded(connection, !ConTree().Expanded(connection));
         break;
     case 7:
         Find<QCheckBox>("chkViewNodes").click();
@@ -297,9 +286,5 @@ void Workstation::LoadTheRest()
 
 QStringList Workstation::Trees() const
 {
-    QStringList lines;
-    const bool viewNodes = Find<QCheckBox>("chkViewNodes").isChecked();
-    Describe(ConTree(), Root, viewNodes, lines);
-    Describe(NodesTree(), Root, viewNodes, lines);
-    return lines;
+    return ShownTrees(ConTree(), NodesTree(), Find<QCheckBox>("chkViewNodes").isChecked());
 }

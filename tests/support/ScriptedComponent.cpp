@@ -36,6 +36,12 @@ void ScriptedComponent::BeginTransaction(qint32& started)
                      [&] { m_script.Behind().BeginTransaction(started); });
 }
 
+void ScriptedComponent::BeginTransactionToWrite(qint32& started)
+{
+    m_script.Perform(QStringLiteral("BeginTransaction"), {}, {started},
+                     [&] { m_script.Behind().BeginTransactionToWrite(started); });
+}
+
 void ScriptedComponent::CommitTransaction(qint32& started)
 {
     m_script.Perform(QStringLiteral("CommitTransaction"), {Text(started)}, {},

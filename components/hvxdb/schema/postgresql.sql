@@ -80,6 +80,11 @@ CREATE TABLE IF NOT EXISTS record_name (
     name_key TEXT COLLATE "C" CONSTRAINT name_is_taken PRIMARY KEY
 );
 
+-- Always empty: who writes records locks it, for as long as the transaction lasts.
+CREATE TABLE IF NOT EXISTS write_turn (
+    one INTEGER PRIMARY KEY CHECK (one <> one)
+);
+
 -- Texts that belong to a name, by kind ("Parent", "NodeWP"). They outlive a node that is deleted to be saved
 -- anew.
 CREATE TABLE IF NOT EXISTS users_text (
@@ -187,7 +192,7 @@ $$;
 CREATE OR REPLACE FUNCTION begin_record_write() RETURNS trigger
 LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 BEGIN
-    PERFORM pg_advisory_xact_lock(7236450);
+    LOCK TABLE write_turn IN EXCLUSIVE MODE;
     IF TG_OP = 'TRUNCATE' THEN
         EXECUTE format('DELETE FROM %I', TG_TABLE_NAME);
     END IF;
@@ -311,7 +316,7 @@ FOR EACH STATEMENT EXECUTE FUNCTION raise_definitions_version();
 -- What every reader may do -----------------------------------------------------------------------------------
 
 -- Removes the Journal's records before that id, never record 1 nor the newest; gives how many. None when
--- another session has just done it.
+-- another session has just done it or is at it.
 CREATE OR REPLACE FUNCTION remove_journal_before(first_kept BIGINT) RETURNS BIGINT
 LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 DECLARE
@@ -321,7 +326,7 @@ BEGIN
     GET DIAGNOSTICS removed = ROW_COUNT;
     UPDATE journal SET record_type = 0 WHERE id = 1 AND record_type <> 0 AND removed > 0;
     RETURN removed;
-EXCEPTION WHEN serialization_failure THEN
+EXCEPTION WHEN serialization_failure OR lock_not_available OR deadlock_detected THEN
     RETURN 0;
 END
 $$;
@@ -375,6 +380,7 @@ BEGIN
     EXECUTE format('GRANT INSERT, UPDATE, DELETE ON connection, manager, node, users_text, cam_lock,'
                    ' con_type, con_type_hop, node_type, node_type_waypoint, waypoint, parameter,'
                    ' parameter_value TO %I', editor);
+    EXECUTE format('GRANT UPDATE ON write_turn TO %I', reader);
     REVOKE ALL ON FUNCTION remove_journal_before(BIGINT), free_cam_lock(TEXT) FROM PUBLIC;
     EXECUTE format('GRANT EXECUTE ON FUNCTION remove_journal_before(BIGINT), free_cam_lock(TEXT) TO %I', reader);
 END

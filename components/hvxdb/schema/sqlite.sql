@@ -75,7 +75,7 @@ CREATE TABLE IF NOT EXISTS user_rights (
 -- name and a change under the new one. changed: seconds since 1970.
 -- Record 1 holds the version text; its type is 0 once records were removed.
 CREATE TABLE IF NOT EXISTS journal (
-    id INTEGER PRIMARY KEY,
+    id INTEGER PRIMARY KEY CHECK (id BETWEEN 1 AND 2147483647),
     record_type INTEGER NOT NULL,
     text1 TEXT NOT NULL DEFAULT '',
     number INTEGER NOT NULL DEFAULT 0,
