@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
+#include <ctime>
 
 namespace {
 
@@ -12,17 +14,6 @@ const char* Verdict(bool ok)
 {
     missed = missed || !ok;
     return ok ? "ok" : "MISSED";
-}
-
-QString Time(double seconds)
-{
-    if (seconds >= 1)
-        return QString::number(seconds, 'f', 2) + QStringLiteral(" s");
-    if (seconds >= 1e-3)
-        return QString::number(seconds * 1e3, 'f', 2) + QStringLiteral(" ms");
-    if (seconds >= 1e-6)
-        return QString::number(seconds * 1e6, 'f', 2) + QStringLiteral(" µs");
-    return QString::number(seconds * 1e9, 'f', 0) + QStringLiteral(" ns");
 }
 
 } // namespace
@@ -36,6 +27,18 @@ double Seconds(const std::function<void()>& work)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+double ProcessorSeconds(const std::function<void()>& work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+    };
+    const double start = now();
+    work();
+    return now() - start;
+}
+
 Sides Compare(int rounds, const std::function<void()>& ours, const std::function<void()>& bare)
 {
     Sides best{1e9, 1e9};
@@ -44,6 +47,27 @@ Sides Compare(int rounds, const std::function<void()>& ours, const std::function
         best.ours = std::min(best.ours, Seconds(ours));
     }
     return best;
+}
+
+QString Time(double seconds)
+{
+    if (seconds >= 1)
+        return QString::number(seconds, 'f', 2) + QStringLiteral(" s");
+    if (seconds >= 1e-3)
+        return QString::number(seconds * 1e3, 'f', 2) + QStringLiteral(" ms");
+    if (seconds >= 1e-6)
+        return QString::number(seconds * 1e6, 'f', 2) + QStringLiteral(" µs");
+    return QString::number(seconds * 1e9, 'f', 0) + QStringLiteral(" ns");
+}
+
+double Percentile(std::vector<double> values, double share)
+{
+    if (values.empty())
+        return 0;
+    const double wanted = std::ceil(share * static_cast<double>(values.size()));
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(std::max(wanted, 1.0)) - 1;
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
 }
 
 void PrintRatio(const QString& name, const Sides& sides, double bar)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TreeEntries.h"
+#include "model/TreeName.h"
 
 #include <QHash>
 #include <QString>
@@ -41,7 +42,7 @@ private:
     /// How the records leave a name.
     struct Outcome
     {
-        QString name;
+        TreeName name;
         /// Of the saved record; 0: it was deleted.
         qint32 id = 0;
         /// Of a saved node; empty: it could not be read.
@@ -51,15 +52,16 @@ private:
     struct Outcomes
     {
         std::vector<Outcome> list;
-        QHash<QString, size_t> byName;
+        QHash<TreeName, size_t> byName;
 
         void Set(Outcome outcome);
     };
     using Entry = TreeEntries::Index;
 
-    void Remove(TreeEntries& tree, const QString& name, QChar kind) const;
-    void PutUnderRoot(TreeEntries& tree, const Outcome& outcome, QChar kind) const;
+    static void Remove(TreeEntries& tree, const TreeName& name, QChar kind);
+    static void PutUnderRoot(TreeEntries& tree, const Outcome& outcome, char kind);
     void PutUnderConnection(const Outcome& node);
+    void FetchNodes(size_t from) const;
     [[nodiscard]] Entry ConnectionOf(const Outcome& node) const;
 
     TreeEntries& m_conTree;

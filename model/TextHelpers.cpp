@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -12,6 +13,21 @@ constexpr QChar Blank = u' ';
 bool IsDigit(QChar character)
 {
     return character >= u'0' && character <= u'9';
+}
+
+/// The number of a text that is nothing but a few digits.
+std::optional<qint32> PlainNumber(QStringView text)
+{
+    constexpr qsizetype surelyInRange = 9;
+    if (text.isEmpty() || text.size() > surelyInRange)
+        return std::nullopt;
+    qint32 number = 0;
+    for (const QChar character : text) {
+        if (!IsDigit(character))
+            return std::nullopt;
+        number = number * 10 + (character.unicode() - u'0');
+    }
+    return number;
 }
 
 } // namespace
@@ -55,6 +71,9 @@ double RoundHalfEven(double value)
 
 qint32 ValInt(QStringView text)
 {
+    // Nearly all are ids, thousands in a list.
+    if (const std::optional<qint32> whole = PlainNumber(text))
+        return *whole;
     const double value = RoundHalfEven(Val(text));
     if (value <= std::numeric_limits<qint32>::min())
         return std::numeric_limits<qint32>::min();

@@ -17,10 +17,15 @@ TreeEntries::~TreeEntries() = default;
 TreeEntries::Index TreeEntries::Add(Index parent, const QString& key, const QString& text)
 {
     const std::optional<TreeKey> parsed = TreeKey::Parse(key);
-    if (!parsed || (parent != 0 && !Exists(parent)) || !m_store->entries.HasRoom(1) ||
-        m_store->entries.FindKey(*parsed) != 0)
+    return parsed ? Add(parent, *parsed, text) : 0;
+}
+
+TreeEntries::Index TreeEntries::Add(Index parent, const TreeKey& key, const QString& text)
+{
+    if (!key.IsValid() || (parent != 0 && !Exists(parent)) || !m_store->entries.HasRoom(1) ||
+        m_store->entries.FindKey(key) != 0)
         return 0;
-    return AddOne(parent, *parsed, text);
+    return AddOne(parent, key, text);
 }
 
 TreeEntries::Index TreeEntries::AddOne(Index parent, const TreeKey& key, QStringView text)
@@ -223,16 +228,21 @@ bool TreeEntries::Sorted(Index entry) const
 bool TreeEntries::SetKey(Index entry, const QString& key)
 {
     const std::optional<TreeKey> parsed = TreeKey::Parse(key);
-    if (!parsed || !Exists(entry))
+    return parsed && SetKey(entry, *parsed);
+}
+
+bool TreeEntries::SetKey(Index entry, const TreeKey& key)
+{
+    if (!key.IsValid() || !Exists(entry))
         return false;
-    const quint32 holder = m_store->entries.FindKey(*parsed);
+    const quint32 holder = m_store->entries.FindKey(key);
     if (holder != 0 && holder != quint32(entry))
         return false;
-    if (m_store->entries[quint32(entry)].Key().Format() == key)
+    if (m_store->entries[quint32(entry)].Key() == key)
         return true;
     if (TreeChanges* changes = Recorder())
         changes->NoteKey(quint32(entry));
-    m_store->entries.SetKey(quint32(entry), *parsed);
+    m_store->entries.SetKey(quint32(entry), key);
     TellChange(entry);
     return true;
 }
@@ -365,13 +375,18 @@ int TreeEntries::Count() const
 TreeEntries::Index TreeEntries::FindByKey(const QString& key) const
 {
     const std::optional<TreeKey> parsed = TreeKey::Parse(key);
-    return parsed ? Index(m_store->entries.FindKey(*parsed)) : 0;
+    return parsed ? FindByKey(*parsed) : 0;
+}
+
+TreeEntries::Index TreeEntries::FindByKey(const TreeKey& key) const
+{
+    return Index(m_store->entries.FindKey(key));
 }
 
 TreeEntries::Index TreeEntries::FindByText(const QString& text, bool isNode) const
 {
     quint32 first = 0;
-    m_store->entries.ForEachOfText(QStringView(text), [&](quint32 entry) {
+    m_store->entries.ForEachOfText(TreeName(text), [&](quint32 entry) {
         if ((m_store->entries[entry].kind == 'N') == isNode && (first == 0 || StandsBefore(entry, first)))
             first = entry;
     });
@@ -380,9 +395,19 @@ TreeEntries::Index TreeEntries::FindByText(const QString& text, bool isNode) con
 
 std::vector<TreeEntries::Index> TreeEntries::AllByText(const QString& text) const
 {
+    return AllByText(TreeName(text));
+}
+
+std::vector<TreeEntries::Index> TreeEntries::AllByText(const TreeName& name) const
+{
     std::vector<Index> found;
-    m_store->entries.ForEachOfText(QStringView(text), [&](quint32 entry) { found.push_back(Index(entry)); });
+    m_store->entries.ForEachOfText(name, [&](quint32 entry) { found.push_back(Index(entry)); });
     return found;
+}
+
+void TreeEntries::Fetch(std::span<const quint32> nameHashes) const
+{
+    m_store->entries.Fetch(nameHashes);
 }
 
 /// Collection order: by Index, the children of a connection right behind it.

@@ -11,6 +11,7 @@
 #include <vector>
 
 class TreeChanges;
+class TreeName;
 struct TreeKey;
 
 /// One new entry of a batch: id of the record and its name.
@@ -57,6 +58,7 @@ public:
     /// Adds an entry under `parent` (0: a top entry) and gives its Index; 0 when the key is taken, the key
     /// is malformed or the parent does not exist.
     Index Add(Index parent, const QString& key, const QString& text);
+    Index Add(Index parent, const TreeKey& key, const QString& text);
     /// Adds node entries "N,<id>" (with `conId` not 0: "N,<id>,<conId>") in one step; entries whose key the
     /// tree already has under any parent are skipped. Gives the number added.
     int AddNodes(Index parent, std::span<const NewTreeEntry> entries, qint32 conId = 0);
@@ -88,6 +90,7 @@ public:
 
     /// False when the new key is taken by another entry or malformed.
     bool SetKey(Index entry, const QString& key);
+    bool SetKey(Index entry, const TreeKey& key);
     /// A sorted parent moves the entry to its place.
     void SetText(Index entry, const QString& text);
     void SetTag(Index entry, const QString& tag);
@@ -100,11 +103,17 @@ public:
     [[nodiscard]] int Count() const;
     /// The entry of a key; the sign of field 2 does not matter, so a continued node is found too.
     [[nodiscard]] Index FindByKey(const QString& key) const;
+    [[nodiscard]] Index FindByKey(const TreeKey& key) const;
     /// The first entry in collection order whose text equals `text`, ignoring case, and whose being a node
     /// equals `isNode`; 0 when there is none. Children of a connection come right behind it.
     [[nodiscard]] Index FindByText(const QString& text, bool isNode) const;
     /// All entries of that text, ignoring case, in no order.
     [[nodiscard]] std::vector<Index> AllByText(const QString& text) const;
+    [[nodiscard]] std::vector<Index> AllByText(const TreeName& name) const;
+    /// Brings near the processor what AllByText is about to read for some names, given their hashes: in a
+    /// large tree each look-up alone waits for the memory several times. A few hundred at once; they must not
+    /// push each other out again.
+    void Fetch(std::span<const quint32> nameHashes) const;
     /// The first child (display order) that carries the continuation mark; 0 when there is none.
     [[nodiscard]] Index FindContinued(Index parent) const;
     /// All entries that have a parent and at least one child, in collection order.

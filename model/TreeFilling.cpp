@@ -15,6 +15,8 @@
 namespace {
 
 constexpr int RowsBetweenPumps = 50;
+/// RootKey.
+constexpr TreeKey Root = {'R'};
 
 /// Entries in a span of rows, keyed "<prefix>,<id>".
 void AddSpan(TreeEntries& tree, TreeEntries::Index parent, const QString& keyPrefix,
@@ -93,10 +95,17 @@ bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntri
 
 bool IsFilled(const TreeEntries& tree)
 {
-    return tree.FindByKey(RootKey) != 0;
+    return tree.FindByKey(Root) != 0;
 }
 
 TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
+                              const QString& text)
+{
+    // A malformed key is one that no entry can have.
+    return RenewEntry(tree, old, TreeKey::Parse(key).value_or(TreeKey()), text);
+}
+
+TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const TreeKey& key,
                               const QString& text)
 {
     if (old != 0 && tree.SetKey(old, key)) {
@@ -105,7 +114,8 @@ TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const Q
         return old;
     }
     tree.Remove(old);
-    return AddTreeEntry(tree, RootKey, TreeChild, key, text);
+    const TreeEntries::Index root = tree.FindByKey(Root);
+    return root != 0 ? tree.Add(root, key, text) : 0;
 }
 
 bool PassContinueMark(TreeEntries& tree, TreeEntries::Index entry)

@@ -40,6 +40,8 @@ bool FindConnectionEntry(const QString& name, const TreeEntries& tree, TreeEntri
 
 /// What stands in `tree` for a record that was saved under a new id: its old entry (0: none), renewed in
 /// place without children so that the selection stays, or a new one under the root. 0 when it can be neither.
+TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const TreeKey& key,
+                              const QString& text);
 TreeEntries::Index RenewEntry(TreeEntries& tree, TreeEntries::Index old, const QString& key,
                               const QString& text);
 

@@ -25,6 +25,13 @@ public:
     /// First entry of the chain that holds all entries of that hash, among others.
     [[nodiscard]] quint32 Chain(quint32 hash) const { return Bucket(BucketOf(hash)); }
 
+    /// Brings near the processor where Chain looks.
+    void FetchChain(quint32 hash) const
+    {
+        const quint32 bucket = BucketOf(hash);
+        __builtin_prefetch(&(*m_segments[bucket / SegmentSize])[bucket % SegmentSize]);
+    }
+
     void Insert(quint32 handle)
     {
         if (++m_count > m_buckets)

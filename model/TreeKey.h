@@ -20,6 +20,7 @@ struct TreeKey
     [[nodiscard]] bool IsValid() const;
     [[nodiscard]] QString Format() const;
 
+    bool operator==(const TreeKey&) const = default;
     /// Two keys name the same entry when they differ in the continuation mark only.
     [[nodiscard]] bool SameEntry(const TreeKey& other) const
     {

@@ -136,6 +136,22 @@ void TreeStore::SetText(Handle handle, QStringView text)
     m_byText.Insert(handle);
 }
 
+void TreeStore::Fetch(std::span<const quint32> textHashes) const
+{
+    // The steps of one look-up wait for each other, those of many do not.
+    for (const quint32 hash : textHashes)
+        m_byText.FetchChain(hash);
+    for (const quint32 hash : textHashes) {
+        if (const Handle first = m_byText.Chain(hash))
+            __builtin_prefetch(&(*this)[first]);
+    }
+    for (const quint32 hash : textHashes) {
+        const Handle first = m_byText.Chain(hash);
+        if (const Handle second = first != 0 ? (*this)[first].textNext : 0)
+            __builtin_prefetch(&(*this)[second]);
+    }
+}
+
 std::vector<TreeStore::Handle> TreeStore::Continued(Handle parent) const
 {
     std::vector<Handle> found;

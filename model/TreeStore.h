@@ -2,6 +2,7 @@
 
 #include "model/TreeHash.h"
 #include "model/TreeKey.h"
+#include "model/TreeName.h"
 #include "model/TreeText.h"
 
 #include <QString>
@@ -9,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -80,15 +82,17 @@ public:
 
     /// Calls `visit(handle)` for all entries whose text equals `text`, ignoring case, in no order.
     template <typename Visit>
-    void ForEachOfText(const TreeTextView& text, Visit visit) const
+    void ForEachOfText(const TreeName& text, Visit visit) const
     {
-        const quint32 hash = text.FoldedHash();
+        const quint32 hash = text.Hash();
         for (Handle handle = m_byText.Chain(hash); handle != 0; handle = (*this)[handle].textNext) {
             const TreeEntry& entry = (*this)[handle];
-            if (entry.textHash == hash && TreeTextView::CompareFolded(entry.text.View(), text) == 0)
+            if (entry.textHash == hash && TreeTextView::CompareFolded(entry.text.View(), text.View()) == 0)
                 visit(handle);
         }
     }
+    /// Brings near the processor what ForEachOfText is about to read for texts of these hashes.
+    void Fetch(std::span<const quint32> textHashes) const;
     /// Children of `parent` that carry the continuation mark, in no order.
     [[nodiscard]] std::vector<Handle> Continued(Handle parent) const;
 

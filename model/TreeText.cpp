@@ -68,9 +68,12 @@ char32_t TreeTextView::Folded(qsizetype at) const
 
 quint32 TreeTextView::FoldedHash() const
 {
+    const std::array<char16_t, 256>& folded = FoldedLatin1();
     quint32 hash = 2166136261u;
-    for (qsizetype at = 0; at < m_length; ++at)
-        hash = (hash ^ Folded(at)) * 16777619u;
+    for (qsizetype at = 0; at < m_length; ++at) {
+        const char16_t unit = Unit(at);
+        hash = (hash ^ (unit <= 0xff ? folded[unit] : Folded(at))) * 16777619u;
+    }
     hash ^= hash >> 16;
     hash *= 0x7feb352du;
     hash ^= hash >> 15;
@@ -90,6 +93,9 @@ int TreeTextView::CompareFolded(const TreeTextView& left, const TreeTextView& ri
         }
     } else {
         for (qsizetype at = 0; at < common; ++at) {
+            // The second half of a pair follows the first one, so equal units fold alike if those before do.
+            if (left.Unit(at) == right.Unit(at))
+                continue;
             if (const int difference = int(left.Folded(at)) - int(right.Folded(at)))
                 return difference;
         }

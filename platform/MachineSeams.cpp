@@ -10,11 +10,18 @@
 
 namespace {
 
-QString LoginName()
+QString AskLoginName()
 {
     if (const passwd* entry = getpwuid(geteuid()))
         return QString::fromLocal8Bit(entry->pw_name);
     return QString::number(geteuid());
+}
+
+/// Kept: each save asks for it, and the system reads the users' file or asks a server each time.
+QString LoginName()
+{
+    static const QString name = AskLoginName();
+    return name;
 }
 
 MachineSeams Defaults()

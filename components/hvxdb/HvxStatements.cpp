@@ -15,6 +15,8 @@ const QString StoredNode =
                    " n.command_tail FROM node n"
                    " LEFT JOIN connection c ON c.row_key = n.connection_key");
 
+const QString PlainNameKey = QStringLiteral("lower(trim(j.text1))");
+
 /// All that a click on a node asks.
 const QStringList NodeFieldTexts = {QStringLiteral("n.id"),
                                     QStringLiteral("n.target"),
@@ -211,6 +213,17 @@ QString WriteText(HvxStatement statement)
     }
 }
 
+/// The fields of a chunk of records in one text.
+QString JoinedFields()
+{
+    const QString separator = QStringLiteral("char(%1)").arg(PackedFieldSeparator.unicode());
+    QStringList fields;
+    for (const QString& field : JournalChunkFields())
+        fields << QStringLiteral("coalesce(%1, '')").arg(field);
+    return QStringLiteral("group_concat(%1, %2)")
+        .arg(fields.join(QStringLiteral(" || %1 || ").arg(separator)), separator);
+}
+
 QString JournalText(HvxStatement statement)
 {
     switch (statement) {
@@ -224,7 +237,9 @@ QString JournalText(HvxStatement statement)
     case HvxStatement::JournalRecord:
         return QStringLiteral("SELECT record_type, text1, number, text2 FROM journal WHERE id = ?");
     case HvxStatement::JournalChunk:
-        return JournalChunkText(QStringLiteral("lower(trim(j.text1))"));
+        return PackedJournalChunkText(JoinedFields(), PlainNameKey);
+    case HvxStatement::JournalChunkInColumns:
+        return JournalChunkText(PlainNameKey);
     // Record 1 is the version text and counts as none.
     case HvxStatement::JournalEntriesAfter:
         return QStringLiteral("SELECT id, record_type, text1, number, changed FROM journal"
@@ -295,15 +310,31 @@ QString JournalChunkText(const QString& nameKey)
 {
     // The number names no node any more once the node was saved again, so the name goes first. Where a name
     // holds other letters than the engine folds, the number finds the node that nobody has saved since.
-    return QStringLiteral("SELECT j.id, j.record_type, j.text1, j.number, j.text2,"
-                          " n.name_key, n.id, coalesce(c.name, ''), n.target, n.node_type, n.command_tail,"
-                          " n.manager_index"
-                          " FROM (SELECT id, record_type, text1, number, text2 FROM journal WHERE id > ?"
-                          " ORDER BY id LIMIT %1) j"
+    // A record has one node at the most, so the limit counts records, and the engine need not sort them.
+    return QStringLiteral("SELECT j.id AS id, j.record_type AS record_type, j.text1 AS text1,"
+                          " j.number AS number, j.text2 AS text2, n.name_key AS name_key, n.id AS node_id,"
+                          " coalesce(c.name, '') AS connection_name, n.target AS target,"
+                          " n.node_type AS node_type, n.command_tail AS command_tail,"
+                          " n.manager_index AS manager_index FROM journal j"
                           " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce((SELECT id"
                           " FROM node WHERE name_key = %2), j.number)"
-                          " LEFT JOIN connection c ON c.row_key = n.connection_key ORDER BY j.id")
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key"
+                          " WHERE j.id > ? ORDER BY j.id LIMIT %1")
         .arg(QString::number(JournalRecordsPerChunk), nameKey);
+}
+
+QString PackedJournalChunkText(const QString& joined, const QString& nameKey)
+{
+    // One row: the driver's work for twelve columns of each record is a third of what a refresh costs.
+    return QStringLiteral("SELECT count(*), %1 FROM (%2) AS chunk").arg(joined, JournalChunkText(nameKey));
+}
+
+QStringList JournalChunkFields()
+{
+    return QStringLiteral(
+               "id record_type text1 number text2 name_key node_id connection_name target node_type"
+               " command_tail manager_index")
+        .split(u' ');
 }
 
 QString StandardStatementText(HvxStatement statement)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// Stands between the fields of a packed row; a row that holds it itself is read in columns.
 inline constexpr QChar PackedFieldSeparator{u'\x1f'};
@@ -82,10 +83,13 @@ enum class HvxStatement
     JournalEnds,
     JournalIdsAfter,
     JournalRecord,
+    /// One row: how many rows JournalChunkInColumns gives, and all their fields in one text, separated by
+    /// PackedFieldSeparator, NULL as an empty one.
+    JournalChunk,
     /// The next JournalRecordsPerChunk records: id, record_type, text1, number, text2; and of records that
     /// tell of a node that was saved: its name_key, id, connection's name, target, node_type, command_tail,
     /// manager_index. The node is the one of that name, else the one of that number, else NULL.
-    JournalChunk,
+    JournalChunkInColumns,
     /// A number of records behind an id: id, record_type, text1, number, changed.
     JournalEntriesAfter,
     JournalCount,
@@ -116,5 +120,11 @@ enum class HvxStatement
 /// The statement in the SQL that the engines share; where an engine needs another text it gives its own.
 QString StandardStatementText(HvxStatement statement);
 
-/// HvxStatement::JournalChunk, given the engine's expression for the key of the name j.text1.
+/// HvxStatement::JournalChunkInColumns, given the engine's expression for the key of the name j.text1.
 QString JournalChunkText(const QString& nameKey);
+
+/// HvxStatement::JournalChunk, given the engine's aggregate that joins JournalChunkFields, and the same key.
+QString PackedJournalChunkText(const QString& joined, const QString& nameKey);
+
+/// Names of the columns of JournalChunkInColumns.
+QStringList JournalChunkFields();

@@ -1,7 +1,6 @@
 #include "components/hvxdb/JournalTable.h"
 
 #include "components/hvxdb/HvxAdministration.h"
-#include "components/hvxdb/HvxNames.h"
 #include "components/hvxdb/ItemText.h"
 
 #include <QDateTime>
@@ -16,48 +15,6 @@ constexpr qint64 SecondsOfDay = 86'400;
 constexpr qint64 FirstChange = 2;
 /// The end of a chunk behind which no record is left.
 constexpr qint64 Everything = std::numeric_limits<qint64>::max();
-
-/// Columns of HvxStatement::JournalChunk.
-enum ChunkColumn
-{
-    RecordId,
-    RecordType,
-    RecordText1,
-    RecordNumber,
-    RecordText2,
-    NodeKey,
-    NodeId,
-    NodeConnection,
-    NodeTarget,
-    NodeType,
-    NodeTail,
-    NodeManager,
-};
-
-bool TellsOfSavedNode(const JournalRecord& record)
-{
-    return record.recordType == 30 || record.recordType == 40;
-}
-
-/// True when no node has that name, given that the engine's own key of it leads to none.
-bool IsSureToBeGone(const QString& name)
-{
-    return !NeedsOwnKey(name) && std::none_of(name.cbegin(), name.cend(), IsControl);
-}
-
-/// Keeps the node that stands behind the columns of the record in the row of a chunk; that there is none,
-/// too.
-void KeepNode(const SqlRows& row, const QString& name, JournalChunk& chunk)
-{
-    if (!row.IsNull(NodeKey)) {
-        chunk.nodes.insert_or_assign(row.Text(NodeKey),
-                                     NodeRow{true, row.Number(NodeId), row.Text(NodeConnection),
-                                             row.Text(NodeTarget), row.Text(NodeType), row.Text(NodeTail),
-                                             row.Text(NodeManager)});
-    }
-    if (IsSureToBeGone(name))
-        chunk.nodes.try_emplace(FoldedName(name));
-}
 
 } // namespace
 
@@ -137,33 +94,36 @@ std::optional<JournalRecord> JournalTable::RecordOfChunks(qint64 id) const
         // Chunks only go forward, so that no order of asking reads a record in two of them.
         ReadChunk(id - 1, chunk->listEnd);
     }
-    const auto found = chunk->records.find(id);
-    return found == chunk->records.end() ? JournalRecord() : found->second;
+    return chunk->rows.Record(id);
 }
 
 QString JournalTable::ReadChunk(qint64 after, qint64 listEnd) const
 {
-    JournalChunk chunk{after, Everything, listEnd, {}, {}};
+    JournalChunk chunk{after, Everything, listEnd, ReadRows(after)};
+    if (chunk.rows.Count() == JournalRecordsPerChunk)
+        chunk.upTo = chunk.rows.Ids().back();
     QString ids;
-    qint64 last = after;
-    {
-        SqlRows rows = m_store->Session().Read(HvxStatement::JournalChunk, {after});
-        while (rows.Next()) {
-            last = rows.LongNumber(RecordId);
-            if (!ids.isEmpty())
-                ids += ItemSeparator;
-            ids += QString::number(last);
-            const JournalRecord record{rows.Number(RecordType), rows.Text(RecordText1),
-                                       rows.Number(RecordNumber), rows.Text(RecordText2)};
-            chunk.records.insert_or_assign(last, record);
-            if (TellsOfSavedNode(record))
-                KeepNode(rows, record.text1, chunk);
-        }
+    for (const qint64 id : chunk.rows.Ids()) {
+        if (!ids.isEmpty())
+            ids += ItemSeparator;
+        ids += QString::number(id);
     }
-    if (chunk.records.size() == JournalRecordsPerChunk)
-        chunk.upTo = last;
     m_store->Cache().journalChunk = std::move(chunk);
     return ids;
+}
+
+JournalRows JournalTable::ReadRows(qint64 after) const
+{
+    JournalRows chunk;
+    {
+        SqlRows packed = m_store->Session().Read(HvxStatement::JournalChunk, {after});
+        if (packed.Next() && chunk.Unpack(packed.Text(1), packed.LongNumber(0)))
+            return chunk;
+    }
+    SqlRows rows = m_store->Session().Read(HvxStatement::JournalChunkInColumns, {after});
+    while (rows.Next())
+        chunk.Append(rows);
+    return chunk;
 }
 
 void JournalTable::ClearByRecordLimit(qint32 recordLimit, qint32 recordsToKeep) const

@@ -33,6 +33,7 @@ private:
     [[nodiscard]] std::optional<JournalRecord> RecordOfChunks(qint64 id) const;
     /// Reads the chunk behind `after`; gives its ids as an item list.
     QString ReadChunk(qint64 after, qint64 listEnd) const;
+    [[nodiscard]] JournalRows ReadRows(qint64 after) const;
     [[nodiscard]] bool HasMoreThan(qint32 recordLimit, const JournalEnds& ends) const;
     void RemoveBefore(qint64 id, const JournalEnds& ends) const;
 

@@ -227,6 +227,22 @@ QString RecordText(HvxStatement statement)
     }
 }
 
+QString NameKeyOfRecord()
+{
+    return Folded(QStringLiteral("trim(j.text1)"));
+}
+
+/// The fields of a chunk of records in one text.
+QString JoinedFields()
+{
+    const QString separator = QStringLiteral("chr(%1)").arg(PackedFieldSeparator.unicode());
+    QStringList fields;
+    for (const QString& field : JournalChunkFields())
+        fields << QStringLiteral("coalesce(CAST(%1 AS text), '')").arg(field);
+    return QStringLiteral("string_agg(concat_ws(%2, %1), %2 ORDER BY id)")
+        .arg(fields.join(QStringLiteral(", ")), separator);
+}
+
 QString JournalText(HvxStatement statement)
 {
     switch (statement) {
@@ -234,7 +250,9 @@ QString JournalText(HvxStatement statement)
         return QStringLiteral("SELECT string_agg(CAST(id AS text), chr(9) ORDER BY id) FROM journal"
                               " WHERE id > ?");
     case HvxStatement::JournalChunk:
-        return JournalChunkText(Folded(QStringLiteral("trim(j.text1)")));
+        return PackedJournalChunkText(JoinedFields(), NameKeyOfRecord());
+    case HvxStatement::JournalChunkInColumns:
+        return JournalChunkText(NameKeyOfRecord());
     case HvxStatement::JournalFirstYoungerThan:
         return QStringLiteral(
             "SELECT least(coalesce((SELECT min(id) FROM journal WHERE id > 1 AND changed >= ?),"

@@ -1,46 +1,12 @@
 #pragma once
 
+#include "components/hvxdb/JournalRows.h"
+#include "components/hvxdb/RecordRows.h"
+
 #include <QString>
 
 #include <optional>
 #include <unordered_map>
-
-/// A connection as single-record reads need it.
-struct ConnectionRow
-{
-    bool exists = false;
-    qint32 id = 0;
-    QString target;
-};
-
-/// A node manager; no index: none for that device.
-struct ManagerRow
-{
-    QString index;
-    QString path;
-    QString commandText;
-};
-
-/// A node as single-record reads need it.
-struct NodeRow
-{
-    bool exists = false;
-    qint32 id = 0;
-    QString conName;
-    QString target;
-    QString nodeType;
-    QString commandTail;
-    QString managerIndex;
-};
-
-/// One record of the Journal; type 0: there is no such record, or record 1 of a cleaned Journal.
-struct JournalRecord
-{
-    qint32 recordType = 0;
-    QString text1;
-    qint32 number = 0;
-    QString text2;
-};
 
 /// Where the Journal ends. Record 1, the version text, counts as last but never as oldest.
 struct JournalEnds
@@ -62,9 +28,7 @@ struct JournalChunk
     qint64 upTo = 0;
     /// The last id of the list whose records are read chunk by chunk.
     qint64 listEnd = 0;
-    std::unordered_map<qint64, JournalRecord> records;
-    /// By key, as RecordCache::nodes.
-    std::unordered_map<QString, NodeRow> nodes;
+    JournalRows rows;
 };
 
 /// The rows that one transaction has read; names that are not there too. Nobody else can change them while

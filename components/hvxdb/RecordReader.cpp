@@ -81,9 +81,8 @@ NodeRow RecordReader::Node(const QString& name) const
     if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
         return known->second;
     if (cache.journalChunk) {
-        const auto told = cache.journalChunk->nodes.find(key);
-        if (told != cache.journalChunk->nodes.end())
-            return told->second;
+        if (const std::optional<NodeRow> told = cache.journalChunk->rows.Node(key))
+            return *told;
     }
     NodeFields fields;
     NodeRow node;

@@ -2,7 +2,7 @@
 
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteCopySide.h"
-#include "components/hvxdb/SqlitePairList.h"
+#include "components/hvxdb/SqliteListFunctions.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,6 +10,7 @@
 #include <QSqlQuery>
 #include <QUrl>
 
+#include <limits>
 #include <sqlite3.h>
 #include <sys/stat.h>
 
@@ -83,6 +84,27 @@ sqlite3* SharedHandle(const QSqlDatabase& database)
     return sameLibrary ? *static_cast<sqlite3* const*>(handle.constData()) : nullptr;
 }
 
+/// HvxStatement::JournalChunk by our own aggregate. It takes the rows from the tables themselves, in the
+/// order of the outer table: those of a sub-query that has an order and a limit are copied first, which costs
+/// as much as reading them.
+QString PackedJournalChunk()
+{
+    return QStringLiteral(
+               "WITH start AS (SELECT ? AS id),"
+               " bounds AS MATERIALIZED (SELECT id AS low, coalesce((SELECT id FROM journal"
+               " WHERE id > start.id ORDER BY id LIMIT 1 OFFSET %1), %2) AS high FROM start)"
+               " SELECT count(*), packed_rows(j.id, j.record_type, j.text1, j.number, j.text2, n.name_key, "
+               "n.id,"
+               " c.name, n.target, n.node_type, n.command_tail, n.manager_index)"
+               " FROM bounds CROSS JOIN journal j ON j.id > low AND j.id <= high"
+               " LEFT JOIN node named ON j.record_type IN (30, 40)"
+               " AND named.name_key = plain_key(j.text1)"
+               " LEFT JOIN node n ON j.record_type IN (30, 40) AND n.id = coalesce(named.id, j.number)"
+               " LEFT JOIN connection c ON c.row_key = n.connection_key")
+        .arg(QString::number(JournalRecordsPerChunk - 1),
+             QString::number(std::numeric_limits<qint64>::max()));
+}
+
 } // namespace
 
 QString SqliteEngine::Driver() const
@@ -110,7 +132,7 @@ void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int bu
     m_path = source;
     m_identity = IdentityOf(source);
     sqlite3* handle = SharedHandle(database);
-    m_buildsLists = handle && AddPairListFunction(handle);
+    m_buildsLists = handle && AddListFunctions(handle);
 }
 
 void SqliteEngine::ConnectNew(QSqlDatabase& database, const QString& source) const
@@ -134,10 +156,13 @@ void SqliteEngine::Settle(const QSqlDatabase& database) const
 
 QString SqliteEngine::StatementText(HvxStatement statement) const
 {
+    if (m_buildsLists && statement == HvxStatement::JournalChunk)
+        return PackedJournalChunk();
     QString text = StandardStatementText(statement);
     if (m_buildsLists) {
         text.replace(QLatin1String("group_concat(name || char(9) || id, char(9))"),
                      QLatin1String("pair_list(name, id)"));
+        text.replace(QLatin1String("group_concat(id, char(9))"), QLatin1String("id_list(id)"));
     }
     return text;
 }

@@ -34,7 +34,7 @@ private:
 
     [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const QString& path);
 
-    /// The connection builds lists itself, see SqlitePairList.
+    /// The connection builds lists itself, see SqliteListFunctions.
     bool m_buildsLists = false;
     QString m_path;
     std::optional<FileIdentity> m_identity;
