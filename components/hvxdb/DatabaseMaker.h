@@ -2,6 +2,8 @@
 
 #include "components/hvxdb/DatabaseFiller.h"
 
+#include <QString>
+
 /// Makes a SQLite database: whole or not at all.
 ///
 /// The file is built under another name in the same folder and takes its place when it is complete. What
