@@ -4,9 +4,9 @@
 
 /// Reads and cleans the Journal; triggers write it. Failures: ComponentError.
 ///
-/// Inside a transaction the ends of the Journal are read once, with the last record, and a list of ids brings the records of its
-/// first ids and their nodes with it, the rest in chunks as they are asked for: what a refresh costs does not
-/// grow with each change.
+/// Inside a transaction the ends of the Journal are read once, with the last record, and a list of ids brings
+/// the records of its first ids and their nodes with it, the rest in chunks as they are asked for: what a
+/// refresh costs does not grow with each change.
 class JournalTable
 {
 public:
