@@ -37,9 +37,9 @@ public:
             writer.Run(text);
             writer.Commit();
         });
-        const QString waiting = QStringLiteral("SELECT count(*) FROM pg_locks WHERE NOT granted AND"
-                                               " locktype = 'advisory' AND database = (SELECT oid FROM"
-                                               " pg_database WHERE datname = current_database())");
+        const QString waiting =
+            QStringLiteral("SELECT count(*) FROM pg_locks WHERE NOT granted AND"
+                           " database = (SELECT oid FROM pg_database WHERE datname = current_database())");
         while (watcher.Run(waiting).toInt() == 0)
             QThread::msleep(5);
         meanwhile();
