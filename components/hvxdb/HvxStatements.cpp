@@ -47,13 +47,13 @@ QString RowsText(const QString& table, const QString& filter)
 
 /// An answer of a list in one row: count of rows, the last id, the pairs as an item list, whether more rows
 /// follow. The engine joins the texts, which costs less than a row for each name.
-QString PageText(const QString& table, const QString& filter)
+QString PageText(const QString& table, const QString& filter, const QString& pairs)
 {
     return QStringLiteral("SELECT taken, last_id, items,"
                           " EXISTS (SELECT 1 FROM %1 WHERE %2 AND id > last_id)"
-                          " FROM (SELECT count(*) AS taken, max(id) AS last_id,"
-                          " group_concat(name || char(9) || id, char(9)) AS items FROM (%3))")
-        .arg(table, filter, RowsText(table, filter));
+                          " FROM (SELECT count(*) AS taken, max(id) AS last_id, %4 AS items"
+                          " FROM (%3) AS listed) AS page")
+        .arg(table, filter, RowsText(table, filter), pairs);
 }
 
 QString SessionText(HvxStatement statement)
@@ -96,42 +96,14 @@ QString SessionText(HvxStatement statement)
 
 QString ListText(HvxStatement statement)
 {
-    const QString connections = QStringLiteral("connection");
-    const QString nodes = QStringLiteral("node");
-    const QString all = QStringLiteral("1");
-    const QString ofName = QStringLiteral("name_key = ?");
-    const QString ofBoth = OfConnection + QStringLiteral(" AND ") + OfType;
     switch (statement) {
-    case HvxStatement::ConnectionList:
-        return PageText(connections, all);
-    case HvxStatement::ConnectionListOfName:
-        return PageText(connections, ofName);
-    case HvxStatement::NodeList:
-        return PageText(nodes, all);
-    case HvxStatement::NodeListOfConnection:
-        return PageText(nodes, OfConnection);
-    case HvxStatement::NodeListOfType:
-        return PageText(nodes, OfType);
-    case HvxStatement::NodeListOfConnectionAndType:
-        return PageText(nodes, ofBoth);
-    case HvxStatement::ConnectionListRows:
-        return RowsText(connections, all);
-    case HvxStatement::ConnectionListOfNameRows:
-        return RowsText(connections, ofName);
-    case HvxStatement::NodeListRows:
-        return RowsText(nodes, all);
-    case HvxStatement::NodeListOfConnectionRows:
-        return RowsText(nodes, OfConnection);
-    case HvxStatement::NodeListOfTypeRows:
-        return RowsText(nodes, OfType);
-    case HvxStatement::NodeListOfConnectionAndTypeRows:
-        return RowsText(nodes, ofBoth);
     case HvxStatement::NodeCount:
         return QStringLiteral("SELECT count(*) FROM node");
     case HvxStatement::NodeCountOfConnection:
         return QStringLiteral("SELECT count(*) FROM node WHERE ") + OfConnection;
     default:
-        return {};
+        return ListStatementText(statement, OfType,
+                                 QStringLiteral("group_concat(name || char(9) || id, char(9))"));
     }
 }
 
@@ -335,6 +307,43 @@ QStringList JournalChunkFields()
                "id record_type text1 number text2 name_key node_id connection_name target node_type"
                " command_tail manager_index")
         .split(u' ');
+}
+
+QString ListStatementText(HvxStatement statement, const QString& ofType, const QString& pairs)
+{
+    const QString connections = QStringLiteral("connection");
+    const QString nodes = QStringLiteral("node");
+    const QString all = QStringLiteral("true");
+    const QString ofName = QStringLiteral("name_key = ?");
+    const QString ofBoth = OfConnection + QStringLiteral(" AND ") + ofType;
+    switch (statement) {
+    case HvxStatement::ConnectionList:
+        return PageText(connections, all, pairs);
+    case HvxStatement::ConnectionListOfName:
+        return PageText(connections, ofName, pairs);
+    case HvxStatement::NodeList:
+        return PageText(nodes, all, pairs);
+    case HvxStatement::NodeListOfConnection:
+        return PageText(nodes, OfConnection, pairs);
+    case HvxStatement::NodeListOfType:
+        return PageText(nodes, ofType, pairs);
+    case HvxStatement::NodeListOfConnectionAndType:
+        return PageText(nodes, ofBoth, pairs);
+    case HvxStatement::ConnectionListRows:
+        return RowsText(connections, all);
+    case HvxStatement::ConnectionListOfNameRows:
+        return RowsText(connections, ofName);
+    case HvxStatement::NodeListRows:
+        return RowsText(nodes, all);
+    case HvxStatement::NodeListOfConnectionRows:
+        return RowsText(nodes, OfConnection);
+    case HvxStatement::NodeListOfTypeRows:
+        return RowsText(nodes, ofType);
+    case HvxStatement::NodeListOfConnectionAndTypeRows:
+        return RowsText(nodes, ofBoth);
+    default:
+        return {};
+    }
 }
 
 QString StandardStatementText(HvxStatement statement)

@@ -120,6 +120,10 @@ enum class HvxStatement
 /// The statement in the SQL that the engines share; where an engine needs another text it gives its own.
 QString StandardStatementText(HvxStatement statement);
 
+/// A statement of lists, given the engine's filter by node type and its aggregate that joins the pairs of
+/// name and id; empty for other statements.
+QString ListStatementText(HvxStatement statement, const QString& ofType, const QString& pairs);
+
 /// HvxStatement::JournalChunkInColumns, given the engine's expression for the key of the name j.text1.
 QString JournalChunkText(const QString& nameKey);
 

@@ -2,9 +2,6 @@
 
 namespace {
 
-const QString OfConnection =
-    QStringLiteral("connection_key = (SELECT row_key FROM connection WHERE name_key = ?)");
-
 /// Devices compare as on every engine: without the case of plain letters.
 QString Folded(const QString& expression)
 {
@@ -84,52 +81,10 @@ QString SessionText(HvxStatement statement)
     }
 }
 
-QString RowsText(const QString& table, const QString& filter)
-{
-    return QStringLiteral("SELECT id, name FROM %1 WHERE %2 AND id > ? ORDER BY id LIMIT ?")
-        .arg(table, filter);
-}
-
-QString PageText(const QString& table, const QString& filter)
-{
-    return QStringLiteral("SELECT taken, last_id, items,"
-                          " EXISTS (SELECT 1 FROM %1 WHERE %2 AND id > last_id)"
-                          " FROM (SELECT count(*) AS taken, max(id) AS last_id,"
-                          " string_agg(name || chr(9) || id, chr(9) ORDER BY id) AS items"
-                          " FROM (%3) AS listed) AS page")
-        .arg(table, filter, RowsText(table, filter));
-}
-
 QString ListText(HvxStatement statement)
 {
-    const QString connections = QStringLiteral("connection");
-    const QString nodes = QStringLiteral("node");
-    const QString all = QStringLiteral("true");
-    const QString ofBoth = OfConnection + QStringLiteral(" AND ") + OfType;
-    switch (statement) {
-    case HvxStatement::ConnectionList:
-        return PageText(connections, all);
-    case HvxStatement::ConnectionListOfName:
-        return PageText(connections, QStringLiteral("name_key = ?"));
-    case HvxStatement::NodeList:
-        return PageText(nodes, all);
-    case HvxStatement::NodeListOfConnection:
-        return PageText(nodes, OfConnection);
-    case HvxStatement::NodeListOfType:
-        return PageText(nodes, OfType);
-    case HvxStatement::NodeListOfConnectionAndType:
-        return PageText(nodes, ofBoth);
-    case HvxStatement::ConnectionListRows:
-        return RowsText(connections, all);
-    case HvxStatement::NodeListRows:
-        return RowsText(nodes, all);
-    case HvxStatement::NodeListOfTypeRows:
-        return RowsText(nodes, OfType);
-    case HvxStatement::NodeListOfConnectionAndTypeRows:
-        return RowsText(nodes, ofBoth);
-    default:
-        return {};
-    }
+    return ListStatementText(statement, OfType,
+                             QStringLiteral("string_agg(name || chr(9) || id, chr(9) ORDER BY id)"));
 }
 
 /// The fields of a node as the other engine's statement gives them.
