@@ -1,3 +1,4 @@
+#include "tests/components/ComponentTransactions.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QTest>
@@ -36,19 +37,6 @@ namespace {
 
 const QString North = QStringLiteral("North");
 const QString Alpha = QStringLiteral("Alpha");
-
-void Begin(HvxDatabase& component)
-{
-    qint32 started = 0;
-    component.BeginTransaction(started);
-    QCOMPARE(started, 1);
-}
-
-void Commit(HvxDatabase& component)
-{
-    qint32 started = 1;
-    component.CommitTransaction(started);
-}
 
 bool HasConnection(HvxDatabase& component, const QString& name)
 {

@@ -1,4 +1,5 @@
 #include "components/hvxdb/SqlFailure.h"
+#include "tests/components/ComponentTransactions.h"
 #include "tests/components/DatabaseFixture.h"
 #include "tests/support/PostgresServer.h"
 
@@ -42,18 +43,6 @@ namespace {
 const QString Dbs = QStringLiteral("dbs");
 const QString Alpha = QStringLiteral("Alpha");
 const QString Delta = QStringLiteral("Delta");
-
-void Begin(HvxDatabase& component)
-{
-    qint32 started = 0;
-    component.BeginTransaction(started);
-}
-
-void Commit(HvxDatabase& component)
-{
-    qint32 started = 1;
-    component.CommitTransaction(started);
-}
 
 quint32 BeginNumber(HvxDatabase& component)
 {

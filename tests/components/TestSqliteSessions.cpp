@@ -3,6 +3,7 @@
 #include "components/hvxdb/RecordWriter.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
+#include "tests/components/ComponentTransactions.h"
 #include "tests/components/DatabaseFixture.h"
 
 #include <QDir>
@@ -72,19 +73,6 @@ void MoveDatabase(const QString& from, const QString& to)
 {
     for (const char* ending : {"", "-wal", "-shm"})
         QFile::rename(from + QLatin1String(ending), to + QLatin1String(ending));
-}
-
-void Begin(HvxDatabase& component)
-{
-    qint32 started = 0;
-    component.BeginTransaction(started);
-    QCOMPARE(started, 1);
-}
-
-void Commit(HvxDatabase& component)
-{
-    qint32 started = 1;
-    component.CommitTransaction(started);
 }
 
 void BeginAndCommit(HvxDatabase& component)
