@@ -1,5 +1,4 @@
 #include "browser/BrowserState.h"
-#include "browser/IntervalTimer.h"
 #include "browser/StaleRecords.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
@@ -10,6 +9,7 @@
 #include "database/UnitOfWork.h"
 #include "model/ModelState.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/IntervalTimer.h"
 #include "platform/controls/TreeView.h"
 
 #include <QPointer>

@@ -4,8 +4,8 @@
 #include "browser/frmMngrInfo.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "dialogs/DialogState.h"
-#include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
+#include "platform/controls/ModalForm.h"
 #include "platform/controls/TreeView.h"
 
 #include <QPointer>

@@ -1,10 +1,10 @@
 #include "browser/BrowserState.h"
-#include "browser/IntervalTimer.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/PropertyBag.h"
+#include "platform/controls/IntervalTimer.h"
 
 // The persisted properties: their order, defaults and what setting them does.
 

@@ -1,5 +1,4 @@
 #include "browser/BrowserState.h"
-#include "browser/IntervalTimer.h"
 #include "browser/JournalRefresh.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
@@ -9,11 +8,12 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
-#include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/IntervalTimer.h"
+#include "platform/controls/ModalForm.h"
 
 #include <QLocale>
 #include <QPointer>

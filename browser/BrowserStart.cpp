@@ -1,6 +1,5 @@
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
-#include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/frmLoadProgress.h"
@@ -12,6 +11,7 @@
 #include "model/ModelState.h"
 #include "platform/HelpHook.h"
 #include "platform/MachineSeams.h"
+#include "platform/controls/IntervalTimer.h"
 
 #include <QCoreApplication>
 #include <QPointer>

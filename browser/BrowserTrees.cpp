@@ -1,5 +1,4 @@
 #include "browser/BrowserState.h"
-#include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/frmConNodesProgress.h"
@@ -7,10 +6,11 @@
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
-#include "dialogs/ModalForm.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
+#include "platform/controls/IntervalTimer.h"
+#include "platform/controls/ModalForm.h"
 
 #include <QPointer>
 

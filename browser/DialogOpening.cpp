@@ -1,8 +1,9 @@
 #include "browser/DialogOpening.h"
 
-#include "dialogs/ModalForm.h"
 #include "dialogs/frmDatabaseConProp.h"
 #include "dialogs/frmDatabaseNodeProp.h"
+#include "platform/controls/ModalForm.h"
+#include "scan/frmScan.h"
 
 namespace {
 
@@ -15,7 +16,9 @@ void ShowForm(ConData& con, QWidget* parent)
 } // namespace
 
 DialogOpening::DialogOpening()
-    : ConnectionProperties(ShowForm<frmDatabaseConProp>), NodeProperties(ShowForm<frmDatabaseNodeProp>)
+    : ConnectionProperties(ShowForm<frmDatabaseConProp>),
+      NodeProperties(ShowForm<frmDatabaseNodeProp>),
+      Scan(ShowForm<frmScan>)
 {}
 
 DialogOpening& Opening()

@@ -2,7 +2,6 @@
 
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
-#include "browser/IntervalTimer.h"
 #include "browser/LoadState.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
@@ -13,6 +12,8 @@
 #include "platform/ComponentError.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/IntervalTimer.h"
+#include "scan/network/ScanState.h"
 
 #include <QHideEvent>
 #include <QPointer>
@@ -184,6 +185,7 @@ void T4ZelkaBrowser::FreeObjects()
     Load().LoadTree = nullptr;
     Load().LoadParentNode = 0;
     Model().Database = nullptr;
+    CloseScan();
     // A host may call while one of the gateway's operations stands further down the stack.
     if (inUse && database.DbObject)
         database.DbObject.release()->deleteLater();

@@ -21,7 +21,7 @@ if(ZELKA_MOLD AND NOT ZELKA_SANITIZE)
   add_link_options(-fuse-ld=mold)
 endif()
 
-set(ZELKA_QT Core Sql Test)
+set(ZELKA_QT Core Network Sql Test)
 if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg)
 endif()
@@ -34,13 +34,16 @@ set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${test
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LIBPQ REQUIRED IMPORTED_TARGET libpq)
+pkg_check_modules(LIBTASN1 REQUIRED IMPORTED_TARGET libtasn1)
+find_program(ZELKA_ASN1PARSER asn1Parser REQUIRED)
 find_package(CLI11 REQUIRED)
 
 # One interface target for flags and include paths; warnings are errors.
 add_library(zelka_flags INTERFACE)
 target_include_directories(zelka_flags INTERFACE "${CMAKE_SOURCE_DIR}")
-target_compile_options(zelka_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor
-                                             -Woverloaded-virtual $<$<BOOL:${ZELKA_CCACHE}>:-fpch-preprocess>)
+target_compile_options(zelka_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow
+                                             $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Woverloaded-virtual>
+                                             $<$<BOOL:${ZELKA_CCACHE}>:-fpch-preprocess>)
 target_compile_definitions(
   zelka_flags INTERFACE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
                         QT_STRICT_ITERATORS ZELKA_VERSION="${PROJECT_VERSION}")

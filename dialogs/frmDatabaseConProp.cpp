@@ -4,7 +4,6 @@
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "dialogs/DialogState.h"
-#include "dialogs/ModalForm.h"
 #include "dialogs/frmWpProp.h"
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "model/ConData.h"
@@ -15,6 +14,7 @@
 #include "platform/HelpHook.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/ModalForm.h"
 
 #include <QPointer>
 #include <QShortcut>

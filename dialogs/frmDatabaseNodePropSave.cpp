@@ -1,7 +1,6 @@
 #include "database/NodeSave.h"
 #include "dialogs/GridEdit.h"
 #include "dialogs/GridEditors.h"
-#include "dialogs/ModalForm.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "dialogs/frmDatabaseNodeProp.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
@@ -9,6 +8,7 @@
 #include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/ModalForm.h"
 
 #include <QPointer>
 

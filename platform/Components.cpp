@@ -15,9 +15,15 @@ constexpr quint32 ClassNotRegistered = 0x80040154;
 constexpr quint32 CreationFailed = 0x80080005;
 const QString Source = QStringLiteral("CreateComponent");
 
+/// Factories by identifier in upper case.
+template <typename Component>
+using FactoryTable = QHash<QString, std::function<std::unique_ptr<Component>()>>;
+
 struct ComponentTable
 {
-    QHash<QString, HvxDatabaseFactory> factories;
+    FactoryTable<HvxDatabase> databases;
+    FactoryTable<SyncConnection> connections;
+    FactoryTable<HvxUtility> utilities;
     QStringList folders;
     bool foldersSet = false;
 };
@@ -50,7 +56,12 @@ bool ListsComponent(const QJsonObject& metaData, const QString& id)
     return false;
 }
 
-std::unique_ptr<HvxDatabase> CreateFromPlugin(const QString& file, const QString& id)
+template <typename Component>
+using PluginMethod = std::unique_ptr<Component> (ComponentPlugin::*)(const QString& id);
+
+template <typename Component>
+std::unique_ptr<Component> CreateFromPlugin(const QString& file, const QString& id,
+                                            PluginMethod<Component> create)
 {
     QPluginLoader loader(file);
     if (!ListsComponent(loader.metaData(), id))
@@ -58,17 +69,56 @@ std::unique_ptr<HvxDatabase> CreateFromPlugin(const QString& file, const QString
     auto* plugin = qobject_cast<ComponentPlugin*>(loader.instance());
     if (!plugin)
         throw ComponentError(CreationFailed, Source, loader.errorString());
-    return plugin->CreateDatabase(id);
+    return (plugin->*create)(id);
+}
+
+template <typename Component>
+void Register(FactoryTable<Component>& factories, const QString& id,
+              const std::function<std::unique_ptr<Component>()>& factory)
+{
+    if (factory)
+        factories.insert(id.toUpper(), factory);
+    else
+        factories.remove(id.toUpper());
+}
+
+template <typename Component>
+std::unique_ptr<Component> Create(const FactoryTable<Component>& factories, const QString& id,
+                                  PluginMethod<Component> create)
+{
+    if (const auto factory = factories.value(id.toUpper())) {
+        if (std::unique_ptr<Component> component = factory())
+            return component;
+        throw ComponentError(CreationFailed, Source,
+                             QStringLiteral("Component %1 cannot be created.").arg(id));
+    }
+    const QStringList folders = Folders();
+    for (const QString& folder : folders) {
+        const QStringList files = QDir(folder).entryList(QDir::Files, QDir::Name);
+        for (const QString& file : files) {
+            if (auto component = CreateFromPlugin<Component>(folder + u'/' + file, id, create))
+                return component;
+        }
+    }
+    throw ComponentError(ClassNotRegistered, Source,
+                         QStringLiteral("Component %1 is not registered.").arg(id));
 }
 
 } // namespace
 
 void RegisterComponent(const QString& id, const HvxDatabaseFactory& factory)
 {
-    if (factory)
-        Table().factories.insert(id.toUpper(), factory);
-    else
-        Table().factories.remove(id.toUpper());
+    Register(Table().databases, id, factory);
+}
+
+void RegisterSyncConnection(const QString& id, const SyncConnectionFactory& factory)
+{
+    Register(Table().connections, id, factory);
+}
+
+void RegisterHvxUtility(const QString& id, const HvxUtilityFactory& factory)
+{
+    Register(Table().utilities, id, factory);
 }
 
 void SetComponentFolders(const QStringList& folders)
@@ -79,20 +129,15 @@ void SetComponentFolders(const QStringList& folders)
 
 std::unique_ptr<HvxDatabase> CreateDatabaseComponent(const QString& id)
 {
-    if (const HvxDatabaseFactory factory = Table().factories.value(id.toUpper())) {
-        if (std::unique_ptr<HvxDatabase> component = factory())
-            return component;
-        throw ComponentError(CreationFailed, Source,
-                             QStringLiteral("Component %1 cannot be created.").arg(id));
-    }
-    const QStringList folders = Folders();
-    for (const QString& folder : folders) {
-        const QStringList files = QDir(folder).entryList(QDir::Files, QDir::Name);
-        for (const QString& file : files) {
-            if (std::unique_ptr<HvxDatabase> component = CreateFromPlugin(folder + u'/' + file, id))
-                return component;
-        }
-    }
-    throw ComponentError(ClassNotRegistered, Source,
-                         QStringLiteral("Component %1 is not registered.").arg(id));
+    return Create(Table().databases, id, &ComponentPlugin::CreateDatabase);
+}
+
+std::unique_ptr<SyncConnection> CreateSyncConnection(const QString& id)
+{
+    return Create(Table().connections, id, &ComponentPlugin::CreateConnection);
+}
+
+std::unique_ptr<HvxUtility> CreateHvxUtility(const QString& id)
+{
+    return Create(Table().utilities, id, &ComponentPlugin::CreateUtility);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/IntervalTimer.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/BrowserTestSupport.h"
 
 #include <QScopeGuard>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "browser/IntervalTimer.h"
 #include "browser/ProgressForm.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/CommandTexts.h"
 #include "tests/browser/ControlOnDatabase.h"
 #include "tests/components/StoredTrees.h"

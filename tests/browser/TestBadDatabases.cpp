@@ -1,4 +1,4 @@
-#include "browser/IntervalTimer.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/ControlOnDatabase.h"
 
 #include <QCryptographicHash>

@@ -1,6 +1,6 @@
-#include "browser/IntervalTimer.h"
 #include "browser/frmConNodesProgress.h"
 #include "browser/frmLoadProgress.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/BrowserTestSupport.h"
 
 #include <QEventLoop>

@@ -1,5 +1,5 @@
-#include "browser/IntervalTimer.h"
 #include "browser/T4ZelkaBrowser.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/BrowserTestSupport.h"
 #include "tests/support/RecordingPresenter.h"
 

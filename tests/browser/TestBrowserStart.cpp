@@ -1,6 +1,6 @@
 #include "browser/ConnectionPictures.h"
-#include "browser/IntervalTimer.h"
 #include "dialogs/DialogState.h"
+#include "platform/controls/IntervalTimer.h"
 #include "tests/browser/BrowserTestSupport.h"
 
 #include <QLabel>

@@ -1,5 +1,5 @@
 #include "browser/CaptionFrame.h"
-#include "browser/IntervalTimer.h"
+#include "platform/controls/IntervalTimer.h"
 #include "platform/controls/UpDown.h"
 
 #include <QLineEdit>

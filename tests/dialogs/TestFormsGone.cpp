@@ -1,4 +1,4 @@
-#include "dialogs/ModalForm.h"
+#include "platform/controls/ModalForm.h"
 #include "tests/dialogs/ConPropFixture.h"
 #include "tests/dialogs/NodePropFixture.h"
 

@@ -1,4 +1,4 @@
-#include "browser/IntervalTimer.h"
+#include "platform/controls/IntervalTimer.h"
 
 IntervalTimer::IntervalTimer(QObject* parent) : QObject(parent)
 {
