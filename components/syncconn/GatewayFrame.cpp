@@ -152,8 +152,9 @@ std::optional<qint64> NumberIn(QByteArrayView bytes)
 {
     if (bytes.isEmpty() || bytes.size() > 5)
         return std::nullopt;
-    auto number = static_cast<qint64>(static_cast<qint8>(bytes[0]));
-    for (const char byte : bytes.sliced(1))
+    constexpr uchar signBit = 0x80;
+    qint64 number = (static_cast<uchar>(bytes[0]) & signBit) != 0 ? -1 : 0;
+    for (const char byte : bytes)
         number = number * 256 + static_cast<uchar>(byte);
     return number;
 }

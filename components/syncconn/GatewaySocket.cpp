@@ -7,7 +7,7 @@
 namespace {
 
 /// Bytes that are kept when nobody reads them; a gateway that sends more has to wait.
-constexpr qint64 ReadBuffer = 4 * GatewayFrame::LargestFrame;
+constexpr qint64 ReadBuffer = qint64{4} * GatewayFrame::LargestFrame;
 
 bool IsAnswer(const GatewayFrame::Body& body)
 {
