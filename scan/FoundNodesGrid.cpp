@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -14,6 +16,8 @@ namespace {
 
 constexpr int TwipsPerInch = 1440;
 constexpr int NarrowColumnTwips = 1000;
+/// Around the text of a row, in pixels.
+constexpr int RowMargin = 6;
 
 const std::array<QString, FoundNodesGrid::ColumnCount> Headers{
     QStringLiteral("Address"), QStringLiteral("Type"), QStringLiteral("Identification")};
@@ -42,12 +46,21 @@ void FoundNodesGrid::InitFoundNodesGrid()
         SetTextMatrix(0, column, Headers[static_cast<std::size_t>(column)]);
         SetCellFont(0, column, true, false);
     }
-    // A large font may need more.
     const int narrow = qRound(double(NarrowColumnTwips) * logicalDpiX() / TwipsPerInch);
     for (const int column : {AddressColumn, TypeColumn})
-        setColumnWidth(column, std::max(narrow, horizontalHeader()->sectionSizeHint(column)));
+        setColumnWidth(column, std::max(narrow, HeaderWidth(column)));
     horizontalHeader()->setSectionResizeMode(IdentificationColumn, QHeaderView::Stretch);
+    SetRowHeights(fontMetrics().height() + RowMargin);
     verticalScrollBar()->setValue(0);
+}
+
+/// A large font needs more than the usual width.
+int FoundNodesGrid::HeaderWidth(int column) const
+{
+    QFont font = horizontalHeader()->font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(TextMatrix(0, column)) +
+           2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader());
 }
 
 // Rows --------------------------------------------------------------------------------------------------
@@ -69,7 +82,8 @@ bool FoundNodesGrid::FindNodeRow(qint16 address, qint16& row) const
     const QString searched = QString::number(address);
     row = 0;
     for (qint16 k = 1; k <= m_foundCount; ++k) {
-        const QString text = Trim(TextMatrix(k, AddressColumn));
+        const QString cell = TextMatrix(k, AddressColumn);
+        const QStringView text = TrimBlanks(cell);
         if (text == searched) {
             row = k;
             return true;

@@ -50,6 +50,7 @@ protected:
 
 private:
     void AddNodeRow(qint16 address, const QString& type, const QString& identification);
+    [[nodiscard]] int HeaderWidth(int column) const;
     /// By address, texts and marks together.
     void SortFoundRows();
     /// Row 0: the header.

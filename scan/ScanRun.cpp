@@ -15,6 +15,8 @@ void ScanRun::Release()
 
 void ScanRun::Close()
 {
+    // Both outlive the closing, which lets events run.
+    const std::shared_ptr<HvxUtility> kept = utility;
     const std::shared_ptr<SyncConnection> closing = connection;
     Release();
     if (closing)

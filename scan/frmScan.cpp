@@ -68,7 +68,7 @@ void frmScan::Connect()
     };
     connect(m_ui->txtAddrBegin, &QLineEdit::textChanged, this, &frmScan::txtAddrBegin_Change);
     connect(m_ui->txtAddrEnd, &QLineEdit::textChanged, this, &frmScan::txtAddrEnd_Change);
-    connect(m_ui->txtBus, &QLineEdit::textChanged, this, guarded(&frmScan::txtBus_Change));
+    connect(m_ui->txtBus, &QLineEdit::textChanged, this, &frmScan::txtBus_Change);
     connect(m_ui->cmdScanBus, &QPushButton::clicked, this, guarded(&frmScan::cmdScanBus_Click));
     connect(m_ui->cmdStartStop, &QPushButton::clicked, this, &frmScan::cmdStartStop_Click);
     connect(m_ui->grdFoundNodes, &FoundNodesGrid::NodeClick, this, &frmScan::grdFoundNodes_Click);
@@ -218,8 +218,10 @@ void frmScan::reject()
 
 void frmScan::done(int result)
 {
+    const QPointer<frmScan> alive(this);
     Form_Unload();
-    QDialog::done(result);
+    if (alive)
+        QDialog::done(result);
 }
 
 void frmScan::Form_Unload()

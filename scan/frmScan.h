@@ -70,6 +70,11 @@ private:
     /// False also where the connection's data are damaged.
     [[nodiscard]] bool GetBusNumber(QString& value) const;
     void txtBus_Change();
+    /// False: one of the connections takes no bus.
+    [[nodiscard]] bool SetBus(const QString& text);
+    /// A box under which the host may destroy the form must not stand inside a signal of the text box, which
+    /// goes on afterwards.
+    void TellLater(const QString& text, int flags = 0, const QString& title = QString());
     void cmdScanBus_Click();
 
     // Start (frmScanStart.cpp) ------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "model/ConData.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
+#include "platform/ComponentError.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/ModalForm.h"
@@ -58,36 +59,46 @@ void frmScan::txtBus_Change()
     if (!m_busEditArmed)
         return;
     QString text = Trim(m_ui->txtBus->text());
-    qint32 bus = ValInt(text);
-    if (bus > HighestBus) {
-        bus = HighestBus;
-        text = QString::number(bus);
+    if (ValInt(text) > HighestBus) {
+        text = QString::number(HighestBus);
         {
             const QSignalBlocker once(m_ui->txtBus);
             m_ui->txtBus->setText(text);
         }
         m_ui->txtBus->setFocus();
-        const QPointer<frmScan> alive(this);
-        MsgBox(ScanTexts::LargestBus + text + u'.');
-        if (!alive)
-            return;
+        TellLater(ScanTexts::LargestBus + text + u'.');
     }
-    if (!m_direct.SetWpParamByName(BusNumber, QString::number(bus))) {
-        MsgBox(ScanTexts::BusNotSet);
-        return;
+    try {
+        if (!SetBus(text))
+            TellLater(ScanTexts::BusNotSet);
+    } catch (const std::exception& error) {
+        TellLater(DescriptionOf(error), ErrorBoxFlags(), ErrorBoxTitle());
     }
+}
+
+bool frmScan::SetBus(const QString& text)
+{
+    const qint32 bus = ValInt(text);
+    if (!m_direct.SetWpParamByName(BusNumber, QString::number(bus)))
+        return false;
     ConData* const newDirect = Model().NewDirectObject.get();
     if (!newDirect)
-        return;
+        return true;
     if (bus == m_busAtOpen) {
         if (!m_newDirectNamed)
             newDirect->ConName.clear();
-        return;
+        return true;
     }
-    if (newDirect->SetWpParamByName(BusNumber, text))
-        newDirect->ConName = m_direct.ConName;
-    else
-        MsgBox(ScanTexts::BusNotSet);
+    if (!newDirect->SetWpParamByName(BusNumber, text))
+        return false;
+    newDirect->ConName = m_direct.ConName;
+    return true;
+}
+
+void frmScan::TellLater(const QString& text, int flags, const QString& title)
+{
+    QMetaObject::invokeMethod(
+        this, [text, flags, title] { MsgBox(text, flags, title); }, Qt::QueuedConnection);
 }
 
 void frmScan::cmdScanBus_Click()

@@ -14,6 +14,7 @@
 #include "scan/ui_frmScan.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -222,10 +223,10 @@ void frmScan::FailStart(const std::shared_ptr<ScanRun>& run, const std::exceptio
         return;
     EndRun();
     ShowFailedStart();
+    const auto closing = qScopeGuard([&run] { run->CloseQuietly(); });
     // From here on the window may be gone, or used for another scan.
     if (const std::shared_ptr<SyncConnection> connection = run->connection)
         ReportComponentError(ScanTexts::NotOpened, *connection);
     else
         ErrorBox(ScanTexts::NotOpened + ScanTexts::LineBreak + DescriptionWithNumber(error));
-    run->CloseQuietly();
 }
