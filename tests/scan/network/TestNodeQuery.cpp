@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <new>
+
 namespace {
 
 /// Two components, and what one query of them gave.
@@ -93,6 +95,19 @@ private Q_SLOTS:
         QVERIFY(query.Run());
         QCOMPARE(query.Identification, "name");
         QCOMPARE(query.Type, QString());
+    }
+
+    void Query_OtherError_IsNotCaught()
+    {
+        ScriptedNetwork network;
+        network.OnSend = [](const QString&, const QString&) -> QString { throw std::bad_alloc(); };
+        const auto connection = CreateSyncConnection(T4SyncConnId);
+        const auto utility = CreateHvxUtility(HvxUtilityId);
+        QString type;
+        QString identification;
+
+        QVERIFY_EXCEPTION_THROWN((void)QueryNode(*connection, *utility, "T", type, identification),
+                                 std::bad_alloc);
     }
 };
 
