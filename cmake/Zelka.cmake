@@ -30,6 +30,10 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
 get_target_property(test_definitions Qt6::Test INTERFACE_COMPILE_DEFINITIONS)
 list(FILTER test_definitions EXCLUDE REGEX "QT_TESTCASE_(BUILD|SOURCE)DIR")
 set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${test_definitions}")
+# So would this one, which only QtTest's headers ask for.
+get_target_property(network_definitions Qt6::Network INTERFACE_COMPILE_DEFINITIONS)
+list(REMOVE_ITEM network_definitions QT_NETWORK_LIB)
+set_target_properties(Qt6::Network PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${network_definitions}")
 
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)

@@ -1,8 +1,8 @@
 #include "components/hvxdb/Definitions.h"
 
+#include "components/TargetText.h"
 #include "components/hvxdb/DefinitionsList.h"
 #include "components/hvxdb/TargetRewriter.h"
-#include "components/hvxdb/TargetText.h"
 #include "platform/ComponentError.h"
 #include "platform/HvxDatabase.h"
 

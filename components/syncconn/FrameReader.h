@@ -2,7 +2,8 @@
 
 #include <QByteArray>
 
-/// Cuts a stream of bytes, which may come in pieces of any size, into frames.
+/// Cuts a stream of bytes, which may come in pieces of any size, into frames: BER elements with the tag of a
+/// SEQUENCE and a definite length (ITU-T X.690, 8.1). What the frame holds is not looked at.
 class FrameReader
 {
 public:
@@ -18,13 +19,19 @@ public:
         Oversized,
     };
 
-    void Append(const QByteArray& bytes) { m_buffer.append(bytes); }
-    /// Takes the next frame. Behind Malformed and Oversized every further call gives the same again.
+    /// Adds what came. Bytes behind a lost stream are dropped, so that nothing grows.
+    void Append(const QByteArray& bytes);
+    /// Takes the next frame; `frame` stays as it was unless Frame. Behind Malformed and Oversized every
+    /// further call gives the same again, until Clear.
     [[nodiscard]] Result Next(QByteArray& frame);
     /// Bytes that are not part of a taken frame are held.
-    [[nodiscard]] bool HasRest() const { return !m_buffer.isEmpty(); }
-    void Clear() { m_buffer.clear(); }
+    [[nodiscard]] bool HasRest() const { return m_taken < m_buffer.size(); }
+    void Clear();
 
 private:
     QByteArray m_buffer;
+    /// Bytes at the start of the buffer that taken frames held; removed many at a time.
+    qsizetype m_taken = 0;
+    /// Malformed or Oversized once the stream is lost.
+    Result m_lost = Result::Incomplete;
 };

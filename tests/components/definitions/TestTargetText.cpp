@@ -1,4 +1,4 @@
-#include "components/hvxdb/TargetText.h"
+#include "components/TargetText.h"
 
 #include <QtTest>
 
