@@ -1,8 +1,10 @@
-# make run | test | lint | bench | asan | pictures
+# make run | test | lint | bench | asan | fuzz | pictures
 JOBS ?= $(shell nproc)
+# How long each of the programs that try any input runs.
+FUZZ_SECONDS ?= 60
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan pictures deps clean
+.PHONY: run test lint bench asan fuzz pictures deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -30,6 +32,12 @@ asan: deps
 	cmake --preset asan >/dev/null
 	cmake --build build/asan -j $(JOBS)
 	ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+
+fuzz: deps
+	@packaging/install-build-deps packaging/debian-packages-fuzz.txt
+	cmake --preset fuzz >/dev/null
+	cmake --build build/fuzz -j $(JOBS) --target zelka_fuzz
+	packaging/fuzz build/fuzz $(FUZZ_SECONDS)
 
 pictures: deps
 	cmake --preset release >/dev/null

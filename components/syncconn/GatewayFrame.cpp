@@ -183,7 +183,8 @@ public:
 
     [[nodiscard]] Body ReadBody()
     {
-        const QByteArray chosen = Value("body").split('\0').value(0);
+        // The library counts the zero at the end of the name.
+        const QByteArray chosen(Value("body").constData());
         if (chosen == "open")
             return Open{Text("body.open.target")};
         if (chosen == "opened")
