@@ -10,11 +10,21 @@ const QString Kilo = QStringLiteral("Kilo");
 const QString KiloTarget =
     QStringLiteral("WP=KD7,BUSID=12,SLOT=0,TIME=2000,RETRY=2,WP=OPT,PR=T4DT,DT=TEXT,VERIFY=YES");
 
-/// The bus dialog on the connections Alpha (T4 Bus) and Kilo (KD7) of a served network with three buses.
+const QString Sierra = QStringLiteral("Sierra");
+const QString SierraTarget = QStringLiteral(
+    "WP=SOCKET,IP=127.0.0.1,PORT=%1,TIME=2000,RETRY=2,WP=BUST4,ID=12,SPEED=9600,TIME=2000,RETRY=2,"
+    "WP=OPT,PR=T4DT,DT=TEXT,VERIFY=YES");
+
+/// The bus dialog on the connections Alpha (T4 Bus), Kilo (KD7) and Sierra (T4 Bus over TCP/IP) of a served
+/// network with three buses.
 class NetworkBuses : public ScanFormFixture
 {
 public:
-    NetworkBuses() : Served(ThreeBuses()) { Component.Store.AddConnection(Kilo, KiloTarget); }
+    NetworkBuses() : Served(ThreeBuses())
+    {
+        Component.Store.AddConnection(Kilo, KiloTarget);
+        Component.Store.AddConnection(Sierra, SierraTarget.arg(Served.Server->Port()));
+    }
     ~NetworkBuses() { Dialog.reset(); }
     NetworkBuses(const NetworkBuses&) = delete;
     NetworkBuses& operator=(const NetworkBuses&) = delete;
@@ -69,6 +79,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("connection");
         QTest::newRow("bus connection: the gateway itself tells") << QStringLiteral("Alpha");
         QTest::newRow("KD7: its broadcast bus tells") << Kilo;
+        QTest::newRow("over a gateway of its own") << Sierra;
     }
     void ShowList_EitherFamily_OffersTheBusesOfTheFarEnd()
     {
@@ -156,7 +167,8 @@ private Q_SLOTS:
             buses.Served.Disturb(WireFault::Kind::Freeze, 2);
         else
             buses.Served.Server->Freeze();
-        buses.ShowBuses(QStringLiteral("Alpha"), 100);
+        // Of its timing, the question for the buses has only that of the way to the gateway.
+        buses.ShowBuses(Sierra, 100);
         QCOMPARE(buses.Operator.Boxes.size(), 1U);
         const QString text = buses.Operator.Boxes[0].text;
         QVERIFY2(text.endsWith(codes), qPrintable(text));

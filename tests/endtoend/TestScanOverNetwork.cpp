@@ -99,6 +99,7 @@ private Q_SLOTS:
         scan.Step(4);
         QCOMPARE(scan.Rows(), QStringList({"1|T1|Node 1", "2|T2|Node 2*", "3|T3|Node 3", "4|T4|Node 4*"}));
         scan.Served.Network.FindNode(254, 4)->behaviour.silent = false;
+        scan.Step(4);
         scan.Repeat(false);
         scan.WalkToTheEnd();
         QCOMPARE(scan.Rows(), QStringList({"1|T1|Node 1", "2|T2|Node 2*", "3|T3|Node 3", "4|T4|Node 4"}));
