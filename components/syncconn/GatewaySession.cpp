@@ -56,6 +56,12 @@ void GatewaySession::Open(const QString& target)
              QStringLiteral("The target cannot be used. %1.").arg(m_target.Mistake()));
     FindGateway();
     const QScopedValueRollback<bool> busy(m_busy, true);
+    OpenAnew(target);
+    m_opened = target;
+}
+
+void GatewaySession::OpenAnew(const QString& target)
+{
     Connect();
     OpenPath(target);
     m_open = true;
@@ -64,7 +70,7 @@ void GatewaySession::Open(const QString& target)
 QString GatewaySession::Send(const QString& target, const QString& request)
 {
     FailIfBusy();
-    if (!m_open)
+    if (!m_open && !m_opened)
         Fail(Major::Usage, Minor::NotOpen, QStringLiteral("The connection is not open."));
     TargetReader own;
     if (!own.Read(target))
@@ -75,6 +81,11 @@ QString GatewaySession::Send(const QString& target, const QString& request)
         Fail(Major::Usage, Minor::BadText, QStringLiteral("The request holds a character that is no byte."));
 
     const QScopedValueRollback<bool> busy(m_busy, true);
+    if (!m_open || !m_socket.IsStillConnected()) {
+        Drop();
+        // A copy: Close may come while it waits.
+        OpenAnew(QString(*m_opened));
+    }
     GatewayFrame::Request body{target, 0, *data};
     const QByteArray reply = Exchange(own, body);
     const bool hex = (target.isEmpty() ? m_target : own).WantsHex();
@@ -82,6 +93,12 @@ QString GatewaySession::Send(const QString& target, const QString& request)
 }
 
 void GatewaySession::Close()
+{
+    m_opened.reset();
+    Drop();
+}
+
+void GatewaySession::Drop()
 {
     m_open = false;
     m_socket.Close();
@@ -147,7 +164,7 @@ void GatewaySession::OpenPath(const QString& target)
     if (event != Event::Answer)
         FailByEvent(event);
     if (const auto* failure = std::get_if<GatewayFrame::Failure>(&answer.body)) {
-        Close();
+        Drop();
         FailRefused(*failure);
     }
     if (!std::holds_alternative<GatewayFrame::Opened>(answer.body))
@@ -207,7 +224,7 @@ void GatewaySession::Fail(qint32 major, qint32 minor, const QString& text)
 
 void GatewaySession::FailAndClose(qint32 major, qint32 minor, const QString& text)
 {
-    Close();
+    Drop();
     Fail(major, minor, text);
 }
 

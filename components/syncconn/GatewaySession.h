@@ -9,6 +9,7 @@
 
 /// A path through a gateway: opens it, carries one request at a time over it, and keeps the last failure.
 ///
+/// A path that got lost is opened again by the next request.
 /// Open and Send let events run while they wait. Whoever handles one may call any method: Close ends the
 /// wait, Open and Send fail as busy. Must not be destroyed during a wait.
 class GatewaySession
@@ -29,6 +30,8 @@ private:
     using Event = GatewaySocket::Event;
 
     void FindGateway();
+    /// Opens the path of m_target.
+    void OpenAnew(const QString& target);
     void Connect();
     void OpenPath(const QString& target);
     [[nodiscard]] QByteArray Exchange(const TargetReader& own, GatewayFrame::Request& request);
@@ -37,7 +40,9 @@ private:
     void FailIfBusy();
     /// Records the failure and raises it.
     [[noreturn]] void Fail(qint32 major, qint32 minor, const QString& text);
-    /// The same behind a closing: the stream is of no use any more.
+    /// Lets go of the stream; Close was not called.
+    void Drop();
+    /// Drops and fails: the stream is of no use any more.
     [[noreturn]] void FailAndClose(qint32 major, qint32 minor, const QString& text);
     [[noreturn]] void FailByEvent(Event event);
     [[noreturn]] void FailLost();
@@ -47,6 +52,8 @@ private:
     GatewayAddress m_gateway;
     /// Of Open.
     TargetReader m_target;
+    /// The target that was opened and not closed since; its path may have got lost.
+    std::optional<QString> m_opened;
     bool m_open = false;
     bool m_busy = false;
     qint32 m_exchange = 0;

@@ -62,6 +62,13 @@ bool GatewaySocket::IsConnected() const
     return m_socket.state() == QAbstractSocket::ConnectedState;
 }
 
+bool GatewaySocket::IsStillConnected()
+{
+    if (IsConnected())
+        (void)m_socket.waitForReadyRead(0);
+    return IsConnected();
+}
+
 void GatewaySocket::Write(const QByteArray& bytes)
 {
     if (IsConnected())

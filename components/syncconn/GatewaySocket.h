@@ -44,6 +44,8 @@ public:
     void Close();
 
     [[nodiscard]] bool IsConnected() const;
+    /// The same behind a look at what came while nobody waited. Runs no events.
+    [[nodiscard]] bool IsStillConnected();
     /// Hands bytes over for sending; nothing goes out on a lost connection.
     void Write(const QByteArray& bytes);
     /// Bytes were handed over that the network has not taken yet.
