@@ -1,0 +1,8 @@
+#pragma once
+
+class QComboBox;
+class QStringListModel;
+
+/// Gives a list that can hold a million names: nothing of it is measured before it is seen. The list shows
+/// `names`, which must outlive it or be its child.
+void PrepareLongList(QComboBox& combo, QStringListModel& names);
