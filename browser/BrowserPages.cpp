@@ -45,6 +45,8 @@ void T4ZelkaBrowser::tabMain_Click(int)
     if (tabMain.currentIndex() != DatabasePage) {
         const QPointer<T4ZelkaBrowser> alive(this);
         m_direct->LoadDirectConNames(true);
+        if (!alive)
+            return;
         SetTabStops(DatabasePage, false);
         SetTabStops(DirectPage, true);
         m_direct->ShowPage();

@@ -11,6 +11,7 @@
 #include "database/UnitOfWork.h"
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
+#include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
 
 #include <QPointer>
@@ -34,7 +35,7 @@ DirectTab::DirectTab(Ui::T4ZelkaBrowser& ui, TreeEntries& conTree, Control contr
     ClearConNames(*m_ui.cboDirectConName);
     ShowDirectPicture(NoConType);
     connect(m_ui.cboDirectConName, &QComboBox::activated, this,
-            [this] { m_control.guarded([this] { cboDirectConName_Click(); }); });
+            [this] { m_control.guarded([this] { cboDirectConName_Click(false); }); });
 }
 
 void DirectTab::DirectNodeSetTargetText()
@@ -59,44 +60,41 @@ bool DirectTab::IsNewConnection(const QString& name)
     return !name.isEmpty() && name == NewConnectionName();
 }
 
-bool DirectTab::IsHeld(const QString& name)
+bool DirectTab::IsHeld(const QString& name, const QString& databaseId)
 {
-    StaleRecord stale;
-    const ConData& direct = *Model().DirectObject;
-    return !IsNewConnection(name) && direct.ConName == name && direct.ConDbID > 0 &&
-           CheckConName(name, direct.ConDbID, stale);
+    const ConData* const direct = Model().DirectObject.get();
+    return direct && direct->ConName == name && direct->ConDbID > 0 && ValInt(databaseId) == direct->ConDbID;
 }
 
-bool DirectTab::cboDirectConName_Click()
+bool DirectTab::cboDirectConName_Click(bool keepsHeld)
 {
-    if (!Model().DirectObject)
-        return false;
     const BusyScope busy;
     const QPointer<DirectTab> alive(this);
     const QString name = m_ui.cboDirectConName->currentText();
-    if (IsNewConnection(name)) {
-        TakeNewConnection();
-        return true;
-    }
-    const bool taken = TakeStoredConnection(name);
+    const bool taken =
+        IsNewConnection(name) ? TakeNewConnection(name) : TakeStoredConnection(name, keepsHeld);
     // The list must not name one connection while another is worked with.
     if (alive && !taken)
         ShowHeldName();
     return taken;
 }
 
-void DirectTab::TakeNewConnection()
+bool DirectTab::TakeNewConnection(const QString& name)
 {
-    ConData& direct = *Model().DirectObject;
+    const QPointer<DirectTab> alive(this);
     QString longName;
-    if (!Gateway().GetConTypeLongNameDb(Model().NewDirectObject->ConTypeName, longName))
+    if (!Gateway().GetConTypeLongNameDb(QString(Model().NewDirectObject->ConTypeName), longName))
         longName.clear();
+    if (!alive || !Model().DirectObject || !IsNewConnection(name))
+        return false;
+    ConData& direct = *Model().DirectObject;
     direct.Copy(*Model().NewDirectObject);
     direct.ConDbID = 0;
     ShowTaken(longName, direct.ConTypeID);
+    return true;
 }
 
-bool DirectTab::TakeStoredConnection(const QString& name)
+bool DirectTab::TakeStoredConnection(const QString& name, bool keepsHeld)
 {
     const QPointer<DirectTab> alive(this);
     // Taken over when it is whole.
@@ -104,19 +102,23 @@ bool DirectTab::TakeStoredConnection(const QString& name)
     int type = ConData::UnknownTypeId;
     QString longName;
     bool isGone = false;
+    bool isHeld = false;
     const bool done = UnitOfWork({&m_conTree}).Run([&](UnitOfWork& unit) {
         unit.Begin();
         QString id;
         isGone = !Gateway().GetParentIDDb(name, id);
         if (isGone)
             UnitOfWork::GiveUp();
+        isHeld = keepsHeld && IsHeld(name, id);
         QString typeName;
-        type = GetConPicture(name, typeName);
-        if (!Gateway().GetConTypeLongNameDb(typeName, longName))
-            longName.clear();
-        if (!loaded.SetParentConData(name, true)) {
-            ErrorBox(QStringLiteral("Failure to set connection data."));
-            UnitOfWork::GiveUp();
+        if (!isHeld) {
+            type = GetConPicture(name, typeName);
+            if (!Gateway().GetConTypeLongNameDb(typeName, longName))
+                longName.clear();
+            if (!loaded.SetParentConData(name, true)) {
+                ErrorBox(QStringLiteral("Failure to set connection data."));
+                UnitOfWork::GiveUp();
+            }
         }
         unit.Commit();
     });
@@ -124,6 +126,8 @@ bool DirectTab::TakeStoredConnection(const QString& name)
         LoadDirectConNames(false);
     if (!alive || !done || !Model().DirectObject)
         return false;
+    if (isHeld)
+        return true;
     Model().DirectObject->Clear();
     Model().DirectObject->Copy(loaded);
     ShowTaken(longName, type);
@@ -154,11 +158,14 @@ void DirectTab::ShowDirectPicture(int type)
 
 void DirectTab::LoadDirectConNames(bool fillTree)
 {
+    const BusyScope busy;
     const BusyPointer pointer;
+    const QPointer<DirectTab> alive(this);
     QComboBox& list = *m_ui.cboDirectConName;
     ClearConNames(list);
-    if (!LoadConNames(list, fillTree ? &m_conTree : nullptr))
-        ClearConNames(list);
+    (void)LoadConNames(list, fillTree ? &m_conTree : nullptr);
+    if (!alive)
+        return;
     const QString newName = NewConnectionName();
     if (!newName.isEmpty() && FindConName(list, newName) < 0)
         AddConName(list, newName);
@@ -173,8 +180,8 @@ void DirectTab::SelectListed(const QString& name, bool keepsHeld)
 {
     QComboBox& list = *m_ui.cboDirectConName;
     list.setCurrentIndex(FindConName(list, name));
-    if (list.currentIndex() >= 0 && !(keepsHeld && IsHeld(list.currentText())))
-        (void)cboDirectConName_Click();
+    if (list.currentIndex() >= 0)
+        (void)cboDirectConName_Click(keepsHeld);
 }
 
 void DirectTab::ShowHeldName()
@@ -198,8 +205,11 @@ void DirectTab::SelectDirectCon(const QString& name, bool keepsHeld)
         OfferScan();
     const QString newName = NewConnectionName();
     SelectListed(newName.isEmpty() ? name : newName, keepsHeld);
-    if (alive && Model().DirectObject)
-        ShowDirectPicture(Model().DirectObject->ConTypeID);
+    if (!alive || !Model().DirectObject)
+        return;
+    // While none has been chosen there is no type either.
+    const ConData& direct = *Model().DirectObject;
+    ShowDirectPicture(direct.ConName.isEmpty() ? NoConType : direct.ConTypeID);
 }
 
 void DirectTab::ShowPage()
@@ -226,7 +236,7 @@ void DirectTab::ShowPage()
 bool DirectTab::ChooseForScan(int position)
 {
     m_ui.cboDirectConName->setCurrentIndex(position);
-    if (!cboDirectConName_Click())
+    if (!cboDirectConName_Click(false))
         return false;
     m_nodePages.ClearNet4();
     DirectNodeSetTargetText();
@@ -251,8 +261,11 @@ void DirectTab::TakeScanResult(const QString& nameBefore)
         direct.SelectPressed = false;
         RenewTarget();
     }
+    const QPointer<DirectTab> alive(this);
     const QString name = direct.ConName;
     LoadDirectConNames(false);
+    if (!alive)
+        return;
     // An address belongs to the bus that it was found on, which may not be the stored one.
     if (name == nameBefore)
         SelectDirectCon(name, addressTaken);

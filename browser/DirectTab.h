@@ -57,19 +57,19 @@ public:
     void TakeScanResult(const QString& nameBefore);
 
 private:
-    /// False: DirectObject is as it was and the operator has been told, or the control is gone.
-    bool cboDirectConName_Click();
+    /// `keepsHeld`: DirectObject stays as it is where it is the chosen connection already. False: it is as it
+    /// was and the operator has been told, or the control is gone.
+    bool cboDirectConName_Click(bool keepsHeld);
 
-    void TakeNewConnection();
-    bool TakeStoredConnection(const QString& name);
+    bool TakeNewConnection(const QString& name);
+    bool TakeStoredConnection(const QString& name, bool keepsHeld);
     void ShowTaken(const QString& typeLongName, int type);
     /// The name chosen in the list is that of the new connection.
     [[nodiscard]] static bool IsNewConnection(const QString& name);
     /// DirectObject is that connection as the database holds it, apart from what a scan has set in it.
-    [[nodiscard]] static bool IsHeld(const QString& name);
+    [[nodiscard]] static bool IsHeld(const QString& name, const QString& databaseId);
 
-    /// Chooses a connection, if it is listed, and takes it; with `keepsHeld` only where DirectObject is not
-    /// that already.
+    /// Chooses a connection, if it is listed, and takes it.
     void SelectListed(const QString& name, bool keepsHeld);
     /// The list shows the name of what DirectObject is, or nothing.
     void ShowHeldName();

@@ -145,6 +145,15 @@ public:
         }
     }
 
+    /// The outermost commits fail from now on.
+    void FailOuterCommit()
+    {
+        Component.BeforeCall = [this](const QString& call) {
+            if (call.startsWith(QLatin1String("CommitTransaction")) && Component.Store.Levels() == 1)
+                Component.FailTimes(QStringLiteral("CommitTransaction"), 1);
+        };
+    }
+
     template <typename Widget>
     Widget& Find(const char* name) const
     {
