@@ -79,6 +79,7 @@ private Q_SLOTS:
     void NewConnection_TypeUnknown_ShowsNoType();
 
     void Names_AnyCase_AreFoundAndBlankOnesAreNot();
+    void Names_Thousands_OpenAShortList();
 };
 
 void TestDirectConnections::Visit_First_ListsTheConnectionsAndFillsTheTree()
@@ -424,6 +425,22 @@ void TestDirectConnections::Names_AnyCase_AreFoundAndBlankOnesAreNot()
     QCOMPARE(FindConName(combo, QStringLiteral("  ")), -1);
     QCOMPARE(FindConName(combo, QString()), -1);
     QCOMPARE(FindConName(combo, QStringLiteral("alp")), -1);
+}
+
+void TestDirectConnections::Names_Thousands_OpenAShortList()
+{
+    DirectFixture f;
+    QStringList rows;
+    for (int number = 0; number < 5000; ++number)
+        rows << QStringLiteral("Connection %1").arg(number) << QString::number(number + 10);
+    f.Component.Answer(QStringLiteral("QueryParentsWithID"), {rows.join(QLatin1Char('\t'))});
+    f.VisitAgain();
+    QCOMPARE(f.List().count(), 5000);
+    f.List().showPopup();
+    QAbstractItemView& view = *f.List().view();
+    QVERIFY(view.isVisible());
+    QVERIFY(view.height() < 25 * view.sizeHintForRow(0));
+    f.List().hidePopup();
 }
 
 QTEST_MAIN(TestDirectConnections)
