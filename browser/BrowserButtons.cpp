@@ -1,3 +1,4 @@
+#include "browser/ConnectionTypes.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
@@ -16,8 +17,6 @@ namespace {
 constexpr int KeyReturn = 13;
 constexpr int KeyDelete = 46;
 constexpr int KeyF1 = 112;
-
-constexpr int SnmpTypeId = 15;
 
 int KeyCode(int key)
 {
@@ -204,13 +203,6 @@ void T4ZelkaBrowser::EnableByRights()
         return;
     m_ui->cmdDatabaseAdd->setEnabled(false);
     m_ui->cmdDatabaseRemove->setEnabled(false);
-}
-
-bool T4ZelkaBrowser::IsSnmpConnection(const QString& name)
-{
-    QString typeName;
-    const int type = GetConTypeOfParent(name, typeName);
-    return type == SnmpTypeId || ConTypeHasWord(typeName, u"SNMP");
 }
 
 // Keys ------------------------------------------------------------------------------------------------------

@@ -1,4 +1,5 @@
 #include "browser/BrowserState.h"
+#include "browser/HandedTrees.h"
 #include "browser/StaleRecords.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
@@ -91,14 +92,7 @@ bool T4ZelkaBrowser::ShowDialog(const DialogOpening::Opener& dialog)
         ConData& con = *Model().ConObject;
         con.SelectedTreeNodeIndex = SelectedEntry(ShownView());
         con.ViewNodesChecked = m_ui->chkViewNodes->isChecked();
-        con.ConTree = m_conTree;
-        con.NodesTree = m_nodesTree;
-        const auto takeTreesBack = qScopeGuard([] {
-            if (!Model().ConObject)
-                return;
-            Model().ConObject->ConTree = nullptr;
-            Model().ConObject->NodesTree = nullptr;
-        });
+        const HandedTrees handed(m_conTree, m_nodesTree);
         dialog(con, this);
         if (alive)
             cmdRefresh_Click();

@@ -1,19 +1,19 @@
 #include "browser/BrowserState.h"
-#include "browser/ConnectionPictures.h"
+#include "browser/ConnectionTypes.h"
+#include "browser/DirectLabels.h"
+#include "browser/DirectTab.h"
 #include "browser/T4ZelkaBrowser.h"
+#include "browser/TabStops.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
-#include "database/Gateway.h"
 #include "database/ReadBracket.h"
-#include "model/ItemList.h"
-#include "model/ModelState.h"
-#include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 
-// The two pages of the control, what keys do on them, and the labels of the direct one.
+// The two pages of the control and what keys do on them.
 
 namespace {
 
@@ -29,13 +29,6 @@ constexpr int ShiftDown = 1;
 const QString DatabaseTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DatabaseTab1");
 const QString DirectTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DirectTab1");
 
-void SetTabStop(QWidget* widget, bool flag)
-{
-    const int policy = widget->focusPolicy();
-    widget->setFocusPolicy(
-        static_cast<Qt::FocusPolicy>(flag ? policy | Qt::TabFocus : policy & ~Qt::TabFocus));
-}
-
 } // namespace
 
 void T4ZelkaBrowser::tabMain_Click(int)
@@ -50,12 +43,15 @@ void T4ZelkaBrowser::tabMain_Click(int)
         return;
     }
     if (tabMain.currentIndex() != DatabasePage) {
+        const QPointer<T4ZelkaBrowser> alive(this);
+        m_direct->LoadDirectConNames(true);
+        if (!alive)
+            return;
         SetTabStops(DatabasePage, false);
         SetTabStops(DirectPage, true);
-        // No connection can be chosen, so there is none to scan.
-        if (m_ui->cboDirectConName->count() == 0)
-            m_ui->cmdScan->setEnabled(false);
-        Refresh();
+        m_direct->ShowPage();
+        if (alive)
+            Refresh();
     } else if (Database().DatabaseOpen) {
         RestoreViewSelection();
         Refresh();
@@ -80,7 +76,7 @@ void T4ZelkaBrowser::SetTabStops(int page, bool flag)
         ui.txtTimeOut,       ui.cmdScan,          ui.txtUserName,      ui.txtPassword,
         ui.txtPath,          ui.txtTimeMML,       ui.txtRetryMML,      ui.tabNode->tabBar()};
     for (QWidget* widget : page == DatabasePage ? database : direct)
-        SetTabStop(widget, flag);
+        SetTabStop(*widget, flag);
 }
 
 // Keys ------------------------------------------------------------------------------------------------------
@@ -188,54 +184,10 @@ void T4ZelkaBrowser::txtTarget_Change()
 
 void T4ZelkaBrowser::ShowConPicture(int type)
 {
-    const int picture = Model().ConOrderObject ? Model().ConOrderObject->GetPicIndxByResourcePos(type)
-                                               : ConOrderClass::UnknownPicture;
-    QLabel& image = *m_ui->imgConArray;
-    image.setProperty("picture", picture);
-    image.setPixmap(ConnectionPicture(picture).pixmap(image.size(), devicePixelRatioF()));
+    ShowTypePicture(*m_ui->imgConArray, type);
 }
 
 void T4ZelkaBrowser::InitializeDirectTab()
 {
-    for (int page = 0; page < 2; ++page) {
-        QString longName;
-        if (Gateway().GetNodeTypeLongNameDb(m_ui->tabNode->tabText(page), longName))
-            m_ui->tabNode->setTabText(page, ::DoubleAnyChar(longName, QStringLiteral("&")));
-    }
-    const QString net4 = QStringLiteral("NET4");
-    LabelFromParameter(*m_ui->lblAddr, net4, QStringLiteral("ADDR"));
-    LabelFromParameter(*m_ui->lblTime, net4, QStringLiteral("TIME"));
-    LabelFromParameter(*m_ui->lblRetry, net4, QStringLiteral("RETRY"));
-    const QString fe = QStringLiteral("FE");
-    LabelFromParameter(*m_ui->lblFeId, fe, QStringLiteral("ID"));
-    LabelFromParameter(*m_ui->lblFeCh, fe, QStringLiteral("CH"));
-    const QString nemml = QStringLiteral("NEMML");
-    LabelFromParameter(*m_ui->lblUser, nemml, QStringLiteral("USER"));
-    LabelFromParameter(*m_ui->lblPsw, nemml, QStringLiteral("PSW"));
-    LabelFromParameter(*m_ui->lblPath, nemml, QStringLiteral("PATH"));
-    LabelFromParameter(*m_ui->lblTimeMML, nemml, QStringLiteral("TIME"));
-    LabelFromParameter(*m_ui->lblRetryMML, nemml, QStringLiteral("RETRY"));
-}
-
-void T4ZelkaBrowser::LabelFromParameter(QLabel& label, const QString& waypoint, const QString& keyword)
-{
-    QString list;
-    PairTable keywords;
-    PairTable longNames;
-    int count = 0;
-    if (!Gateway().GetWpParametersDb(waypoint, 0, list) ||
-        !ConvertItemListToArray(list, true, keywords, count))
-        return;
-    if (!Gateway().GetWpParametersLongNamesDb(waypoint, 0, list) ||
-        !ConvertItemListToArray(list, true, longNames, count))
-        return;
-    for (std::size_t row = 0; row < qMin(keywords.size(), longNames.size()); ++row) {
-        if (keywords[row].first != keyword)
-            continue;
-        // A single "&" in a label would become an access key.
-        QString longName = longNames[row].first;
-        ::DoubleAnyChar(longName, QStringLiteral("&"));
-        label.setText(::ConvertWordsBeginningUpperCase(longName, QStringLiteral(" &")) + QLatin1Char(':'));
-        return;
-    }
+    InitializeDirectLabels(*m_ui);
 }

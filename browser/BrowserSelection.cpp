@@ -1,4 +1,5 @@
 #include "browser/BrowserState.h"
+#include "browser/ConnectionTypes.h"
 #include "browser/StaleRecords.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
@@ -12,13 +13,6 @@
 #include <QPointer>
 
 // From a click on an entry to the target that the host reads.
-
-namespace {
-
-/// GetConPicture's answer where there is no picture.
-constexpr int NoPicture = -1;
-
-} // namespace
 
 // Stale entries ---------------------------------------------------------------------------------------------
 
@@ -127,8 +121,7 @@ void T4ZelkaBrowser::tvwNodesTree_Click()
 bool T4ZelkaBrowser::ShowConnection(const QString& name)
 {
     QString typeName;
-    const int picture = GetConPicture(name, typeName);
-    ShowConPicture(picture == NoPicture ? NoConType : picture);
+    ShowConPicture(GetConPicture(name, typeName));
     QString longName;
     if (!Gateway().GetConTypeLongNameDb(typeName, longName))
         return false;
@@ -198,17 +191,6 @@ void T4ZelkaBrowser::ClearTarget()
     SetSobriquet(QString());
     SetNodeType(QString());
     SetCommandLine(QString());
-}
-
-int T4ZelkaBrowser::GetConPicture(const QString& name, QString& conTypeName)
-{
-    QString target;
-    QString result;
-    if (TrimBlanks(name).isEmpty() || !Gateway().GetParentDb(name, target) ||
-        !Gateway().AnalyzeConTypeDb(target, result))
-        return NoPicture;
-    conTypeName = GetItem(result, 2, TabChar);
-    return qMax(NoPicture, ValInt(GetItem(result, 1, TabChar)));
 }
 
 void T4ZelkaBrowser::SelectTreeEntry(TreeView& tree, Entry entry)

@@ -1,4 +1,5 @@
 #include "browser/BrowserState.h"
+#include "browser/BusyPointer.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/frmConNodesProgress.h"
@@ -8,7 +9,6 @@
 #include "database/Gateway.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
-#include "platform/MachineSeams.h"
 #include "platform/controls/IntervalTimer.h"
 #include "platform/controls/ModalForm.h"
 
@@ -21,16 +21,6 @@ namespace {
 const QString ConnectionsText = QStringLiteral("Connections");
 const QString NodesText = QStringLiteral("Nodes");
 const QString NodeKeySuffix = QStringLiteral("N");
-
-/// Shows the wait cursor for as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { Machine().ShowBusyPointer(true); }
-    ~BusyPointer() { Machine().ShowBusyPointer(false); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-};
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
+#include "browser/DirectTab.h"
 #include "browser/LoadState.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
@@ -42,8 +43,11 @@ T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent)
     m_ui->updPort->SetBuddy(m_ui->txtPort, 0, 65535);
     m_ui->UpDown1->SetBuddy(m_ui->txtSection, 0, 255);
     m_ui->UpDown2->SetBuddy(m_ui->txtStation, 0, 255);
+    m_direct = std::make_unique<DirectTab>(
+        *m_ui, *m_conTree,
+        DirectTab::Control{[this](const std::function<void()>& handler) { Guarded(handler); },
+                           [this](const StaleRecord& stale) { return TellStaleEntry(stale); }});
     ShowConPicture(NoConType);
-    m_ui->imgDirArray->setPixmap(m_ui->imgConArray->pixmap());
     ConnectControls();
     ConnectTrees();
 }
@@ -66,6 +70,8 @@ void T4ZelkaBrowser::ConnectControls()
     onClick(m_ui->cmdDatabaseProp, &T4ZelkaBrowser::cmdDatabaseProp_Click);
     onClick(m_ui->cmdDatabaseRemove, &T4ZelkaBrowser::cmdDatabaseRemove_Click);
     onClick(m_ui->cmdDatabaseManage, &T4ZelkaBrowser::cmdDatabaseManage_Click);
+    onClick(m_ui->cmdDbScan, &T4ZelkaBrowser::cmdDbScan_Click);
+    onClick(m_ui->cmdScan, &T4ZelkaBrowser::cmdScan_Click);
     onClick(m_ui->cmdLoadMore, &T4ZelkaBrowser::cmdLoadMore_Click);
     onClick(m_ui->cmdRefresh, &T4ZelkaBrowser::cmdRefresh_Click);
     onClick(m_ui->cmdDatabaseHelp, &T4ZelkaBrowser::cmdDatabaseHelp_Click);

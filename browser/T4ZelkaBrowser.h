@@ -11,10 +11,10 @@
 #include <initializer_list>
 #include <memory>
 
+class DirectTab;
 class IntervalTimer;
 class PropertyBag;
 class QDateTime;
-class QLabel;
 class ReadBracket;
 class TreeEntries;
 class TreeView;
@@ -201,7 +201,6 @@ private:
     void ShowTreeHelp();
     void txtTarget_Change();
     void ShowConPicture(int type);
-    void LabelFromParameter(QLabel& label, const QString& waypoint, const QString& keyword);
 
     // Views and loads (BrowserTrees.cpp) --------------------------------------------------------------------
     void optCon_Click();
@@ -259,8 +258,6 @@ private:
     void SetNodeTargetText(const QString& name, QString& parentName);
     void ShowTarget();
     void ClearTarget();
-    /// Type id of a stored connection; negative: unknown, or a look-up failed.
-    [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
     void SelectTreeEntry(TreeView& tree, Entry entry);
     void RestoreViewSelection();
     /// Does what a double click on the selected entry does. True: it ran the properties command, or the
@@ -280,7 +277,6 @@ private:
     void EnableInConnectionView(Entry entry);
     void EnableInNodeView();
     void EnableByRights();
-    [[nodiscard]] bool IsSnmpConnection(const QString& name);
     void tvwConTree_KeyDown(int keyCode, int shift);
     void tvwConTree_KeyPress(int keyAscii);
     /// True: the key is used up.
@@ -331,6 +327,16 @@ private:
     void AddNewNode();
     void ShowNewNode();
 
+    // Scan (BrowserScan.cpp) --------------------------------------------------------------------------------
+    void cmdScan_Click();
+    void cmdDbScan_Click();
+    /// Through the connection of the Direct page, within a command.
+    void ScanDirectConnection();
+    void ScanSelectedEntry();
+    /// Turns to the Direct page and scans the connection that the working copy holds.
+    void ScanSelectedConnection();
+    void ShowScanDialog();
+
     // What the folders below share with the control (BrowserHooks.cpp) --------------------------------------
     void CreateWorkingObjects();
     void OfferHooks();
@@ -340,6 +346,8 @@ private:
     /// Children of the control, as the views that show them.
     TreeEntries* m_conTree;
     TreeEntries* m_nodesTree;
+    /// Goes before the controls that it looks after.
+    std::unique_ptr<DirectTab> m_direct;
     IntervalTimer* m_tmrRefreshTimer;
     /// Open while a click reads, so that its reads are one snapshot and few round trips.
     std::unique_ptr<ReadBracket> m_clickReads;

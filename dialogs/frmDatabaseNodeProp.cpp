@@ -11,9 +11,9 @@
 #include "platform/ComponentError.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/LongList.h"
 
 #include <QHeaderView>
-#include <QListView>
 #include <QPointer>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -26,16 +26,6 @@ QString EmptyDatabaseText()
 {
     return QStringLiteral("Database is empty. In addition, before a node can be defined there must be at "
                           "least one connection in the database.");
-}
-
-/// A list that can hold tens of thousands of names: nothing of it is measured before it is seen.
-void PrepareLongList(QComboBox& combo, QStringListModel& names)
-{
-    combo.setModel(&names);
-    if (auto* list = qobject_cast<QListView*>(combo.view())) {
-        list->setUniformItemSizes(true);
-        list->setLayoutMode(QListView::Batched);
-    }
 }
 
 } // namespace

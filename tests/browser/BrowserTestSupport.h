@@ -96,6 +96,7 @@ public:
         ResetModuleState();
         Opening().ConnectionProperties = [this](ConData& con, QWidget*) { ShowDialog("connection", con); };
         Opening().NodeProperties = [this](ConData& con, QWidget*) { ShowDialog("node", con); };
+        Opening().Scan = [this](ConData& con, QWidget*) { ShowDialog("scan", con); };
     }
     ~BrowserFixture()
     {
@@ -108,7 +109,7 @@ public:
     RecordingPresenter Operator;
     ScriptedDatabase Component;
     std::unique_ptr<T4ZelkaBrowser> Control;
-    /// Dialogs that the control showed: "connection" or "node".
+    /// Dialogs that the control showed: "connection", "node" or "scan".
     QStringList Dialogs;
     /// What the operator does in a dialog; without it, Cancel.
     std::function<void(ConData& con)> InDialog;
@@ -142,6 +143,15 @@ public:
             Component.Store.AddNode(QStringLiteral("Node %1").arg(number, 6, 10, QLatin1Char('0')), conName,
                                     QString(), QStringLiteral("WP=NET4,ADDR=%1").arg(number));
         }
+    }
+
+    /// The outermost commits fail from now on.
+    void FailOuterCommit()
+    {
+        Component.BeforeCall = [this](const QString& call) {
+            if (call.startsWith(QLatin1String("CommitTransaction")) && Component.Store.Levels() == 1)
+                Component.FailTimes(QStringLiteral("CommitTransaction"), 1);
+        };
     }
 
     template <typename Widget>

@@ -151,12 +151,4 @@ public:
         Component.Store.GetNode(name, conName, target);
         Component.Store.ReplaceNodeTarget(name, conName, target);
     }
-    /// The outermost commits fail from now on.
-    void FailOuterCommit()
-    {
-        Component.BeforeCall = [this](const QString& call) {
-            if (call.startsWith(QLatin1String("CommitTransaction")) && Component.Store.Levels() == 1)
-                Component.FailTimes(QStringLiteral("CommitTransaction"), 1);
-        };
-    }
 };

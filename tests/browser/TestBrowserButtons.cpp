@@ -372,6 +372,8 @@ private Q_SLOTS:
         if (connections)
             f.ShowConnections();
         f.Find<QTabWidget>("tabMain").setCurrentIndex(page);
+        // The page of SNMP nodes is offered behind such a connection alone.
+        f.Find<QTabWidget>("tabNode").setTabEnabled(nodePage, true);
         f.Find<QTabWidget>("tabNode").setCurrentIndex(nodePage);
         f.Control->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(f.Control.get()));
@@ -420,7 +422,8 @@ private Q_SLOTS:
 
     void TabMain_DirectPageWithoutConnections_OffersNoScan()
     {
-        ButtonsFixture f;
+        BrowserFixture f;
+        f.StartOnDatabasePage();
         f.Find<QPushButton>("cmdScan").setEnabled(true);
         f.Find<QTabWidget>("tabMain").setCurrentIndex(1);
         QVERIFY(!f.Enabled("cmdScan"));

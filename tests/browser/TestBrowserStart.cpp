@@ -37,14 +37,17 @@ private Q_SLOTS:
                                    QStringLiteral("GetNodeTypeLongName"),
                                    QStringLiteral("GetNodeTypeLongName")};
         QCOMPARE(methods.mid(3, 5), lists);
-        QCOMPARE(methods.mid(methods.size() - 2),
-                 QStringList({QStringLiteral("GetWpLongName"), QStringLiteral("GetWpLongName")}));
+        // Its last is the list of the page that is shown.
+        QCOMPARE(methods.mid(methods.size() - 3),
+                 QStringList({QStringLiteral("GetWpLongName"), QStringLiteral("GetWpLongName"),
+                              QStringLiteral("QueryParentsWithID")}));
         QCOMPARE(f.Operator.Texts(), QStringList());
     }
 
     void Start_WithDatabase_LeavesTreesFlagsAndObjects()
     {
         BrowserFixture f;
+        Browser().BrowserTabIndex = 0;
         f.Component.Store.AddConnection(QStringLiteral("Alpha"), AlphaTarget);
         f.AddNodes(QStringLiteral("Alpha"), 3);
         f.Start();

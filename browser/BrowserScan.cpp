@@ -1,0 +1,125 @@
+#include "browser/DirectTab.h"
+#include "browser/HandedTrees.h"
+#include "browser/T4ZelkaBrowser.h"
+#include "browser/ui_T4ZelkaBrowser.h"
+#include "database/DatabaseState.h"
+#include "database/ReadBracket.h"
+#include "platform/MsgBox.h"
+#include "platform/controls/TreeView.h"
+
+#include <QPointer>
+
+// The commands that open the scan: on the connection of the Direct page, or on the selected one.
+
+namespace {
+
+constexpr int DirectPage = 1;
+
+/// Keeps the new connection out of the way of a scan through another one, and brings it back at its end.
+class NewConnectionAside
+{
+public:
+    /// `scanned`: the connection that the list shows.
+    explicit NewConnectionAside(const QString& scanned)
+    {
+        ModelState& model = Model();
+        if (!model.NewDirectObject || !model.SavedDirectObject || model.NewDirectObject->ConName == scanned)
+            return;
+        m_aside = model.NewDirectObject.get();
+        model.SavedDirectObject->Copy(*m_aside);
+        m_aside->Clear();
+    }
+    ~NewConnectionAside()
+    {
+        // A control that was started anew under the scan has objects of its own.
+        ModelState& model = Model();
+        if (!m_aside || model.NewDirectObject.get() != m_aside)
+            return;
+        m_aside->Clear();
+        m_aside->Copy(*model.SavedDirectObject);
+        model.SavedDirectObject->Clear();
+    }
+    NewConnectionAside(const NewConnectionAside&) = delete;
+    NewConnectionAside& operator=(const NewConnectionAside&) = delete;
+
+private:
+    ConData* m_aside = nullptr;
+};
+
+} // namespace
+
+void T4ZelkaBrowser::cmdScan_Click()
+{
+    RunCommand(&T4ZelkaBrowser::ScanDirectConnection);
+}
+
+void T4ZelkaBrowser::cmdDbScan_Click()
+{
+    RunCommand(&T4ZelkaBrowser::ScanSelectedEntry);
+}
+
+void T4ZelkaBrowser::ScanDirectConnection()
+{
+    if (!Database().ScanRight || !Model().DirectObject)
+        return;
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const ConData* const scanned = Model().DirectObject.get();
+    const QString nameBefore = scanned->ConName;
+    m_direct->TakeTiming(*Model().DirectObject);
+    {
+        const NewConnectionAside aside(m_ui->cboDirectConName->currentText());
+        ShowScanDialog();
+    }
+    if (alive && Model().DirectObject.get() == scanned)
+        m_direct->TakeScanResult(nameBefore);
+}
+
+void T4ZelkaBrowser::ShowScanDialog()
+{
+    ConData& direct = *Model().DirectObject;
+    direct.NodeAddress.clear();
+    direct.SelectPressed = false;
+    Model().ConObject->ViewNodesChecked = m_ui->chkViewNodes->isChecked();
+    const HandedTrees handed(m_conTree, m_nodesTree);
+    Opening().Scan(direct, this);
+}
+
+void T4ZelkaBrowser::ScanSelectedEntry()
+{
+    if (!Database().ScanRight)
+        return;
+    if (!m_ui->optCon->isChecked()) {
+        MsgBox(QStringLiteral("First select a connection in the connection tree."));
+        return;
+    }
+    const Entry selected = SelectedEntry(*m_ui->tvwConTree);
+    const QChar kind = m_conTree->Kind(selected);
+    if (selected == 0 || kind == QLatin1Char('R')) {
+        MsgBox(QStringLiteral("First select a connection in the tree."));
+        return;
+    }
+    if (!ReadConnection(kind == QLatin1Char('C') ? selected : m_conTree->Parent(selected)))
+        return;
+    const QPointer<T4ZelkaBrowser> alive(this);
+    ScanSelectedConnection();
+    if (alive)
+        RestoreViewSelection();
+    // The selection has put its own target in the place of the one that is shown beside its fields.
+    if (alive && m_ui->tabMain->currentIndex() == DirectPage)
+        m_direct->DirectNodeSetTargetText();
+}
+
+void T4ZelkaBrowser::ScanSelectedConnection()
+{
+    const QPointer<T4ZelkaBrowser> alive(this);
+    const QString name = Model().ConObject->ConName;
+    m_ui->tabMain->setCurrentIndex(DirectPage);
+    if (!alive)
+        return;
+    m_ui->tabNode->setCurrentIndex(DirectNodePages::Net4Page);
+    const int position = m_direct->FindDirectCon(name);
+    if (position < 0)
+        MsgBox(QStringLiteral("Connection name not found."));
+    else if (m_direct->ChooseForScan(position))
+        ScanDirectConnection();
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+
+/// What the control knows of a connection by its type.
+
+/// Type id of a stored connection; negative: unknown, or a look-up failed (then `conTypeName` as it was).
+[[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
+
+/// The type is one of those that reach a node by SNMP; nothing can be scanned there.
+[[nodiscard]] bool IsSnmpType(int id, const QString& shortName);
+/// The same of a stored connection. Asks the database.
+[[nodiscard]] bool IsSnmpConnection(const QString& name);
+
+/// Shows the picture of a type; an unknown one where the type is negative or not offered.
+void ShowTypePicture(QLabel& image, int type);
