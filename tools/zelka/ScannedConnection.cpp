@@ -17,7 +17,7 @@ void RequireScanRight(const GatewaySession& session)
 {
     session.Require(session.Gateway().SetUserSecurityDb());
     if (!Database().ScanRight)
-        throw CommandError(ExitCode::Refused, QStringLiteral("You have no right to scan."));
+        throw CommandError(ExitCode::Refused, QStringLiteral("This user has no right to scan."));
 }
 
 struct Limits
