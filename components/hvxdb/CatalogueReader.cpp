@@ -1,5 +1,7 @@
 #include "components/hvxdb/CatalogueReader.h"
 
+#include "platform/JsonText.h"
+
 #include <QJsonDocument>
 #include <QJsonParseError>
 
@@ -15,15 +17,6 @@ QString RowName(const QString& what, const QJsonValue& row, const QString& nameK
     if (name.isEmpty())
         return QStringLiteral("%1 no. %2").arg(what).arg(position + 1);
     return what + u' ' + name;
-}
-
-QString LineAndColumn(const QByteArray& text, qsizetype offset)
-{
-    const QByteArray before = text.left(offset);
-    const qsizetype lastLine = before.lastIndexOf('\n') + 1;
-    return QStringLiteral("line %1, column %2")
-        .arg(before.count('\n') + 1)
-        .arg(QString::fromUtf8(before.mid(lastLine)).size() + 1);
 }
 
 } // namespace

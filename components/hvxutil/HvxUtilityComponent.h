@@ -2,6 +2,9 @@
 
 #include "platform/HvxUtility.h"
 
+/// Number of the ComponentError that the conversion utility raises.
+constexpr quint32 HvxUtilityRefused = 0x80040300;
+
 /// Registers the component under its identifier.
 void RegisterHvxUtility();
 

@@ -1,5 +1,7 @@
 #include "components/syncconn/GatewayFrame.h"
 
+#include "components/BerHeader.h"
+
 #include <QStringDecoder>
 
 #include <libtasn1.h>
@@ -109,41 +111,19 @@ constexpr ulong OpenTag = 0;
 constexpr ulong RequestTag = 2;
 constexpr ulong FailureTag = 4;
 
-/// The header of one BER element with a definite length.
-struct Header
+/// A SEQUENCE, or one of the bodies; texts and bytes come in one piece.
+bool MayBeConstructed(const BerHeader& header)
 {
-    uchar tagClass = 0;
-    ulong tag = 0;
-    qsizetype size = 0;
-    qsizetype length = 0;
+    if (header.tagClass == (ASN1_CLASS_UNIVERSAL | ASN1_CLASS_STRUCTURED))
+        return header.tag == ASN1_TAG_SEQUENCE;
+    return header.tag == OpenTag || header.tag == RequestTag || header.tag == FailureTag;
+}
 
-    [[nodiscard]] bool IsConstructed() const { return (tagClass & ASN1_CLASS_STRUCTURED) != 0; }
-    /// A SEQUENCE, or one of the bodies; texts and bytes come in one piece.
-    [[nodiscard]] bool MayBeConstructed() const
-    {
-        if (tagClass == (ASN1_CLASS_UNIVERSAL | ASN1_CLASS_STRUCTURED))
-            return tag == ASN1_TAG_SEQUENCE;
-        return tag == OpenTag || tag == RequestTag || tag == FailureTag;
-    }
-};
-
-std::optional<Header> ReadHeader(QByteArrayView bytes)
+/// The header of an element with a definite length.
+std::optional<BerHeader> ReadHeader(QByteArrayView bytes)
 {
-    const auto* data = reinterpret_cast<const uchar*>(bytes.data());
-    const int size = static_cast<int>(bytes.size());
-    Header header;
-    int tagSize = 0;
-    if (size == 0 || asn1_get_tag_der(data, size, &header.tagClass, &tagSize, &header.tag) != ASN1_SUCCESS)
-        return std::nullopt;
-    int lengthSize = 0;
-    // Below 0: indefinite, broken or longer than what is there.
-    const long length =
-        size > tagSize ? asn1_get_length_der(data + tagSize, size - tagSize, &lengthSize) : -1;
-    if (length < 0)
-        return std::nullopt;
-    header.size = tagSize + lengthSize;
-    header.length = length;
-    if (header.size + header.length > bytes.size())
+    BerHeader header;
+    if (header.Read(bytes) || !header.length)
         return std::nullopt;
     return header;
 }
@@ -158,10 +138,11 @@ bool IsWellFormed(QByteArrayView bytes, int depth = 0)
         const auto header = ReadHeader(bytes);
         if (!header)
             return false;
-        if (header->IsConstructed() && (depth >= LargestDepth || !header->MayBeConstructed() ||
-                                        !IsWellFormed(bytes.sliced(header->size, header->length), depth + 1)))
+        if (header->IsConstructed() &&
+            (depth >= LargestDepth || !MayBeConstructed(*header) ||
+             !IsWellFormed(bytes.sliced(header->size, *header->length), depth + 1)))
             return false;
-        bytes = bytes.sliced(header->size + header->length);
+        bytes = bytes.sliced(header->size + *header->length);
     }
     return true;
 }
@@ -182,13 +163,13 @@ std::optional<qint64> VersionOf(QByteArrayView bytes)
 {
     const auto frame = ReadHeader(bytes);
     if (!frame || frame->tagClass != (ASN1_CLASS_UNIVERSAL | ASN1_CLASS_STRUCTURED) ||
-        frame->tag != ASN1_TAG_SEQUENCE || frame->size + frame->length != bytes.size())
+        frame->tag != ASN1_TAG_SEQUENCE || frame->size + *frame->length != bytes.size())
         return std::nullopt;
     const QByteArrayView content = bytes.sliced(frame->size);
     const auto version = ReadHeader(content);
     if (!version || version->tagClass != ASN1_CLASS_UNIVERSAL || version->tag != ASN1_TAG_INTEGER)
         return std::nullopt;
-    const auto number = NumberIn(content.sliced(version->size, version->length));
+    const auto number = NumberIn(content.sliced(version->size, *version->length));
     return number && *number >= 0 && *number <= 255 ? number : std::nullopt;
 }
 

@@ -198,6 +198,7 @@ void TestGatewayFrame::Decode_NoFrame_MalformedAndUntouched_data()
     QTest::newRow("attempt below 0") << FrameOf(QByteArray::fromHex("a2080c000201ff040141"));
     QTest::newRow("request without data") << FrameOf(QByteArray::fromHex("a2050c00020100"));
     QTest::newRow("failure of 33 bits") << FrameOf(QByteArray::fromHex("a40c020500800000000201010c00"));
+    QTest::newRow("inner length cut") << FrameOf(QByteArray::fromHex("8382"));
     QTest::newRow("constructed reply") << FrameOf(QByteArray::fromHex("a30404023430"));
     QTest::newRow("constructed data") << FrameOf(QByteArray::fromHex("a20b0c0002010024040402"
                                                                      "3430"));

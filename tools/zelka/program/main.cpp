@@ -1,25 +1,11 @@
+#include "platform/Utf8Locale.h"
 #include "tools/zelka/CommandLine.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
 
-#include <clocale>
 #include <cstdio>
-#include <langinfo.h>
-#include <string_view>
-
-namespace {
-
-/// Names and targets are UTF-8 whatever the shell says; scheduled scripts often run without a locale.
-void ChooseUtf8Locale()
-{
-    std::setlocale(LC_CTYPE, "");
-    if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
-        qputenv("LC_ALL", "C.UTF-8");
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {

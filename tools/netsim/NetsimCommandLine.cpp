@@ -1,0 +1,49 @@
+#include "tools/netsim/NetsimCommandLine.h"
+
+#include "tools/netsim/ControlCommands.h"
+#include "tools/netsim/FileCommands.h"
+#include "tools/netsim/ServeCommand.h"
+
+#include <sstream>
+
+namespace {
+
+NetsimExit Run(CLI::App& app, int argc, const char* const* argv, NetsimContext& context)
+{
+    try {
+        app.parse(argc, argv);
+        context.chosen();
+        return NetsimExit::Done;
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream data;
+        std::ostringstream words;
+        const bool isHelp = app.exit(error, data, words) == 0;
+        context.Bytes(QByteArray::fromStdString(data.str()));
+        if (!isHelp)
+            context.Words(QString::fromStdString(words.str()).trimmed());
+        return isHelp ? NetsimExit::Done : NetsimExit::Usage;
+    }
+}
+
+} // namespace
+
+NetsimExit RunNetsimCommandLine(int argc, const char* const* argv, QIODevice& data, QIODevice& words)
+{
+    NetsimContext context{data, words, {}};
+    CLI::App app(
+        "Simulates a network: a gateway, its buses and their nodes, with delays, losses and faults.\n"
+        "Exit codes: 0 done, 1 refused or not found, no network runs there or the port is taken, "
+        "2 wrong arguments.",
+        "zelka-netsim");
+    app.set_version_flag("--version", "zelka-netsim " ZELKA_VERSION);
+    app.require_subcommand(1);
+    const ServeCommand serve(app, context);
+    const ControlCommands control(app, context);
+    const FileCommands files(app, context);
+    try {
+        return Run(app, argc, argv, context);
+    } catch (const NetsimError& error) {
+        context.Words(error.Text());
+        return NetsimExit::Refused;
+    }
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "tools/netsim/NetsimContext.h"
+
+/// Parses the arguments of `zelka-netsim`, runs the command and gives its exit code. Data go to `data`, words
+/// to `words`. Needs a QCoreApplication.
+NetsimExit RunNetsimCommandLine(int argc, const char* const* argv, QIODevice& data, QIODevice& words);
