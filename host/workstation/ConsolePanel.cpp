@@ -13,10 +13,17 @@
 
 namespace {
 
-/// A target that a label may break behind each comma.
-QString Breakable(QString target)
+/// A target that a label may break wherever something other than a letter or a digit stands, so that it does
+/// not widen the window.
+QString Breakable(const QString& target)
 {
-    return target.replace(u',', QStringLiteral(",\u200b"));
+    QString breakable;
+    for (const QChar character : target) {
+        breakable += character;
+        if (!character.isLetterOrNumber())
+            breakable += QChar(0x200b);
+    }
+    return breakable;
 }
 
 } // namespace
