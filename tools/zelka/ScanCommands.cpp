@@ -7,7 +7,7 @@
 #include "scan/network/BusList.h"
 #include "scan/network/ScanTargets.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/Interruption.h"
 #include "tools/zelka/NetworkSession.h"
 #include "tools/zelka/ScannedConnection.h"
@@ -82,7 +82,7 @@ void ScanCommands::Scan() const
 QString ScanCommands::ReadScanTarget() const
 {
     const QString name = QString::fromStdString(m_name);
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     if (m_retries)
         RequireTimingLimits(session, QStringLiteral("RETRY"), QStringLiteral("--retries"), *m_retries);
     if (m_timeOut)
@@ -132,7 +132,7 @@ void ScanCommands::PrintBuses() const
 QString ScanCommands::ReadBusesTarget() const
 {
     const QString name = QString::fromStdString(m_name);
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     ConData& connection = ScannedConnection(session, name, std::nullopt);
     if (!HasBus(connection))
         throw CommandError(ExitCode::Refused,

@@ -5,7 +5,7 @@
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/RecordLookup.h"
 #include "tools/zelka/RecordTypes.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 const QString BusParameter = QStringLiteral("BUS NUMBER");
 
-void RequireScanRight(const GatewaySession& session)
+void RequireScanRight(const DatabaseSession& session)
 {
     session.Require(session.Gateway().SetUserSecurityDb());
     if (!Database().ScanRight)
@@ -26,7 +26,7 @@ struct Limits
     int highest = 0;
 };
 
-Limits LimitsOf(const GatewaySession& session, const QString& keyword)
+Limits LimitsOf(const DatabaseSession& session, const QString& keyword)
 {
     DatabaseClass::GridParameter data;
     if (session.Gateway().GetGridParameterDataDb(QStringLiteral("SOCKET"), keyword, data) &&
@@ -37,7 +37,7 @@ Limits LimitsOf(const GatewaySession& session, const QString& keyword)
 
 } // namespace
 
-ConData& ScannedConnection(const GatewaySession& session, const QString& name, std::optional<int> bus)
+ConData& ScannedConnection(const DatabaseSession& session, const QString& name, std::optional<int> bus)
 {
     const FoundRecord record = FindConnection(session, name);
     RequireScanRight(session);
@@ -64,7 +64,7 @@ bool HasBus(const ConData& connection)
     return connection.GetWpParamByName(BusParameter, bus);
 }
 
-void RequireTimingLimits(const GatewaySession& session, const QString& keyword, const QString& what,
+void RequireTimingLimits(const DatabaseSession& session, const QString& keyword, const QString& what,
                          int value)
 {
     const Limits limits = LimitsOf(session, keyword);

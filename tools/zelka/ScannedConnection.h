@@ -5,14 +5,14 @@
 #include <optional>
 
 class ConData;
-class GatewaySession;
+class DatabaseSession;
 
 /// Reads a connection whose network is to be asked, and leads it to another bus when one is given.
 ///
 /// Gives the connection of the session. Raises CommandError: Refused for a connection that does not exist or
 /// cannot be read, one of the SNMP family, one without a bus to lead to another, and for a user without the
 /// right to scan.
-[[nodiscard]] ConData& ScannedConnection(const GatewaySession& session, const QString& name,
+[[nodiscard]] ConData& ScannedConnection(const DatabaseSession& session, const QString& name,
                                          std::optional<int> bus);
 
 /// The connection leads over a bus.
@@ -20,5 +20,5 @@ class GatewaySession;
 
 /// Raises CommandError (Usage) unless a number lies within the limits that the database has for a parameter
 /// of scans, "RETRY" or "TIME"; `what`: what the words call it.
-void RequireTimingLimits(const GatewaySession& session, const QString& keyword, const QString& what,
+void RequireTimingLimits(const DatabaseSession& session, const QString& keyword, const QString& what,
                          int value);
