@@ -6,7 +6,7 @@ DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
 run: deps
 	cmake --preset release >/dev/null
-	cmake --build build/release -j $(JOBS) --target zelka-workstation zelka zelka-node-manager
+	cmake --build build/release -j $(JOBS) --target zelka-workstation zelka zelka-netsim zelka-node-manager
 	packaging/run-demo build/release/bin
 
 test: deps

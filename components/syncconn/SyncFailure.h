@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 /// Codes that the connection component gives for its last failure, and the error number that it raises.
 /// docs/gateway.md lists them with their texts.
@@ -36,6 +36,8 @@ constexpr qint32 ConnectionLost = 4;
 constexpr qint32 OtherNetworkError = 5;
 /// The gateway took the connection and did not answer the opening.
 constexpr qint32 NoAnswer = 6;
+/// ZELKA_GATEWAY does not name a gateway.
+constexpr qint32 BadAddress = 7;
 // Refused: the gateway's own codes, of which these are agreed upon
 constexpr qint32 UnknownBus = 1;
 constexpr qint32 BadRequest = 2;
@@ -52,6 +54,15 @@ constexpr qint32 NotOpen = 1;
 constexpr qint32 Busy = 2;
 constexpr qint32 Closed = 3;
 constexpr qint32 BadText = 4;
+constexpr qint32 TooLong = 5;
 } // namespace Minor
+
+/// One failure, as GetLastError gives it.
+struct Record
+{
+    qint32 major = 0;
+    qint32 minor = 0;
+    QString text;
+};
 
 } // namespace SyncFailure

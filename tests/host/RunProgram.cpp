@@ -2,11 +2,10 @@
 
 #include <QProcess>
 
-Outcome RunWithoutDisplay(const QString& program, const QStringList& arguments, const QString& home,
-                          const QString& source)
+QProcessEnvironment EnvironmentWithoutDisplay(const QString& home, const QString& source)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32"})
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32", "ZELKA_GATEWAY"})
         environment.remove(QLatin1String(name));
     environment.insert(QStringLiteral("HOME"), home);
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
@@ -14,9 +13,14 @@ Outcome RunWithoutDisplay(const QString& program, const QStringList& arguments, 
     environment.insert(QStringLiteral("TMPDIR"), home + QStringLiteral("/temp"));
     if (!source.isEmpty())
         environment.insert(QStringLiteral("ZELKA_DBS32"), source);
+    return environment;
+}
 
+Outcome RunWithoutDisplay(const QString& program, const QStringList& arguments, const QString& home,
+                          const QString& source)
+{
     QProcess process;
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(EnvironmentWithoutDisplay(home, source));
     process.start(program, arguments);
     constexpr int longest = 60000;
     if (!process.waitForFinished(longest)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -12,7 +13,10 @@ struct Outcome
     QString errors;
 };
 
-/// Runs a program on a machine without a display, in a home of its own (folders config, data and temp below
-/// it), and waits for its end. `source`: the database in its environment; empty: none.
+/// The environment of a machine without a display, with a home (folders config, data and temp below it).
+/// `source`: the database in it; empty: none.
+QProcessEnvironment EnvironmentWithoutDisplay(const QString& home, const QString& source = QString());
+
+/// Runs a program in such an environment and waits for its end.
 Outcome RunWithoutDisplay(const QString& program, const QStringList& arguments, const QString& home,
                           const QString& source = QString());

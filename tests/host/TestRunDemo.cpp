@@ -3,9 +3,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
+#include <QProcess>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
 #include <memory>
 
 /// The script behind `make run`, on a machine without a display.
@@ -23,8 +27,17 @@ private Q_SLOTS:
     void Run_FurtherArguments_ReachTheWorkstation();
     void Run_NoFolder_ShowsUsage_data();
     void Run_NoFolder_ShowsUsage();
+    void Run_NoNetwork_ServesTheDemoUntilTheWorkstationEnds();
+    void Run_NetworkThere_StartsNone();
+    void Run_GatewayFromEnvironment_StartsNone();
+    void Run_NetworkFails_StartsTheWorkstationAllTheSame();
+    void Run_WorkstationFails_EndsWithItsCode();
+    void Signal_WorkstationRuns_EndsIt_data();
+    void Signal_WorkstationRuns_EndsIt();
 
 private:
+    /// A folder of programs in which scripts stand for some.
+    [[nodiscard]] QString ProgramsWith(const QMap<QString, QByteArray>& scripts) const;
     [[nodiscard]] Outcome Run(const QStringList& arguments, const QString& source = QString()) const;
     [[nodiscard]] Outcome RunPrograms(const QStringList& further = {},
                                       const QString& source = QString()) const
@@ -35,6 +48,25 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_home;
 };
+
+namespace {
+
+/// A workstation that prints its gateway.
+const QByteArray TellsGateway = "echo \"gateway ${ZELKA_GATEWAY:-none}\"\n";
+
+bool IsListening(const QString& place)
+{
+    QTcpSocket socket;
+    socket.connectToHost(place.section(u':', 0, 0), place.section(u':', 1).toUShort());
+    return socket.waitForConnected(5000);
+}
+
+QString Gateway(const QString& output)
+{
+    return output.section(QStringLiteral("gateway "), 1).section(u'\n', 0, 0);
+}
+
+} // namespace
 
 void TestRunDemo::init()
 {
@@ -128,6 +160,120 @@ void TestRunDemo::Run_NoFolder_ShowsUsage()
 
     QCOMPARE(outcome.code, 2);
     QVERIFY2(outcome.errors.startsWith(QStringLiteral("usage: ")), qUtf8Printable(outcome.errors));
+}
+
+QString TestRunDemo::ProgramsWith(const QMap<QString, QByteArray>& scripts) const
+{
+    const QDir folder(Home(QStringLiteral("programs")));
+    if (!folder.mkpath(QStringLiteral(".")))
+        qFatal("no folder");
+    for (const char* name : {"zelka", "zelka-workstation", "zelka-netsim", "zelka-node-manager"}) {
+        if (!scripts.contains(QLatin1String(name)))
+            QFile::link(QStringLiteral(ZELKA_PROGRAMS "/") + QLatin1String(name),
+                        folder.filePath(QLatin1String(name)));
+    }
+    for (auto script = scripts.begin(); script != scripts.end(); ++script) {
+        QFile file(folder.filePath(script.key()));
+        if (!file.open(QIODevice::WriteOnly) || file.write("#!/bin/sh\n" + *script) < 0)
+            qFatal("%s", qUtf8Printable(file.errorString()));
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    }
+    return folder.path();
+}
+
+void TestRunDemo::Run_NoNetwork_ServesTheDemoUntilTheWorkstationEnds()
+{
+    const QString programs =
+        ProgramsWith({{"zelka-workstation", TellsGateway + "\"$(dirname \"$0\")/zelka-netsim\" ctl "
+                                                           "--listen $ZELKA_GATEWAY status\n"}});
+
+    const Outcome outcome = Run({programs});
+
+    QVERIFY2(outcome.code == 0, qUtf8Printable(outcome.errors));
+    const QString gateway = Gateway(outcome.output);
+    QVERIFY2(outcome.errors.contains(QStringLiteral("The demo network listens on ") + gateway),
+             qUtf8Printable(outcome.errors));
+    QVERIFY2(outcome.output.contains(QStringLiteral("nodes: 200\n")), qUtf8Printable(outcome.output));
+    QVERIFY(!IsListening(gateway));
+}
+
+void TestRunDemo::Run_NetworkThere_StartsNone()
+{
+    const QString programs = ProgramsWith(
+        {{"zelka-workstation", TellsGateway}, {"zelka-netsim", "[ \"$1 $2\" = \"ctl status\" ]\n"}});
+
+    const Outcome outcome = Run({programs});
+
+    QVERIFY2(outcome.code == 0, qUtf8Printable(outcome.errors));
+    QCOMPARE(outcome.output, QStringLiteral("gateway none\n"));
+}
+
+void TestRunDemo::Run_GatewayFromEnvironment_StartsNone()
+{
+    const QString called = Home(QStringLiteral("called"));
+    const QString programs = ProgramsWith(
+        {{"zelka-workstation", TellsGateway}, {"zelka-netsim", "touch '" + called.toUtf8() + "'\n"}});
+    QProcess process;
+    QProcessEnvironment environment = EnvironmentWithoutDisplay(m_home->path());
+    environment.insert(QStringLiteral("ZELKA_GATEWAY"), QStringLiteral("192.0.2.1:9"));
+    process.setProcessEnvironment(environment);
+
+    process.start(QStringLiteral(ZELKA_RUN_DEMO), {programs});
+
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("gateway 192.0.2.1:9\n"));
+    QVERIFY(!QFileInfo::exists(called));
+}
+
+void TestRunDemo::Run_NetworkFails_StartsTheWorkstationAllTheSame()
+{
+    const QString programs = ProgramsWith(
+        {{"zelka-workstation", TellsGateway}, {"zelka-netsim", "echo 'no network today' >&2; exit 1\n"}});
+
+    const Outcome outcome = Run({programs});
+
+    QVERIFY2(outcome.code == 0, qUtf8Printable(outcome.errors));
+    QCOMPARE(outcome.output, QStringLiteral("gateway none\n"));
+    QVERIFY2(outcome.errors.contains(QStringLiteral("no network today")), qUtf8Printable(outcome.errors));
+}
+
+void TestRunDemo::Run_WorkstationFails_EndsWithItsCode()
+{
+    const Outcome outcome = Run({ProgramsWith({{"zelka-workstation", "exit 7\n"}})});
+
+    QCOMPARE(outcome.code, 7);
+}
+
+void TestRunDemo::Signal_WorkstationRuns_EndsIt_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("Ctrl+C") << SIGINT;
+    QTest::newRow("end") << SIGTERM;
+    QTest::newRow("terminal closed") << SIGHUP;
+}
+
+void TestRunDemo::Signal_WorkstationRuns_EndsIt()
+{
+    QFETCH(int, signal);
+    const QString programs =
+        ProgramsWith({{"zelka-workstation", TellsGateway + "echo $$; exec sleep 100\n"}});
+    QProcess process;
+    process.setProcessEnvironment(EnvironmentWithoutDisplay(m_home->path()));
+    process.start(QStringLiteral(ZELKA_RUN_DEMO), {programs});
+    QByteArray output;
+    while (output.count('\n') < 2 && process.waitForReadyRead())
+        output += process.readAllStandardOutput();
+    const QList<QByteArray> lines = output.split('\n');
+    QCOMPARE(lines.size(), 3);
+    const QString gateway = Gateway(QString::fromUtf8(output));
+    QVERIFY(IsListening(gateway));
+
+    QCOMPARE(kill(static_cast<pid_t>(process.processId()), signal), 0);
+
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 128 + signal);
+    QVERIFY(!IsListening(gateway));
+    QCOMPARE(kill(lines.at(1).toInt(), 0), -1);
 }
 
 QTEST_GUILESS_MAIN(TestRunDemo)

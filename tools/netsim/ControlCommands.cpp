@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <csignal>
 #include <optional>
 #include <utility>
 
@@ -216,6 +217,8 @@ QJsonObject ControlCommands::Ask(const QJsonObject& request) const
 
 void ControlCommands::Print(const QJsonObject& answer) const
 {
+    // A reader that has enough ends this without words; sockets have switched that off.
+    std::signal(SIGPIPE, SIG_DFL);
     if (m_json)
         return m_context.Bytes(QJsonDocument(answer).toJson());
     if (const QJsonValue nodes = answer.value(QStringLiteral("nodes")); nodes.isArray()) {
