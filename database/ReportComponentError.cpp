@@ -1,6 +1,7 @@
 #include "database/ReportComponentError.h"
 
 #include "platform/ComponentError.h"
+#include "platform/ComponentFailure.h"
 #include "platform/MsgBox.h"
 
 namespace {
@@ -15,19 +16,16 @@ QString UnknownCause(const QString& description, quint32 number)
 
 QString CauseOf(ComponentWithLastError& component)
 {
-    qint32 major = 0;
-    qint32 minor = 0;
+    ComponentFailure failure;
     qint32 third = 0;
-    QString text;
     try {
-        component.GetLastError(major, minor, third, text);
+        component.GetLastError(failure.major, failure.minor, third, failure.text);
     } catch (const ComponentError& error) {
         return UnknownCause(error.Description(), error.Number());
     } catch (const std::exception& error) {
         return UnknownCause(QString::fromUtf8(error.what()), 0);
     }
-    return text + LineEnd + QStringLiteral("(Major code = ") + QString::number(major) +
-           QStringLiteral(", Minor code = ") + QString::number(minor) + u')';
+    return failure.text + LineEnd + failure.Codes();
 }
 
 } // namespace

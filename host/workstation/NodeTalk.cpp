@@ -2,35 +2,12 @@
 
 #include "components/syncconn/SyncFailure.h"
 #include "platform/ComponentError.h"
+#include "platform/ComponentFailure.h"
 #include "platform/Components.h"
 
 #include <utility>
 
 namespace {
-
-struct LastError
-{
-    qint32 major = 0;
-    QString text;
-};
-
-/// What the connection tells of its last failure; where it has no words, those of the error.
-LastError LastErrorOf(SyncConnection& connection, const QString& otherwise)
-{
-    LastError last;
-    qint32 minor = 0;
-    qint32 third = 0;
-    QString text;
-    try {
-        connection.GetLastError(last.major, minor, third, text);
-    } catch (const ComponentError&) {
-        text.clear();
-    }
-    last.text = text.isEmpty() ? otherwise
-                               : QStringLiteral("%1 (Major code = %2, Minor code = %3)")
-                                     .arg(text, QString::number(last.major), QString::number(minor));
-    return last;
-}
 
 /// The element was silent or refused; the next request can go the same way.
 bool LeavesItOpen(qint32 major)
@@ -79,14 +56,14 @@ struct NodeTalk::Session
     /// What follows from a failure of that connection, which may be another one's by now.
     Answer Failed(const std::shared_ptr<SyncConnection>& failed, const QString& otherwise)
     {
-        const LastError last = LastErrorOf(*failed, otherwise);
+        const ComponentFailure last = LastFailureOf(*failed);
         if (failed == connection) {
             if (state == State::Asking && LeavesItOpen(last.major))
                 Become(State::Open);
             else
                 Close();
         }
-        return {false, last.major == SyncFailure::Major::Gateway, last.text};
+        return {false, last.major == SyncFailure::Major::Gateway, last.Told(otherwise)};
     }
 
     Answer Exchange(const std::shared_ptr<SyncConnection>& over, const QString& toTarget,

@@ -150,7 +150,7 @@ bool ScriptedRun::AskForIdentification()
     if (!answer)
         return false;
     if (answer->good)
-        std::printf("identification: %s\n", qUtf8Printable(answer->text));
+        std::printf("identification: %s\n", qUtf8Printable(answer->text.simplified()));
     else
         Tell(answer->text);
     return answer->good || answer->noNetwork;

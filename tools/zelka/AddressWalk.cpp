@@ -1,6 +1,7 @@
 #include "tools/zelka/AddressWalk.h"
 
 #include "components/syncconn/SyncFailure.h"
+#include "platform/ComponentFailure.h"
 #include "platform/MachineSeams.h"
 #include "scan/network/NodeQuery.h"
 #include "scan/network/ScanTargets.h"
@@ -10,7 +11,7 @@
 namespace {
 
 /// The failure of a request concerns its address alone; further ones can be asked.
-bool IsOfTheAddress(const NetworkSession::Failure& failure)
+bool IsOfTheAddress(const ComponentFailure& failure)
 {
     switch (failure.major) {
     case SyncFailure::Major::Target:
@@ -39,7 +40,8 @@ void WalkAddresses(const NetworkSession& session, const AddressRange& range,
         if (answered)
             found(node);
         // One of the two requests has failed; at the end of a session nothing else can be expected.
-        if ((!answered || node.type.isEmpty()) && !isOver() && !IsOfTheAddress(session.LastFailure()))
+        if ((!answered || node.type.isEmpty()) && !isOver() &&
+            !IsOfTheAddress(LastFailureOf(session.Connection())))
             session.Fail(QStringLiteral("The scan ended at address %1.").arg(address));
         if (address < range.end)
             PauseUntil(begun + range.interval, isOver);

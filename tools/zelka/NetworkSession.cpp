@@ -1,6 +1,7 @@
 #include "tools/zelka/NetworkSession.h"
 
 #include "platform/ComponentError.h"
+#include "platform/ComponentFailure.h"
 #include "platform/Components.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/Pause.h"
@@ -52,25 +53,9 @@ void NetworkSession::Open(const QString& target)
         Fail(lead);
 }
 
-NetworkSession::Failure NetworkSession::LastFailure() const
-{
-    Failure failure;
-    qint32 third = 0;
-    try {
-        m_connection->GetLastError(failure.major, failure.minor, third, failure.text);
-    } catch (const ComponentError&) {
-        return {};
-    }
-    return failure;
-}
-
 void NetworkSession::Fail(const QString& lead, const QString& otherwise) const
 {
-    const Failure failure = LastFailure();
-    const QString cause = failure.text.isEmpty() ? otherwise
-                                                 : QStringLiteral("%1 (Major code = %2, Minor code = %3)")
-                                                       .arg(failure.text, QString::number(failure.major),
-                                                            QString::number(failure.minor));
+    const QString cause = LastFailureOf(*m_connection).Told(otherwise);
     throw CommandError(ExitCode::NetworkUnavailable, cause.isEmpty() ? lead : lead + u' ' + cause);
 }
 

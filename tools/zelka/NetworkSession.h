@@ -16,14 +16,6 @@
 class NetworkSession
 {
 public:
-    struct Failure
-    {
-        qint32 major = 0;
-        qint32 minor = 0;
-        /// Empty: the connection has no words for it.
-        QString text;
-    };
-
     /// Raises CommandError (NetworkUnavailable) when a component cannot be created.
     NetworkSession(const QString& connectionId, std::function<bool()> isOver);
     ~NetworkSession();
@@ -36,8 +28,6 @@ public:
     [[nodiscard]] HvxUtility& Utility() const { return *m_utility; }
     [[nodiscard]] bool IsOver() const { return m_isOver(); }
 
-    /// What the connection tells of its last failure.
-    [[nodiscard]] Failure LastFailure() const;
     /// Raises CommandError (NetworkUnavailable): `lead`, then the words and codes of the connection; where it
     /// has none, `otherwise`.
     [[noreturn]] void Fail(const QString& lead, const QString& otherwise = QString()) const;
