@@ -1,6 +1,6 @@
 #include "platform/Utf8Locale.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <clocale>
 #include <langinfo.h>
