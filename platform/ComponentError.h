@@ -21,3 +21,8 @@ private:
     QString m_description;
     QByteArray m_what;
 };
+
+/// What any error tells: the description of a component's error, the words of another.
+[[nodiscard]] QString DescriptionOf(const std::exception& error);
+/// The same, followed by the error's number in hexadecimal in brackets; 0 where it has none.
+[[nodiscard]] QString DescriptionWithNumber(const std::exception& error);

@@ -1,7 +1,8 @@
 #include "platform/ComponentFailure.h"
 
-#include "platform/ComponentError.h"
 #include "platform/ComponentWithLastError.h"
+
+#include <exception>
 
 QString ComponentFailure::Codes() const
 {
@@ -20,7 +21,7 @@ ComponentFailure LastFailureOf(ComponentWithLastError& component)
     qint32 third = 0;
     try {
         component.GetLastError(failure.major, failure.minor, third, failure.text);
-    } catch (const ComponentError&) {
+    } catch (const std::exception&) {
         return {};
     }
     return failure;

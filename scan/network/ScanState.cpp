@@ -10,10 +10,10 @@ ScanState& Scan()
 
 void CloseScan()
 {
-    // Kept here: closing may let events run that let go of it.
+    // Kept here: closing may let events run that start anew.
+    const std::shared_ptr<HvxUtility> utility = std::exchange(Scan().HVXUtilObject, nullptr);
     if (const std::shared_ptr<SyncConnection> connection = std::exchange(Scan().SyncConnObj, nullptr))
         connection->Close();
-    Scan().HVXUtilObject.reset();
 }
 
 void ReleaseScan()

@@ -6,6 +6,7 @@
 #include "platform/ComponentError.h"
 #include "scan/network/BusList.h"
 #include "scan/network/ScanTargets.h"
+#include "scan/network/TimingLimits.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/Interruption.h"
@@ -21,6 +22,14 @@ constexpr int LongestInterval = 3'600'000;
 QString TextOf(const std::optional<int>& number)
 {
     return number ? QString::number(*number) : QString();
+}
+
+void RequireWithin(const TimingLimits& limits, const QString& what, const std::optional<int>& number)
+{
+    if (number && !limits.Allow(TextOf(number)))
+        throw CommandError(
+            ExitCode::Usage,
+            QStringLiteral("%1 must be from %2 to %3.").arg(what, Trim(limits.lowest), Trim(limits.highest)));
 }
 
 CommandError NoTarget(const QString& name)
@@ -83,10 +92,8 @@ QString ScanCommands::ReadScanTarget() const
 {
     const QString name = QString::fromStdString(m_name);
     const DatabaseSession session(m_context);
-    if (m_retries)
-        RequireTimingLimits(session, QStringLiteral("RETRY"), QStringLiteral("--retries"), *m_retries);
-    if (m_timeOut)
-        RequireTimingLimits(session, QStringLiteral("TIME"), QStringLiteral("--time-out"), *m_timeOut);
+    RequireWithin(RetryLimits(), QStringLiteral("--retries"), m_retries);
+    RequireWithin(TimeLimits(), QStringLiteral("--time-out"), m_timeOut);
     ConData& connection = ScannedConnection(session, name, m_bus);
     if (!connection.SetTargetString(false))
         throw NoTarget(name);

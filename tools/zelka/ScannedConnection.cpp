@@ -3,7 +3,6 @@
 #include "database/DatabaseClass.h"
 #include "database/DatabaseState.h"
 #include "model/ConData.h"
-#include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/RecordLookup.h"
@@ -18,21 +17,6 @@ void RequireScanRight(const DatabaseSession& session)
     session.Require(session.Gateway().SetUserSecurityDb());
     if (!Database().ScanRight)
         throw CommandError(ExitCode::Refused, QStringLiteral("This user has no right to scan."));
-}
-
-struct Limits
-{
-    int lowest = 0;
-    int highest = 0;
-};
-
-Limits LimitsOf(const DatabaseSession& session, const QString& keyword)
-{
-    DatabaseClass::GridParameter data;
-    if (session.Gateway().GetGridParameterDataDb(QStringLiteral("SOCKET"), keyword, data) &&
-        data.values.size() >= 2)
-        return {ValInt(data.values[0]), ValInt(data.values[1])};
-    return {0, keyword == u"RETRY" ? 1000 : 30'000};
 }
 
 } // namespace
@@ -62,14 +46,4 @@ bool HasBus(const ConData& connection)
 {
     QString bus;
     return connection.GetWpParamByName(BusParameter, bus);
-}
-
-void RequireTimingLimits(const DatabaseSession& session, const QString& keyword, const QString& what,
-                         int value)
-{
-    const Limits limits = LimitsOf(session, keyword);
-    if (value < limits.lowest || value > limits.highest)
-        throw CommandError(ExitCode::Usage,
-                           QStringLiteral("%1 must be from %2 to %3.")
-                               .arg(what, QString::number(limits.lowest), QString::number(limits.highest)));
 }

@@ -17,8 +17,3 @@ class DatabaseSession;
 
 /// The connection leads over a bus.
 [[nodiscard]] bool HasBus(const ConData& connection);
-
-/// Raises CommandError (Usage) unless a number lies within the limits that the database has for a parameter
-/// of scans, "RETRY" or "TIME"; `what`: what the words call it.
-void RequireTimingLimits(const DatabaseSession& session, const QString& keyword, const QString& what,
-                         int value);

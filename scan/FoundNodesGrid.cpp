@@ -1,0 +1,186 @@
+#include "scan/FoundNodesGrid.h"
+
+#include "model/TextHelpers.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+constexpr int NarrowColumnTwips = 1000;
+/// Around the text of a row, in pixels.
+constexpr int RowMargin = 6;
+
+const std::array<QString, FoundNodesGrid::ColumnCount> Headers{
+    QStringLiteral("Address"), QStringLiteral("Type"), QStringLiteral("Identification")};
+
+const QString NoAnswerMark = QStringLiteral("?");
+const QString NoAnswer = QStringLiteral("no answer");
+
+} // namespace
+
+FoundNodesGrid::FoundNodesGrid(QWidget* parent) : FlexGrid(parent)
+{
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    horizontalHeader()->setSectionsClickable(true);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { Click(0); });
+    InitFoundNodesGrid();
+}
+
+void FoundNodesGrid::InitFoundNodesGrid()
+{
+    m_foundCount = 0;
+    m_gridRows = EmptyGridRows;
+    SelectGridRow(0);
+    clear();
+    SetGridSize(m_gridRows, ColumnCount);
+    for (int column = AddressColumn; column < ColumnCount; ++column) {
+        SetTextMatrix(0, column, Headers[static_cast<std::size_t>(column)]);
+        SetCellFont(0, column, true, false);
+    }
+    const int narrow = qRound(double(NarrowColumnTwips) * logicalDpiX() / TwipsPerInch);
+    for (const int column : {AddressColumn, TypeColumn})
+        setColumnWidth(column, std::max(narrow, HeaderWidth(column)));
+    horizontalHeader()->setSectionResizeMode(IdentificationColumn, QHeaderView::Stretch);
+    SetRowHeights(fontMetrics().height() + RowMargin);
+    verticalScrollBar()->setValue(0);
+}
+
+/// A large font needs more than the usual width.
+int FoundNodesGrid::HeaderWidth(int column) const
+{
+    QFont font = horizontalHeader()->font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(TextMatrix(0, column)) +
+           2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader());
+}
+
+// Rows --------------------------------------------------------------------------------------------------
+
+void FoundNodesGrid::StoreFoundNode(qint16 address, const QString& type, const QString& identification)
+{
+    qint16 row = 0;
+    if (FindNodeRow(address, row)) {
+        MarkNodeRow(row, false);
+        return;
+    }
+    AddNodeRow(address, type, identification);
+    if (row > 0)
+        SortFoundRows();
+}
+
+bool FoundNodesGrid::FindNodeRow(qint16 address, qint16& row) const
+{
+    const QString searched = QString::number(address);
+    row = 0;
+    for (qint16 k = 1; k <= m_foundCount; ++k) {
+        const QString cell = TextMatrix(k, AddressColumn);
+        const QStringView text = TrimBlanks(cell);
+        if (text == searched) {
+            row = k;
+            return true;
+        }
+        if (!text.isEmpty() && Val(text) > address)
+            row = k;
+    }
+    return false;
+}
+
+void FoundNodesGrid::AddNodeRow(qint16 address, const QString& type, const QString& identification)
+{
+    ++m_foundCount;
+    if (m_foundCount > m_gridRows - 1) {
+        ++m_gridRows;
+        SetGridSize(m_gridRows, ColumnCount);
+    }
+    SetTextMatrix(m_foundCount, AddressColumn, QString::number(address));
+    SetTextMatrix(m_foundCount, TypeColumn, type);
+    SetTextMatrix(m_foundCount, IdentificationColumn, identification);
+    SelectGridRow(1);
+}
+
+void FoundNodesGrid::SortFoundRows()
+{
+    using RowCells = std::array<QTableWidgetItem*, ColumnCount>;
+    std::vector<RowCells> rows(static_cast<std::size_t>(m_foundCount));
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        for (std::size_t column = 0; column < ColumnCount; ++column)
+            rows[row][column] = takeItem(static_cast<int>(row), static_cast<int>(column));
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const RowCells& first, const RowCells& second) {
+        return Val(first[AddressColumn]->text()) < Val(second[AddressColumn]->text());
+    });
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        for (std::size_t column = 0; column < ColumnCount; ++column)
+            setItem(static_cast<int>(row), static_cast<int>(column), rows[row][column]);
+    }
+}
+
+void FoundNodesGrid::MarkNodeRow(qint16 row, bool mark)
+{
+    const QString meaning = mark ? NoAnswer : QString();
+    for (int column = AddressColumn; column < ColumnCount; ++column) {
+        SetCellFont(row, column, false, mark);
+        SetCellMark(row, column, mark && column == AddressColumn ? NoAnswerMark : QString(), meaning);
+    }
+    SelectGridRow(row);
+}
+
+bool FoundNodesGrid::IsMarked(qint16 row) const
+{
+    return !CellMark(row, AddressColumn).isEmpty();
+}
+
+void FoundNodesGrid::SelectGridRow(qint16 row)
+{
+    // What the operator looks at stays where it is.
+    setAutoScroll(false);
+    if (row > 0)
+        SetCell(row, AddressColumn);
+    else
+        setCurrentItem(nullptr);
+    setAutoScroll(true);
+}
+
+// Events ------------------------------------------------------------------------------------------------
+
+void FoundNodesGrid::Click(int row)
+{
+    if (m_foundCount == 0) {
+        SelectGridRow(0);
+        return;
+    }
+    const auto nearest = static_cast<qint16>(std::clamp(row, 1, int(m_foundCount)));
+    SelectGridRow(nearest);
+    scrollTo(currentIndex());
+    if (row == nearest)
+        Q_EMIT NodeClick();
+}
+
+void FoundNodesGrid::mouseReleaseEvent(QMouseEvent* event)
+{
+    FlexGrid::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    const int y = event->position().toPoint().y();
+    const int row = rowAt(y) + 1;
+    Click(row > 0 || y < 0 ? row : GridRows());
+}
+
+void FoundNodesGrid::keyPressEvent(QKeyEvent* event)
+{
+    const int before = Row();
+    FlexGrid::keyPressEvent(event);
+    if (Row() == before)
+        return;
+    // Keys go through the found nodes only.
+    Click(std::min(Row(), int(m_foundCount)));
+}
