@@ -1,6 +1,7 @@
 #include "database/ReportComponentError.h"
 
 #include "platform/ComponentError.h"
+#include "platform/ComponentFailure.h"
 #include "platform/MsgBox.h"
 
 namespace {
@@ -9,17 +10,14 @@ const QString LineEnd = QStringLiteral("\r\n");
 
 QString CauseOf(ComponentWithLastError& component)
 {
-    qint32 major = 0;
-    qint32 minor = 0;
+    ComponentFailure failure;
     qint32 third = 0;
-    QString text;
     try {
-        component.GetLastError(major, minor, third, text);
+        component.GetLastError(failure.major, failure.minor, third, failure.text);
     } catch (const std::exception& error) {
         return QStringLiteral("Error with HVX component") + LineEnd + DescriptionWithNumber(error);
     }
-    return text + LineEnd + QStringLiteral("(Major code = ") + QString::number(major) +
-           QStringLiteral(", Minor code = ") + QString::number(minor) + u')';
+    return failure.text + LineEnd + failure.Codes();
 }
 
 } // namespace

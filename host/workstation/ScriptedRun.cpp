@@ -2,6 +2,7 @@
 
 #include "browser/T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
+#include "host/workstation/ConsolePanel.h"
 #include "host/workstation/TargetPanel.h"
 #include "host/workstation/WorkstationOptions.h"
 #include "host/workstation/WorkstationWindow.h"
@@ -86,21 +87,28 @@ int ScriptedRun::Run()
     }
 
     ShowPage(DatabasePage);
-    const bool selected = SelectFirstNode();
-    const QString target = selected ? ReadTarget() : QString();
+    const bool worked = AskFirstNode();
     TakePicture(QStringLiteral("nodes.png"));
     ShowConnections();
     TakePicture(QStringLiteral("connections.png"));
     ShowPage(DirectPage);
     TakePicture(QStringLiteral("direct.png"));
+    return worked && m_picturesTaken ? ExitCode::Done : ExitCode::Refused;
+}
 
-    if (!selected)
+bool ScriptedRun::AskFirstNode()
+{
+    if (!SelectFirstNode()) {
         Tell(QStringLiteral("the database has no node"));
-    else if (target.isEmpty())
+        return false;
+    }
+    const QString target = ReadTarget();
+    if (target.isEmpty()) {
         Tell(QStringLiteral("the node has no valid target"));
-    else
-        std::printf("%s\n", qUtf8Printable(target));
-    return !target.isEmpty() && m_picturesTaken ? ExitCode::Done : ExitCode::Refused;
+        return false;
+    }
+    std::printf("%s\n", qUtf8Printable(target));
+    return AskForIdentification();
 }
 
 bool ScriptedRun::SelectFirstNode()
@@ -134,6 +142,18 @@ QString ScriptedRun::ReadTarget()
 {
     m_window.Panel().findChild<QAbstractButton*>(QStringLiteral("cmdReadTarget"))->click();
     return m_window.Panel().Target();
+}
+
+bool ScriptedRun::AskForIdentification()
+{
+    const std::optional<NodeTalk::Answer> answer = m_window.Console().Send(QStringLiteral("40"));
+    if (!answer)
+        return false;
+    if (answer->good)
+        std::printf("identification: %s\n", qUtf8Printable(answer->text.simplified()));
+    else
+        Tell(answer->text);
+    return answer->good || answer->noNetwork;
 }
 
 void ScriptedRun::TakePicture(const QString& name)

@@ -7,9 +7,10 @@ class QModelIndex;
 class WorkstationWindow;
 
 /// Works the window as an operator would, for machines without a display: selects the first node, has its
-/// target read, and takes pictures of the pages.
+/// target read, asks the node there for its identification, and takes pictures of the pages.
 ///
-/// Prints the target on standard output; whatever else there is to tell goes to standard error.
+/// Prints the target and the identification on standard output; whatever else there is to tell goes to
+/// standard error.
 class ScriptedRun
 {
 public:
@@ -20,10 +21,14 @@ public:
     [[nodiscard]] int Run();
 
 private:
+    /// False: it has told why not.
+    [[nodiscard]] bool AskFirstNode();
     [[nodiscard]] bool SelectFirstNode();
     void ShowConnections();
     void ShowPage(int page);
     [[nodiscard]] QString ReadTarget();
+    /// False: the network is there and the node gave no identification.
+    [[nodiscard]] bool AskForIdentification();
     void TakePicture(const QString& name);
 
     WorkstationWindow& m_window;

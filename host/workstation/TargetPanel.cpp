@@ -64,6 +64,7 @@ void TargetPanel::ReadTarget()
         Show(target, ReadText(), true);
     else
         Show(QString(), target == untouched ? FailedText() : RefusedText(), false);
+    Q_EMIT TargetRead(Target());
 }
 
 void TargetPanel::cmdCopy_Click()

@@ -31,6 +31,10 @@ public:
 public Q_SLOTS:
     void ReadTarget();
 
+Q_SIGNALS:
+    /// After each reading, with the new Target.
+    void TargetRead(const QString& target);
+
 private:
     void cmdCopy_Click();
     void Show(const QString& target, const QString& state, bool good);

@@ -17,9 +17,10 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
     CLI::App app("Shows the connection browser and hands over the target that is selected in it.",
                  "zelka-workstation");
     app.footer(
-        "Without a display the program selects the first node, prints its target and writes pictures of\n"
-        "its pages to a folder that it names on standard error.\n\n"
-        "Exit codes: 0 done, 1 refused or no node, 2 usage, 3 database unavailable.");
+        "Without a display the program selects the first node, prints its target, asks the node for its\n"
+        "identification and prints that, and writes pictures of its pages to a folder that it names on\n"
+        "standard error. Where no gateway can be reached it says so and goes on without.\n\n"
+        "Exit codes: 0 done, 1 refused, no node or no answer, 2 usage, 3 database unavailable.");
     app.set_version_flag("-V,--version", "zelka-workstation " ZELKA_VERSION, "Print the version and end");
 
     std::string database;

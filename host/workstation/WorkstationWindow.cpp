@@ -2,6 +2,7 @@
 
 #include "browser/T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
+#include "host/workstation/ConsolePanel.h"
 #include "host/workstation/frmAbout.h"
 #include "host/workstation/ui_WorkstationWindow.h"
 #include "platform/controls/SettingsPropertyBag.h"
@@ -73,6 +74,7 @@ WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place 
     if (m_place == Place::Kept)
         RestorePlace();
     m_ui->mnuSettings->setEnabled(false);
+    connect(m_ui->pnlTarget, &TargetPanel::TargetRead, m_ui->pnlConsole, &ConsolePanel::SetTarget);
 }
 
 WorkstationWindow::~WorkstationWindow() = default;
@@ -100,6 +102,11 @@ void WorkstationWindow::Start()
 TargetPanel& WorkstationWindow::Panel() const
 {
     return *m_ui->pnlTarget;
+}
+
+ConsolePanel& WorkstationWindow::Console() const
+{
+    return *m_ui->pnlConsole;
 }
 
 QString WorkstationWindow::DatabaseText() const
@@ -180,6 +187,7 @@ void WorkstationWindow::paintEvent(QPaintEvent* event)
 
 void WorkstationWindow::closeEvent(QCloseEvent* event)
 {
+    m_ui->pnlConsole->Disconnect();
     if (m_control) {
         WriteProperties();
         if (m_place == Place::Kept)

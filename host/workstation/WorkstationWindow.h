@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class ConsolePanel;
 class QSettings;
 class T4ZelkaBrowser;
 class TargetPanel;
@@ -12,7 +13,8 @@ namespace Ui {
 class WorkstationWindow;
 }
 
-/// The operator's window: the control beside a panel that shows which target a host gets from it.
+/// The operator's window: the control beside a panel that shows which target a host gets from it, and a
+/// console that talks to that target.
 ///
 /// The properties of the control, and the window's place, are kept in the settings from one run to the next.
 class WorkstationWindow : public QMainWindow
@@ -40,6 +42,7 @@ public:
     /// Null before the start.
     [[nodiscard]] T4ZelkaBrowser* Control() const { return m_control; }
     [[nodiscard]] TargetPanel& Panel() const;
+    [[nodiscard]] ConsolePanel& Console() const;
     /// The database in use as the operator is told it.
     [[nodiscard]] QString DatabaseText() const;
 

@@ -1,5 +1,6 @@
 #include "tests/components/DatabaseFixture.h"
 #include "tests/host/RunProgram.h"
+#include "tests/tools/netsim/NetsimProgram.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,10 +33,14 @@ class TestWorkstationProgram : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
 
     void Start_NoDisplay_PrintsTheTargetOfTheFirstNode();
     void Start_NoDisplay_WritesPicturesOfThePages();
+    void Start_Network_PrintsTheIdentification();
+    void Start_NoGateway_TellsAndGoesOn();
+    void Start_NodeRefused_TellsAndEndsRefused();
     void Start_NoFolderChosen_NamesTheFolderItMade();
     void Start_SourceFromEnvironment_OpensIt();
     void Start_BothSources_OptionWins();
@@ -66,8 +71,22 @@ private:
     DatabaseFixture m_database;
 };
 
-/// East hangs on Beta; what equals its default is left out.
-static const QString EastTarget = QStringLiteral("WP=SOCKET,HOST=gateway-2,WP=BUST4,ID=7,WP=NET4,ADDR=4094");
+/// East hangs on Beta, whose gateway is one that nobody runs; what equals its default is left out.
+static const QString EastTarget =
+    QStringLiteral("WP=SOCKET,HOST=127.0.0.1,PORT=9,WP=BUST4,ID=7,WP=NET4,ADDR=4094");
+
+/// Leads Beta to another gateway.
+static void LeadBetaTo(const DatabaseFixture& database, quint16 port)
+{
+    database.OpenComponent()->ReplaceParentTarget(
+        QStringLiteral("Beta"),
+        QStringLiteral("WP=SOCKET,HOST=127.0.0.1,PORT=%1,WP=BUST4,ID=7,WP=OPT").arg(port));
+}
+
+void TestWorkstationProgram::initTestCase()
+{
+    LeadBetaTo(m_database, 9);
+}
 
 void TestWorkstationProgram::init()
 {
@@ -113,6 +132,48 @@ void TestWorkstationProgram::Start_NoDisplay_WritesPicturesOfThePages()
     QVERIFY(nodes != connections);
     QVERIFY(nodes != direct);
     QVERIFY(connections != direct);
+}
+
+void TestWorkstationProgram::Start_Network_PrintsTheIdentification()
+{
+    NetsimProgram network;
+    network.Serve({network.Write(QStringLiteral("network.json"),
+                                 R"({"buses": [{"number": 7, "nodes": [
+                                     {"address": 4094, "identification": "Köln"}]}]})"),
+                   QStringLiteral("--quiet")});
+    const DatabaseFixture database;
+    LeadBetaTo(database, network.Port());
+
+    const Outcome outcome = RunOn(database.Source());
+
+    QVERIFY2(outcome.code == 0, qUtf8Printable(outcome.errors));
+    QCOMPARE(outcome.output.section(u'\n', 1), QStringLiteral("identification: Köln\n"));
+}
+
+void TestWorkstationProgram::Start_NoGateway_TellsAndGoesOn()
+{
+    const Outcome outcome = RunOn(m_database.Source());
+
+    QCOMPARE(outcome.code, 0);
+    QCOMPARE(outcome.output, EastTarget + QLatin1Char('\n'));
+    QVERIFY2(outcome.errors.contains(QStringLiteral("(Major code = 2, Minor code = 2)")),
+             qUtf8Printable(outcome.errors));
+}
+
+void TestWorkstationProgram::Start_NodeRefused_TellsAndEndsRefused()
+{
+    NetsimProgram network;
+    network.Serve(
+        {network.Write(QStringLiteral("network.json"), R"({"buses": []})"), QStringLiteral("--quiet")});
+    const DatabaseFixture database;
+    LeadBetaTo(database, network.Port());
+
+    const Outcome outcome = RunOn(database.Source());
+
+    QCOMPARE(outcome.code, 1);
+    QVERIFY2(outcome.errors.contains(QStringLiteral("(Major code = 3, Minor code = 1)")),
+             qUtf8Printable(outcome.errors));
+    QCOMPARE(QDir(Home(QStringLiteral("pictures"))).entryList(QDir::Files).size(), 3);
 }
 
 void TestWorkstationProgram::Start_NoFolderChosen_NamesTheFolderItMade()

@@ -1,9 +1,11 @@
 #include "browser/T4ZelkaBrowser.h"
 #include "components/hvxdb/HvxAdministration.h"
+#include "host/workstation/ConsolePanel.h"
 #include "host/workstation/TargetPanel.h"
 #include "host/workstation/WorkstationWindow.h"
 #include "tests/components/DatabaseFixture.h"
 #include "tests/support/RecordingPresenter.h"
+#include "tests/support/ScriptedNetwork.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -12,6 +14,9 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -40,6 +45,10 @@ private Q_SLOTS:
     void Select_Node_PanelShowsItsTarget();
     void Select_Root_PanelTellsThereIsNone();
     void TypeTarget_Read_PanelShowsIt();
+    void Send_NodeSelected_AsksIt();
+    void Send_OtherNodeSelectedMeanwhile_AsksTheFirst();
+    void Close_WhileAReplyIsWaitedFor_EndsTheWait();
+    void AccessKeys_OfThePanels_BelongToNothingElse();
     void Settings_Changed_AreKeptForTheNextRun_data();
     void Settings_Changed_AreKeptForTheNextRun();
     void Settings_ChangedInTheControl_ShowInTheMenu();
@@ -62,12 +71,18 @@ private:
         return *m_window->findChild<Widget*>(QLatin1String(name));
     }
     void ClickEntry(const QModelIndex& entry) const;
+    void ClickNode(int row) const
+    {
+        const QAbstractItemModel* nodes = Child<QAbstractItemView>("tvwNodesTree").model();
+        ClickEntry(nodes->index(row, 0, nodes->index(0, 0)));
+    }
 
     std::unique_ptr<DatabaseFixture> m_database;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<QSettings> m_settings;
     std::unique_ptr<WorkstationWindow> m_window;
     std::unique_ptr<RecordingPresenter> m_boxes;
+    std::unique_ptr<ScriptedNetwork> m_network;
 };
 
 void TestWorkstationWindow::init()
@@ -78,12 +93,14 @@ void TestWorkstationWindow::init()
     m_settings =
         std::make_unique<QSettings>(m_folder->filePath(QStringLiteral("kept.ini")), QSettings::IniFormat);
     m_boxes = std::make_unique<RecordingPresenter>();
+    m_network = std::make_unique<ScriptedNetwork>();
     RegisterHvxDatabase();
 }
 
 void TestWorkstationWindow::cleanup()
 {
     m_window.reset();
+    m_network.reset();
     m_boxes.reset();
     m_settings.reset();
     SetDataSource(QString());
@@ -206,9 +223,8 @@ void TestWorkstationWindow::DatabaseText_UrlWithPassword_HidesIt()
 void TestWorkstationWindow::Select_Node_PanelShowsItsTarget()
 {
     Open(m_database->Source());
-    const QAbstractItemModel* nodes = Child<QAbstractItemView>("tvwNodesTree").model();
 
-    ClickEntry(nodes->index(0, 0, nodes->index(0, 0)));
+    ClickNode(0);
 
     QCOMPARE(m_window->Panel().Target(),
              QStringLiteral("WP=SOCKET,HOST=gateway-2,WP=BUST4,ID=7,WP=NET4,ADDR=4094"));
@@ -217,10 +233,9 @@ void TestWorkstationWindow::Select_Node_PanelShowsItsTarget()
 void TestWorkstationWindow::Select_Root_PanelTellsThereIsNone()
 {
     Open(m_database->Source());
-    const QAbstractItemModel* nodes = Child<QAbstractItemView>("tvwNodesTree").model();
-    ClickEntry(nodes->index(0, 0, nodes->index(0, 0)));
+    ClickNode(0);
 
-    ClickEntry(nodes->index(0, 0));
+    ClickEntry(Child<QAbstractItemView>("tvwNodesTree").model()->index(0, 0));
 
     QVERIFY(m_window->Panel().Target().isEmpty());
     QVERIFY(Child<QLabel>("lblState").text().startsWith(QStringLiteral("There is no valid target.")));
@@ -236,6 +251,78 @@ void TestWorkstationWindow::TypeTarget_Read_PanelShowsIt()
     QTest::mouseClick(&Child<QAbstractButton>("cmdReadTarget"), Qt::LeftButton);
 
     QCOMPARE(m_window->Panel().Target(), QStringLiteral("WP=BUST4,ID=254"));
+}
+
+void TestWorkstationWindow::Send_NodeSelected_AsksIt()
+{
+    Open(m_database->Source());
+    m_network->OnSend = [](const QString&, const QString&) { return QStringLiteral("Tower"); };
+    QVERIFY(!Child<QAbstractButton>("cmdSend").isEnabled());
+
+    ClickNode(0);
+    QTest::mouseClick(&Child<QAbstractButton>("cmdSend"), Qt::LeftButton);
+
+    QVERIFY(m_network->Calls.contains(QStringLiteral("Open ") + m_window->Panel().Target()));
+    QVERIFY(Child<QPlainTextEdit>("txtLog").toPlainText().endsWith(QStringLiteral("< Tower")));
+}
+
+void TestWorkstationWindow::Send_OtherNodeSelectedMeanwhile_AsksTheFirst()
+{
+    Open(m_database->Source());
+    ClickNode(0);
+    const QString first = m_window->Panel().Target();
+    m_network->OnSend = [this](const QString&, const QString&) {
+        ClickNode(1);
+        return QStringLiteral("Tower");
+    };
+
+    const std::optional<NodeTalk::Answer> answer = m_window->Console().Send(QStringLiteral("40"));
+
+    QVERIFY(answer && answer->good);
+    QVERIFY(m_window->Panel().Target() != first);
+    QCOMPARE(m_network->Calls.filter(QStringLiteral("Open")), QStringList{QStringLiteral("Open ") + first});
+}
+
+void TestWorkstationWindow::Close_WhileAReplyIsWaitedFor_EndsTheWait()
+{
+    Open(m_database->Source());
+    ClickNode(0);
+    m_network->OnSend = [this](const QString&, const QString&) {
+        m_window->close();
+        if (m_network->Calls.contains(QStringLiteral("Close")))
+            ScriptedNetwork::Raise(QStringLiteral("Closed"));
+        return QStringLiteral("Tower");
+    };
+
+    const std::optional<NodeTalk::Answer> answer = m_window->Console().Send(QStringLiteral("40"));
+
+    QVERIFY(answer && !answer->good);
+    QVERIFY(!m_window->isVisible());
+    QCOMPARE(m_network->Connections, 0);
+}
+
+void TestWorkstationWindow::AccessKeys_OfThePanels_BelongToNothingElse()
+{
+    Open(m_database->Source());
+    QStringList texts;
+    for (const QAbstractButton* button : m_window->findChildren<QAbstractButton*>())
+        texts << button->text();
+    for (const QLabel* label : m_window->findChildren<QLabel*>()) {
+        if (label->buddy())
+            texts << label->text();
+    }
+    for (const QMenu* menu : m_window->menuBar()->findChildren<QMenu*>())
+        texts << menu->title();
+    QHash<QKeySequence, int> uses;
+    for (const QString& text : std::as_const(texts))
+        ++uses[QKeySequence::mnemonic(text)];
+
+    const QStringList ours{"Read Tar&get", "Cop&y",      "Re&quest:",  "Se&nd",
+                           "&Disconnect",  "Copy Te&xt", "Clear &Text"};
+    for (const QString& text : ours) {
+        QVERIFY2(texts.contains(text), qUtf8Printable(text));
+        QVERIFY2(uses.value(QKeySequence::mnemonic(text)) == 1, qUtf8Printable(text));
+    }
 }
 
 void TestWorkstationWindow::Settings_Changed_AreKeptForTheNextRun_data()

@@ -1,9 +1,7 @@
 #include "tests/components/DatabaseFixture.h"
 #include "tests/support/FakeMachine.h"
-#include "tools/zelka/CommandLine.h"
+#include "tests/tools/ProcessRun.h"
 
-#include <QBuffer>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
 
@@ -44,21 +42,15 @@ private:
     /// Runs the command; behind each look at the Journal comes the next step, behind the last one the end.
     [[nodiscard]] int Run(const QStringList& arguments, const std::vector<Step>& steps = {},
                           qint64 intervalMs = 1000);
-    [[nodiscard]] QStringList Lines() const;
-    [[nodiscard]] QStringList Words() const;
+    [[nodiscard]] QStringList Lines() const { return m_run->Lines(); }
+    [[nodiscard]] QStringList Words() const { return m_run->Words(); }
 
     std::unique_ptr<DatabaseFixture> m_fixture;
     std::unique_ptr<FakeMachine> m_machine;
-    QBuffer m_data;
-    QBuffer m_words;
+    std::unique_ptr<ProcessRun> m_run;
 };
 
 namespace {
-
-QStringList LinesOf(const QBuffer& buffer)
-{
-    return QString::fromUtf8(buffer.data()).split(u'\n', Qt::SkipEmptyParts);
-}
 
 /// The columns behind id and time.
 QStringList WhatOf(const QStringList& lines)
@@ -87,16 +79,12 @@ void TestJournalCommand::init()
 {
     m_fixture = std::make_unique<DatabaseFixture>();
     m_machine = std::make_unique<FakeMachine>();
-    m_data.setData({});
-    m_words.setData({});
-    m_data.open(QIODevice::WriteOnly);
-    m_words.open(QIODevice::WriteOnly);
+    m_run = std::make_unique<ProcessRun>();
 }
 
 void TestJournalCommand::cleanup()
 {
-    m_data.close();
-    m_words.close();
+    m_run.reset();
     m_machine.reset();
     m_fixture.reset();
 }
@@ -116,27 +104,9 @@ int TestJournalCommand::Run(const QStringList& arguments, const std::vector<Step
         }
         sleep(ms);
     };
-    const QStringList all =
-        QStringList{QStringLiteral("zelka"), QStringLiteral("db"), QStringLiteral("journal"),
-                    QStringLiteral("--source"), m_fixture->Source()} +
-        arguments;
-    std::vector<QByteArray> bytes;
-    for (const QString& argument : all)
-        bytes.push_back(argument.toUtf8());
-    std::vector<const char*> argv;
-    for (const QByteArray& argument : bytes)
-        argv.push_back(argument.constData());
-    return static_cast<int>(RunCommandLine(static_cast<int>(argv.size()), argv.data(), m_data, m_words));
-}
-
-QStringList TestJournalCommand::Lines() const
-{
-    return LinesOf(m_data);
-}
-
-QStringList TestJournalCommand::Words() const
-{
-    return LinesOf(m_words);
+    return m_run->Run(QStringList{QStringLiteral("db"), QStringLiteral("journal"), QStringLiteral("--source"),
+                                  m_fixture->Source()} +
+                      arguments);
 }
 
 void TestJournalCommand::Journal_Plain_PrintsEachChange()
@@ -331,7 +301,7 @@ void TestJournalCommand::Follow_Maintenance_IsWaitedFor()
     QCOMPARE(code, 0);
     QCOMPARE(WhatOf(Lines()), QStringList{QStringLiteral("node deleted\tEast\t6")});
     QCOMPARE(Words().size(), 2);
-    QVERIFY2(Words().first().contains(QStringLiteral("in use")), m_words.data().constData());
+    QVERIFY2(Words().first().contains(QStringLiteral("in use")), qUtf8Printable(Words().first()));
     QCOMPARE(Words().last(), QStringLiteral("zelka: The database can be read again."));
 }
 

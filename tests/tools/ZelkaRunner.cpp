@@ -1,7 +1,6 @@
 #include "ZelkaRunner.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QProcessEnvironment>
 
 QStringList ZelkaResult::Lines() const
@@ -24,19 +23,30 @@ ZelkaResult ZelkaRunner::RunInShell(const QString& line, const QStringList& argu
     return RunProgram(QStringLiteral("/bin/sh"), shell + arguments, input);
 }
 
-ZelkaResult ZelkaRunner::RunProgram(const QString& program, const QStringList& arguments,
-                                    const QByteArray& input) const
+void ZelkaRunner::Prepare(QProcess& process) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("ZELKA_DBS32"), Database());
     for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS"})
         environment.insert(QString::fromUtf8(folder), m_place.Folder());
+    environment.remove(QStringLiteral("ZELKA_GATEWAY"));
     // As in a scheduled script; names are UTF-8 all the same.
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-
-    QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_place.Folder());
+}
+
+void ZelkaRunner::Start(QProcess& process, const QStringList& arguments) const
+{
+    Prepare(process);
+    process.start(QStringLiteral(ZELKA_PROGRAM), arguments);
+}
+
+ZelkaResult ZelkaRunner::RunProgram(const QString& program, const QStringList& arguments,
+                                    const QByteArray& input) const
+{
+    QProcess process;
+    Prepare(process);
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();

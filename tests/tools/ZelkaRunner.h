@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QJsonDocument>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 
@@ -35,6 +36,9 @@ public:
     ZelkaResult RunInShell(const QString& line, const QStringList& arguments,
                            const QByteArray& input = {}) const;
 
+    /// Starts it and comes back while it runs.
+    void Start(QProcess& process, const QStringList& arguments) const;
+
     /// Makes the database with one connection "Bus" that has the node "Tower", and one manager, "Radio".
     void MakeSmallDatabase() const;
     void MakeDemoDatabase() const;
@@ -50,6 +54,8 @@ public:
     [[nodiscard]] QByteArray Rows(const QByteArray& text) const;
 
 private:
+    /// The folder and the environment of a run.
+    void Prepare(QProcess& process) const;
     ZelkaResult RunProgram(const QString& program, const QStringList& arguments,
                            const QByteArray& input) const;
 

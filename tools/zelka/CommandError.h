@@ -12,6 +12,9 @@ enum class ExitCode
     Refused = 1,
     Usage = 2,
     DatabaseUnavailable = 3,
+    NetworkUnavailable = 4,
+    /// By Ctrl+C; what a shell gives for that.
+    Interrupted = 130,
 };
 
 /// Ends a command with an exit code and one line of words.

@@ -11,6 +11,7 @@
 #include "tools/zelka/JournalCommand.h"
 #include "tools/zelka/ListCommands.h"
 #include "tools/zelka/ManageCommand.h"
+#include "tools/zelka/ScanCommands.h"
 #include "tools/zelka/ShowCommand.h"
 #include "tools/zelka/TargetCommands.h"
 #include "tools/zelka/TransferCommands.h"
@@ -85,9 +86,12 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     CommandOutput output(data, words);
     CommandContext context{output, {}, false, {}};
 
-    CLI::App app("Makes, fills, checks, reads and changes the HVX Database of connections and nodes.\n"
-                 "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable.",
-                 "zelka");
+    CLI::App app(
+        "Makes, fills, checks, reads and changes the HVX Database of connections and nodes, and asks\n"
+        "the network behind them.\n"
+        "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable,\n"
+        "4 network unavailable, 130 ended by Ctrl+C.",
+        "zelka");
     app.set_version_flag("--version", "zelka " ZELKA_VERSION);
     app.failure_message(FailureText);
     app.require_subcommand(1);
@@ -104,6 +108,7 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     const TargetCommands target(app, context);
     const EditCommands edit(app, context);
     const ManageCommand manage(app, context);
+    const ScanCommands scan(app, context);
 
     try {
         ExitCode code = ExitCode::Done;

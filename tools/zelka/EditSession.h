@@ -2,7 +2,7 @@
 
 #include "model/TreeEntries.h"
 #include "tools/zelka/Assignments.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/RecordLookup.h"
 
 #include <optional>
@@ -17,7 +17,7 @@ public:
     EditSession(const EditSession&) = delete;
     EditSession& operator=(const EditSession&) = delete;
 
-    [[nodiscard]] const GatewaySession& Session() const { return m_session; }
+    [[nodiscard]] const DatabaseSession& Session() const { return m_session; }
     [[nodiscard]] DatabaseClass& Gateway() const { return m_session.Gateway(); }
     [[nodiscard]] ConData& Con() const { return m_session.Connection(); }
     [[nodiscard]] TreeEntries& ConTree() { return m_conTree; }
@@ -35,7 +35,7 @@ public:
 private:
     void RequireEditRight() const;
 
-    GatewaySession m_session;
+    DatabaseSession m_session;
     TreeEntries m_conTree;
     TreeEntries m_nodesTree;
 };

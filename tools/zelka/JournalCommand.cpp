@@ -5,17 +5,14 @@
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/Interruption.h"
 #include "tools/zelka/JournalFeed.h"
+#include "tools/zelka/Pause.h"
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <csignal>
 #include <limits>
 
 namespace {
-
-/// How soon the end of the command is noticed, in milliseconds.
-constexpr qint64 LongestSleep = 100;
 
 QString WhatHappened(qint32 recordType)
 {
@@ -124,11 +121,5 @@ bool JournalCommand::IsOver() const
 
 void JournalCommand::Wait() const
 {
-    const qint64 end = Machine().MonotonicMs() + static_cast<qint64>(m_interval * 1000);
-    while (!IsOver()) {
-        const qint64 left = end - Machine().MonotonicMs();
-        if (left <= 0)
-            return;
-        Machine().Sleep(static_cast<int>(std::min(left, LongestSleep)));
-    }
+    PauseUntil(Machine().MonotonicMs() + static_cast<qint64>(m_interval * 1000), [this] { return IsOver(); });
 }

@@ -3,7 +3,7 @@
 #include "database/DatabaseClass.h"
 #include "model/ItemList.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 ListCommands::ListCommands(CLI::App& app, CommandContext& context) : m_context(context)
 {
@@ -29,7 +29,7 @@ ListCommands::ListCommands(CLI::App& app, CommandContext& context) : m_context(c
 
 void ListCommands::ListConnections() const
 {
-    GatewaySession session(m_context);
+    DatabaseSession session(m_context);
     QString list;
     session.Require(session.Gateway().QueryParentsDb(list));
     if (m_context.output.Json())
@@ -41,7 +41,7 @@ void ListCommands::ListConnections() const
 
 void ListCommands::ListNodes() const
 {
-    GatewaySession session(m_context);
+    DatabaseSession session(m_context);
     const QString under = QString::fromStdString(m_under);
     if (!under.isEmpty()) {
         bool exists = false;

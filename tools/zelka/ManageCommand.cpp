@@ -1,7 +1,7 @@
 #include "tools/zelka/ManageCommand.h"
 
 #include "database/ManagerLaunch.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/RecordLookup.h"
 
 #include <QJsonArray>
@@ -18,7 +18,7 @@ ManageCommand::ManageCommand(CLI::App& app, CommandContext& context) : m_context
 
 void ManageCommand::Manage() const
 {
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     const FoundRecord node = FindNode(session, QString::fromStdString(m_name));
     ManagerCommand command;
     if (!ReadManagerCommand(node.name, command) || (!m_print && !LaunchManager(command)))

@@ -8,7 +8,7 @@
 #include "model/ParameterLists.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/ValueCheck.h"
 
 #include <QJsonObject>
@@ -35,7 +35,7 @@ bool SameText(const QString& one, const QString& other)
 
 } // namespace
 
-ParameterValues::ParameterValues(const GatewaySession& session, ConData& con, int waypointCount)
+ParameterValues::ParameterValues(const DatabaseSession& session, ConData& con, int waypointCount)
     : m_session(session), m_con(con), m_waypointCount(std::min(waypointCount, ConData::MaxWaypoints))
 {}
 

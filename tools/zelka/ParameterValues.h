@@ -8,7 +8,7 @@
 #include <set>
 
 class ConData;
-class GatewaySession;
+class DatabaseSession;
 
 /// The parameters of the connection or node that a working copy holds, as they are set from the command line.
 ///
@@ -19,7 +19,7 @@ class ParameterValues
 {
 public:
     /// Waypoints 1 to `waypointCount` of `con`.
-    ParameterValues(const GatewaySession& session, ConData& con, int waypointCount);
+    ParameterValues(const DatabaseSession& session, ConData& con, int waypointCount);
 
     void Set(const ParameterAssignment& assignment);
     /// All values of a target, none of them spread; its waypoints stand in the order of those of the working
@@ -66,7 +66,7 @@ private:
     [[nodiscard]] bool IsUsed(int waypoint) const;
     void CheckWaypoint(int waypoint, int rowCount) const;
 
-    const GatewaySession& m_session;
+    const DatabaseSession& m_session;
     ConData& m_con;
     int m_waypointCount;
     std::set<int> m_set;

@@ -4,7 +4,7 @@
 #include "model/ItemList.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ QString NameOfId(const QString& list, const QString& id, const QString& otherwis
     return otherwise;
 }
 
-bool ReadConnection(const GatewaySession& session, const QString& name, FoundRecord& record)
+bool ReadConnection(const DatabaseSession& session, const QString& name, FoundRecord& record)
 {
     bool exists = false;
     session.Require(session.Gateway().ConNameExistDb(name, exists));
@@ -35,7 +35,7 @@ bool ReadConnection(const GatewaySession& session, const QString& name, FoundRec
     return true;
 }
 
-bool ReadNode(const GatewaySession& session, const QString& name, FoundRecord& record)
+bool ReadNode(const DatabaseSession& session, const QString& name, FoundRecord& record)
 {
     bool exists = false;
     session.Require(session.Gateway().NodeNameExistDb(name, exists));
@@ -64,7 +64,7 @@ QString FoundRecord::Kind() const
     return isConnection ? QStringLiteral("connection") : QStringLiteral("node");
 }
 
-FoundRecord FindConnection(const GatewaySession& session, const QString& name)
+FoundRecord FindConnection(const DatabaseSession& session, const QString& name)
 {
     FoundRecord record;
     if (!ReadConnection(session, Trim(name), record))
@@ -72,7 +72,7 @@ FoundRecord FindConnection(const GatewaySession& session, const QString& name)
     return record;
 }
 
-FoundRecord FindNode(const GatewaySession& session, const QString& name)
+FoundRecord FindNode(const DatabaseSession& session, const QString& name)
 {
     FoundRecord record;
     if (!ReadNode(session, Trim(name), record))
@@ -80,7 +80,7 @@ FoundRecord FindNode(const GatewaySession& session, const QString& name)
     return record;
 }
 
-FoundRecord FindRecord(const GatewaySession& session, const QString& name)
+FoundRecord FindRecord(const DatabaseSession& session, const QString& name)
 {
     FoundRecord record;
     if (!ReadConnection(session, Trim(name), record) && !ReadNode(session, Trim(name), record))

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-class GatewaySession;
+class DatabaseSession;
 
 /// A connection or node as the database knows it.
 struct FoundRecord
@@ -21,7 +21,7 @@ struct FoundRecord
 /// Finds records by name. All raise CommandError: Refused when there is none, DatabaseUnavailable when the
 /// database cannot tell.
 
-[[nodiscard]] FoundRecord FindConnection(const GatewaySession& session, const QString& name);
-[[nodiscard]] FoundRecord FindNode(const GatewaySession& session, const QString& name);
+[[nodiscard]] FoundRecord FindConnection(const DatabaseSession& session, const QString& name);
+[[nodiscard]] FoundRecord FindNode(const DatabaseSession& session, const QString& name);
 /// A connection or a node; no two of them share a name.
-[[nodiscard]] FoundRecord FindRecord(const GatewaySession& session, const QString& name);
+[[nodiscard]] FoundRecord FindRecord(const DatabaseSession& session, const QString& name);

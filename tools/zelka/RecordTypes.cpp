@@ -4,7 +4,7 @@
 #include "model/ItemList.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 #include <vector>
 
@@ -36,7 +36,7 @@ const TypeOperations& NodeTypes()
     return operations;
 }
 
-RecordType TypeOfShortName(const GatewaySession& session, const TypeOperations& operations,
+RecordType TypeOfShortName(const DatabaseSession& session, const TypeOperations& operations,
                            const QString& shortName)
 {
     RecordType type;
@@ -49,7 +49,7 @@ RecordType TypeOfShortName(const GatewaySession& session, const TypeOperations& 
 }
 
 /// Those that a record can be given; the type of unknown targets is none of them.
-std::vector<RecordType> KnownTypes(const GatewaySession& session, const TypeOperations& operations)
+std::vector<RecordType> KnownTypes(const DatabaseSession& session, const TypeOperations& operations)
 {
     QString list;
     std::vector<QString> names;
@@ -65,7 +65,7 @@ std::vector<RecordType> KnownTypes(const GatewaySession& session, const TypeOper
     return types;
 }
 
-RecordType TypeByName(const GatewaySession& session, const TypeOperations& operations, const QString& name)
+RecordType TypeByName(const DatabaseSession& session, const TypeOperations& operations, const QString& name)
 {
     const QString wanted = Trim(name);
     QStringList known;
@@ -79,7 +79,7 @@ RecordType TypeByName(const GatewaySession& session, const TypeOperations& opera
                                               .arg(operations.what, name, known.join(QStringLiteral(", "))));
 }
 
-RecordType TypeByTarget(const GatewaySession& session, const TypeOperations& operations,
+RecordType TypeByTarget(const DatabaseSession& session, const TypeOperations& operations,
                         const QString& target)
 {
     QString analysis;
@@ -104,27 +104,27 @@ bool IsSnmpNodeType(const RecordType& type)
     return TextContains(type.longName, u"SNMP");
 }
 
-RecordType ConnectionType(const GatewaySession& session, const QString& name)
+RecordType ConnectionType(const DatabaseSession& session, const QString& name)
 {
     return TypeByName(session, ConnectionTypes(), name);
 }
 
-RecordType NodeType(const GatewaySession& session, const QString& name)
+RecordType NodeType(const DatabaseSession& session, const QString& name)
 {
     return TypeByName(session, NodeTypes(), name);
 }
 
-RecordType ConnectionTypeOfTarget(const GatewaySession& session, const QString& target)
+RecordType ConnectionTypeOfTarget(const DatabaseSession& session, const QString& target)
 {
     return TypeByTarget(session, ConnectionTypes(), target);
 }
 
-RecordType NodeTypeOfTarget(const GatewaySession& session, const QString& target)
+RecordType NodeTypeOfTarget(const DatabaseSession& session, const QString& target)
 {
     return TypeByTarget(session, NodeTypes(), target);
 }
 
-RecordType TypeOfConnection(const GatewaySession& session, const QString& conName)
+RecordType TypeOfConnection(const DatabaseSession& session, const QString& conName)
 {
     QString target;
     QString analysis;

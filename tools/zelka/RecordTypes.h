@@ -2,7 +2,7 @@
 
 #include <QString>
 
-class GatewaySession;
+class DatabaseSession;
 
 /// A type of connections or nodes.
 struct RecordType
@@ -20,10 +20,10 @@ struct RecordType
 /// is not known; the words name those that are.
 
 /// By its long or short name, in any case.
-[[nodiscard]] RecordType ConnectionType(const GatewaySession& session, const QString& name);
-[[nodiscard]] RecordType NodeType(const GatewaySession& session, const QString& name);
+[[nodiscard]] RecordType ConnectionType(const DatabaseSession& session, const QString& name);
+[[nodiscard]] RecordType NodeType(const DatabaseSession& session, const QString& name);
 /// By the waypoints of a target.
-[[nodiscard]] RecordType ConnectionTypeOfTarget(const GatewaySession& session, const QString& target);
-[[nodiscard]] RecordType NodeTypeOfTarget(const GatewaySession& session, const QString& target);
+[[nodiscard]] RecordType ConnectionTypeOfTarget(const DatabaseSession& session, const QString& target);
+[[nodiscard]] RecordType NodeTypeOfTarget(const DatabaseSession& session, const QString& target);
 /// The type of a stored connection; id -1 when no type has its waypoints.
-[[nodiscard]] RecordType TypeOfConnection(const GatewaySession& session, const QString& conName);
+[[nodiscard]] RecordType TypeOfConnection(const DatabaseSession& session, const QString& conName);

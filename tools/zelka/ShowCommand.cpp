@@ -3,7 +3,7 @@
 #include "database/DatabaseClass.h"
 #include "model/ConData.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/ParameterValues.h"
 
 #include <QJsonArray>
@@ -19,7 +19,7 @@ ShowCommand::ShowCommand(CLI::App& app, CommandContext& context) : m_context(con
 
 void ShowCommand::Show() const
 {
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     const FoundRecord record = FindRecord(session, QString::fromStdString(m_name));
     const QJsonObject described = Describe(session, record);
     if (m_context.output.Json())
@@ -28,7 +28,7 @@ void ShowCommand::Show() const
         Print(described);
 }
 
-QJsonObject ShowCommand::Describe(const GatewaySession& session, const FoundRecord& record) const
+QJsonObject ShowCommand::Describe(const DatabaseSession& session, const FoundRecord& record) const
 {
     ConData& con = session.Connection();
     const bool loaded = record.isConnection ? con.SetParentConData(record.name, true)

@@ -3,7 +3,7 @@
 #include "tools/zelka/CommandContext.h"
 #include "tools/zelka/RecordLookup.h"
 
-class GatewaySession;
+class DatabaseSession;
 
 /// `zelka show`: one record with its id and all parameters, under the keys by which `zelka set` takes them.
 class ShowCommand
@@ -15,7 +15,7 @@ public:
 
 private:
     void Show() const;
-    [[nodiscard]] QJsonObject Describe(const GatewaySession& session, const FoundRecord& record) const;
+    [[nodiscard]] QJsonObject Describe(const DatabaseSession& session, const FoundRecord& record) const;
     void Print(const QJsonObject& record) const;
 
     CommandContext& m_context;

@@ -4,7 +4,7 @@
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 TargetCommands::TargetCommands(CLI::App& app, CommandContext& context) : m_context(context)
 {
@@ -26,7 +26,7 @@ TargetCommands::TargetCommands(CLI::App& app, CommandContext& context) : m_conte
 void TargetCommands::PrintTarget() const
 {
     const QString name = Trim(QString::fromStdString(m_name));
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     bool isConnection = false;
     bool isNode = false;
     session.Require(session.Gateway().ConNameExistDb(name, isConnection));
@@ -46,7 +46,7 @@ void TargetCommands::PrintTarget() const
         m_context.output.Line(target);
 }
 
-QString TargetCommands::ConnectionTarget(const GatewaySession& session, const QString& name) const
+QString TargetCommands::ConnectionTarget(const DatabaseSession& session, const QString& name) const
 {
     QString target;
     const bool worked = m_full ? session.Gateway().GetParentDb(name, target)
@@ -58,7 +58,7 @@ QString TargetCommands::ConnectionTarget(const GatewaySession& session, const QS
     return target;
 }
 
-QString TargetCommands::NodeTarget(const GatewaySession& session, const QString& name) const
+QString TargetCommands::NodeTarget(const DatabaseSession& session, const QString& name) const
 {
     QString conName;
     QString nodePart;
@@ -75,7 +75,7 @@ QString TargetCommands::NodeTarget(const GatewaySession& session, const QString&
 
 void TargetCommands::CheckTarget() const
 {
-    const GatewaySession session(m_context);
+    const DatabaseSession session(m_context);
     const QString target = QString::fromStdString(m_target);
     QString reformatted;
     bool valid = false;

@@ -2,7 +2,7 @@
 
 #include "tools/zelka/CommandContext.h"
 
-class GatewaySession;
+class DatabaseSession;
 
 /// `zelka target` and `zelka check`: the texts by which network elements are reached.
 class TargetCommands
@@ -15,8 +15,8 @@ public:
 private:
     void PrintTarget() const;
     void CheckTarget() const;
-    [[nodiscard]] QString ConnectionTarget(const GatewaySession& session, const QString& name) const;
-    [[nodiscard]] QString NodeTarget(const GatewaySession& session, const QString& name) const;
+    [[nodiscard]] QString ConnectionTarget(const DatabaseSession& session, const QString& name) const;
+    [[nodiscard]] QString NodeTarget(const DatabaseSession& session, const QString& name) const;
 
     CommandContext& m_context;
     std::string m_name;

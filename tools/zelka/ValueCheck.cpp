@@ -3,7 +3,7 @@
 #include "database/DatabaseClass.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 #include <algorithm>
 
@@ -61,7 +61,7 @@ bool HasSeparator(const QString& value)
 
 } // namespace
 
-QString CheckedValue(const GatewaySession& session, const QString& waypoint, const QString& keyword,
+QString CheckedValue(const DatabaseSession& session, const QString& waypoint, const QString& keyword,
                      const QString& value, const QString& shown)
 {
     const QString trimmed = Trim(value);

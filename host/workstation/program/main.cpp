@@ -1,4 +1,6 @@
 #include "components/hvxdb/HvxAdministration.h"
+#include "components/hvxutil/HvxUtilityComponent.h"
+#include "components/syncconn/SyncConnectionComponent.h"
 #include "host/workstation/ScriptedRun.h"
 #include "host/workstation/WorkstationOptions.h"
 #include "host/workstation/WorkstationWindow.h"
@@ -75,6 +77,8 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/zelka/pictures/zelka.svg")));
     InstallWindowSeams();
     RegisterHvxDatabase();
+    RegisterSyncConnections();
+    RegisterHvxUtility();
     if (!options.database.isEmpty())
         SetDataSource(options.database);
 

@@ -1,3 +1,5 @@
+#include "components/hvxutil/HvxUtilityComponent.h"
+#include "components/syncconn/SyncConnectionComponent.h"
 #include "platform/Utf8Locale.h"
 #include "tools/zelka/CommandLine.h"
 
@@ -21,5 +23,7 @@ int main(int argc, char** argv)
     QFile words;
     if (!data.open(stdout, QIODevice::WriteOnly) || !words.open(stderr, QIODevice::WriteOnly))
         return static_cast<int>(ExitCode::Refused);
+    RegisterSyncConnections();
+    RegisterHvxUtility();
     return static_cast<int>(RunCommandLine(argc, argv, data, words));
 }

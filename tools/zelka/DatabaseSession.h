@@ -10,14 +10,14 @@ class DatabaseClass;
 ///
 /// Boxes go to standard error as they come. Questions are declined and not shown, since nobody can answer;
 /// the gateway tells what follows from the refusal.
-class GatewaySession : private BoxPresenter
+class DatabaseSession : private BoxPresenter
 {
 public:
     /// Raises CommandError (DatabaseUnavailable) when the database cannot be opened; it has been told why.
-    explicit GatewaySession(CommandContext& context);
-    ~GatewaySession() override;
-    GatewaySession(const GatewaySession&) = delete;
-    GatewaySession& operator=(const GatewaySession&) = delete;
+    explicit DatabaseSession(CommandContext& context);
+    ~DatabaseSession() override;
+    DatabaseSession(const DatabaseSession&) = delete;
+    DatabaseSession& operator=(const DatabaseSession&) = delete;
 
     [[nodiscard]] DatabaseClass& Gateway() const;
     [[nodiscard]] ConData& Connection() const;

@@ -1,4 +1,4 @@
-#include "tools/zelka/GatewaySession.h"
+#include "tools/zelka/DatabaseSession.h"
 
 #include "components/hvxdb/HvxAdministration.h"
 #include "database/DatabaseClass.h"
@@ -28,7 +28,8 @@ void RequireServer(const CommandContext& context)
 
 } // namespace
 
-GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_before(SetBoxPresenter(this))
+DatabaseSession::DatabaseSession(CommandContext& context)
+    : m_context(context), m_before(SetBoxPresenter(this))
 {
     SetDataSource(context.Source());
     Database().DbObject = std::make_unique<DatabaseClass>();
@@ -43,12 +44,12 @@ GatewaySession::GatewaySession(CommandContext& context) : m_context(context), m_
     }
 }
 
-GatewaySession::~GatewaySession()
+DatabaseSession::~DatabaseSession()
 {
     Close();
 }
 
-void GatewaySession::Close()
+void DatabaseSession::Close()
 {
     if (Database().DatabaseOpen)
         Gateway().CloseDb();
@@ -59,17 +60,17 @@ void GatewaySession::Close()
     SetBoxPresenter(m_before);
 }
 
-DatabaseClass& GatewaySession::Gateway() const
+DatabaseClass& DatabaseSession::Gateway() const
 {
     return *Database().DbObject;
 }
 
-ConData& GatewaySession::Connection() const
+ConData& DatabaseSession::Connection() const
 {
     return *Model().ConObject;
 }
 
-void GatewaySession::Require(bool worked) const
+void DatabaseSession::Require(bool worked) const
 {
     if (worked)
         return;
@@ -78,7 +79,7 @@ void GatewaySession::Require(bool worked) const
     throw CommandError(ExitCode::DatabaseUnavailable, m_lastText, m_lastTold);
 }
 
-void GatewaySession::Refused() const
+void DatabaseSession::Refused() const
 {
     const bool unavailable = m_lastText.isEmpty() || m_lastText == DatabaseText::AccessDenied() ||
                              m_lastText == DatabaseText::CommitFailure();
@@ -87,13 +88,13 @@ void GatewaySession::Refused() const
     throw CommandError(ExitCode::Refused, m_lastText, m_lastTold);
 }
 
-void GatewaySession::RequireNoErrorBox() const
+void DatabaseSession::RequireNoErrorBox() const
 {
     if (m_errorShown)
         throw CommandError(ExitCode::Refused, m_lastText, true);
 }
 
-BoxAnswer GatewaySession::ShowMsgBox(const QString& text, int flags, const QString& /*title*/)
+BoxAnswer DatabaseSession::ShowMsgBox(const QString& text, int flags, const QString& /*title*/)
 {
     m_lastText = text;
     switch (flags & BoxFlags::ButtonMask) {
@@ -112,7 +113,7 @@ BoxAnswer GatewaySession::ShowMsgBox(const QString& text, int flags, const QStri
     }
 }
 
-bool GatewaySession::ShowInputBox(const QString& /*prompt*/, const QString& /*title*/, QString& /*value*/)
+bool DatabaseSession::ShowInputBox(const QString& /*prompt*/, const QString& /*title*/, QString& /*value*/)
 {
     return false;
 }

@@ -1,0 +1,28 @@
+#include "platform/ComponentFailure.h"
+
+#include "platform/ComponentWithLastError.h"
+
+#include <exception>
+
+QString ComponentFailure::Codes() const
+{
+    return QStringLiteral("(Major code = ") + QString::number(major) + QStringLiteral(", Minor code = ") +
+           QString::number(minor) + u')';
+}
+
+QString ComponentFailure::Told(const QString& otherwise) const
+{
+    return text.isEmpty() ? otherwise : text + u' ' + Codes();
+}
+
+ComponentFailure LastFailureOf(ComponentWithLastError& component)
+{
+    ComponentFailure failure;
+    qint32 third = 0;
+    try {
+        component.GetLastError(failure.major, failure.minor, third, failure.text);
+    } catch (const std::exception&) {
+        return {};
+    }
+    return failure;
+}
