@@ -5,17 +5,25 @@
 
 #include "browser/T4ZelkaBrowser.h"
 #include "components/hvxdb/HvxAdministration.h"
+#include "components/hvxutil/HvxUtilityComponent.h"
+#include "components/syncconn/SyncConnectionComponent.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "model/TreeEntries.h"
 #include "platform/controls/TreeView.h"
+#include "tools/netsim/GatewayServer.h"
+#include "tools/netsim/NetworkFile.h"
+#include "tools/netsim/SimulatedNetwork.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDeadlineTimer>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -56,10 +64,11 @@ public:
         ++failures;
     }
 
-    /// Runs `opening`, which shows a modal dialog, and `work` on that dialog once it has been painted; then
-    /// cancels the dialog.
+    /// Runs `opening`, which shows a modal dialog, and `work` on that dialog once it has been painted; then,
+    /// behind the picture, `end`, and cancels the dialog.
     void WithDialog(const std::function<void()>& opening, const QString& name,
-                    const std::function<void(QDialog& dialog)>& work = {}) const
+                    const std::function<void(QDialog& dialog)>& work = {},
+                    const std::function<void(QDialog& dialog)>& end = {}) const
     {
         bool shown = false;
         QTimer::singleShot(PaintMs, [&] {
@@ -71,6 +80,8 @@ public:
                 work(*dialog);
             QApplication::processEvents();
             Take(*dialog, name);
+            if (end)
+                end(*dialog);
             dialog->reject();
         });
         opening();
@@ -168,6 +179,64 @@ void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
         });
 }
 
+/// Lets events run until `done` or for half a minute.
+void WaitUntil(const std::function<bool()>& done)
+{
+    constexpr int longestMs = 30'000;
+    const QDeadlineTimer deadline(longestMs);
+    while (!done() && !deadline.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, PaintMs);
+}
+
+/// A scan of the demo network, with a node that has fallen silent, and the list of its buses.
+void TakeScanDialogs(T4ZelkaBrowser& browser, const Camera& camera)
+{
+    NetworkDescription description;
+    QStringList problems;
+    if (!ReadNetworkFile(DemoNetworkPath(), description, problems))
+        qFatal("%s", qUtf8Printable(problems.join(u' ')));
+    SimulatedNetwork network(description);
+    GatewayServer server(network);
+    if (!server.Listen())
+        qFatal("%s", qUtf8Printable(server.ErrorText()));
+    qputenv("ZELKA_GATEWAY", server.Name().toUtf8());
+
+    Find<QRadioButton>(browser, "optCon").setChecked(true);
+    SelectEntry(browser, "tvwConTree", QStringLiteral("Harbour Tower bus 254"), false);
+    auto& scan = Find<QPushButton>(browser, "cmdDbScan");
+    scan.setEnabled(true);
+    camera.WithDialog([&] { scan.click(); }, QStringLiteral("scan"),
+                      [&](QDialog& dialog) {
+                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdScanBus").click(); },
+                                            QStringLiteral("buses"),
+                                            [](QDialog& buses) {
+                                                auto& ok = Find<QPushButton>(buses, "cmdOK");
+                                                WaitUntil([&] { return ok.isEnabled(); });
+                                            });
+                          Find<QLineEdit>(dialog, "txtAddrBegin").setText(QStringLiteral("1"));
+                          Find<QLineEdit>(dialog, "txtAddrEnd").setText(QStringLiteral("9"));
+                          Find<QLineEdit>(dialog, "txtTimingRetries").setText(QStringLiteral("3"));
+                          Find<QLineEdit>(dialog, "txtTimingTimeout").setText(QStringLiteral("500"));
+                          auto& repeat = Find<QCheckBox>(dialog, "chkRepeatScan");
+                          auto& start = Find<QPushButton>(dialog, "cmdStartStop");
+                          auto& address = Find<QLabel>(dialog, "lbCurrentAddr");
+                          const auto reach = [&](const QString& text) {
+                              WaitUntil([&] { return address.text().endsWith(text); });
+                          };
+                          repeat.setChecked(true);
+                          start.click();
+                          reach(QStringLiteral(" 9"));
+                          (void)network.RemoveNode(254, 3);
+                          reach(QStringLiteral(" 5"));
+                      },
+                      [](QDialog& dialog) {
+                          auto& start = Find<QPushButton>(dialog, "cmdStartStop");
+                          start.click();
+                          WaitUntil([&] { return start.text() == QStringLiteral("S&tart"); });
+                      });
+    qunsetenv("ZELKA_GATEWAY");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -185,6 +254,8 @@ int main(int argc, char** argv)
     const Camera camera(arguments[2], scaled ? arguments[3] + QStringLiteral("-200") : arguments[3]);
 
     RegisterHvxDatabase();
+    RegisterSyncConnections();
+    RegisterHvxUtility();
     SetDataSource(arguments[1]);
     T4ZelkaBrowser browser;
     browser.SetBrowserTabIndex(0);
@@ -195,6 +266,9 @@ int main(int argc, char** argv)
 
     TakeNodeDialog(browser, camera);
     TakeConnectionDialogs(browser, camera);
+    TakeScanDialogs(browser, camera);
+    camera.Take(browser, QStringLiteral("direct"));
+    Find<QTabWidget>(browser, "tabMain").setCurrentIndex(0);
     frmChSelPktSize note(&browser);
     camera.WithDialog([&] { note.exec(); }, QStringLiteral("packet-size"));
     camera.Take(browser, QStringLiteral("browser"));
