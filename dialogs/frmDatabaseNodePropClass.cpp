@@ -17,9 +17,6 @@
 
 namespace {
 
-/// Type id that belongs to the SNMP family whatever its name.
-constexpr int SnmpFamilyType = 15;
-
 QString Snmp()
 {
     return QStringLiteral("SNMP");
@@ -64,7 +61,7 @@ bool frmDatabaseNodeProp::ShowConnectionType()
     m_ui->imgConArray->setProperty("picture", picture);
     m_ui->imgConArray->setPixmap(ConPicturePixmap(picture, *this));
     m_ui->lblConnectionType->setText(QStringLiteral("Connection Type: ") + longName);
-    return type == SnmpFamilyType || ConTypeHasWord(shortName, Snmp());
+    return IsSnmpConType(type, shortName);
 }
 
 void frmDatabaseNodeProp::FillClasses(bool isSnmp)
