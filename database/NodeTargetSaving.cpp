@@ -1,5 +1,6 @@
 #include "database/NodeTargetSaving.h"
 
+#include "database/ConObjectTrees.h"
 #include "database/Gateway.h"
 #include "database/SaveRoutines.h"
 #include "model/ConData.h"
@@ -14,32 +15,15 @@ constexpr int TimeRow = 5;
 constexpr int RetryRow = 6;
 constexpr int ValueColumn = 2;
 
-/// The trees that ConObject names; where it names none there is nothing to patch.
-class ShownTrees
+/// Selects the entry in the tree that the operator sees, unless that one hides nodes.
+void SelectSaved(ConObjectTrees& trees, qint32 position)
 {
-public:
-    TreeEntries& Nodes() { return ConObject() && ConObject()->NodesTree ? *ConObject()->NodesTree : m_none; }
-    TreeEntries& Connections()
-    {
-        return ConObject() && ConObject()->ConTree ? *ConObject()->ConTree : m_none;
-    }
-
-    /// Selects the entry in the tree that the operator sees, unless that one hides nodes.
-    void Select(qint32 position)
-    {
-        const bool connections = ConObject() && ConObject()->optCon;
-        if (!Model().SelectTreeEntry || (connections && !ConObject()->ViewNodesChecked))
-            return;
-        TreeEntries& tree = connections ? Connections() : Nodes();
-        if (&tree != &m_none)
-            Model().SelectTreeEntry(tree, position);
-    }
-
-private:
-    static ConData* ConObject() { return Model().ConObject.get(); }
-
-    TreeEntries m_none;
-};
+    const ConData* con = Model().ConObject.get();
+    const bool connections = con && con->optCon;
+    if (connections && !con->ViewNodesChecked)
+        return;
+    ConObjectTrees::Select(connections ? trees.Connections() : trees.Nodes(), position);
+}
 
 } // namespace
 
@@ -58,7 +42,7 @@ bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
     if (exists && !mayReplace)
         return false;
 
-    ShownTrees trees;
+    ConObjectTrees trees;
     qint32 position = 0;
     QString errorText;
     const bool saved =
@@ -69,8 +53,15 @@ bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
                                       position, errorText);
     if (!saved)
         return false;
-    trees.Select(position);
+    SelectSaved(trees, position);
     return true;
+}
+
+void PutNodeValues(ConData& con)
+{
+    con.SetWpDataItem(1, AddressRow, ValueColumn, con.NodeAddress);
+    con.SetWpDataItem(1, TimeRow, ValueColumn, con.Time);
+    con.SetWpDataItem(1, RetryRow, ValueColumn, con.Retry);
 }
 
 bool SaveNodeWithValues(ConData& con, bool mayReplace, const QString& nodeName, const QString& unread,
@@ -80,9 +71,7 @@ bool SaveNodeWithValues(ConData& con, bool mayReplace, const QString& nodeName, 
     con.NodeAddress = address;
     con.Time = time;
     con.Retry = retry;
-    con.SetWpDataItem(1, AddressRow, ValueColumn, con.NodeAddress);
-    con.SetWpDataItem(1, TimeRow, ValueColumn, con.Time);
-    con.SetWpDataItem(1, RetryRow, ValueColumn, con.Retry);
+    PutNodeValues(con);
     con.ConWpCount = 1;
     return SaveNodeWithTarget(con, nodeName, mayReplace);
 }

@@ -1,8 +1,8 @@
 #include "database/SaveRoutines.h"
 
+#include "database/ConObjectTrees.h"
 #include "database/Gateway.h"
 #include "database/ManagerLaunch.h"
-#include "model/ModelState.h"
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
 #include "platform/MsgBox.h"
@@ -27,17 +27,6 @@ QString ConnectionIdMissing()
 QString NodeIdMissing()
 {
     return QStringLiteral("Database error, Node ID missing.");
-}
-
-bool NodesAreShown()
-{
-    return Model().ConObject && Model().ConObject->ViewNodesChecked;
-}
-
-/// Whether the node is selected in the tree of connections afterwards.
-bool NodesAreSelectedUnderConnections()
-{
-    return NodesAreShown() && Model().ConObject->optCon;
 }
 
 /// The connection's entry, with its children. False: it cannot stand there, or they cannot be read.

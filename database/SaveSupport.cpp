@@ -41,14 +41,17 @@ QString SaveText::SearchFailure()
     return QStringLiteral("Failure in database search.");
 }
 
-void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title)
+void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title, const QString& cancelText)
 {
     // The question must not hold the database, and what a transaction that cannot be ended would make of the
     // next one is not known.
     if (!unit.Rollback())
         UnitOfWork::Fail();
-    if (MsgBox(question, BoxFlags::OkCancel, title) != BoxAnswer::Ok)
-        UnitOfWork::GiveUp();
+    if (MsgBox(question, BoxFlags::OkCancel, title) != BoxAnswer::Ok) {
+        if (cancelText.isEmpty())
+            UnitOfWork::GiveUp();
+        UnitOfWork::RefuseEnded(cancelText);
+    }
     unit.Begin();
 }
 

@@ -40,8 +40,9 @@ QString SearchFailure();
 } // namespace SaveText
 
 /// Asks, without a transaction, whether a record may be replaced, and goes on in a new one. Cancel, or a
-/// refused begin, ends the work.
-void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title);
+/// refused begin, ends the work; `cancelText` is told after Cancel.
+void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title,
+                  const QString& cancelText = QString());
 
 /// Rolls back and ends the work with the report that a database operation failed.
 [[noreturn]] void FailAfterRollback(UnitOfWork& unit);

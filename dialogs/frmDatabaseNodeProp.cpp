@@ -1,24 +1,22 @@
 #include "dialogs/frmDatabaseNodeProp.h"
 
-#include "database/DatabaseState.h"
 #include "database/Gateway.h"
-#include "dialogs/DialogState.h"
+#include "database/NodeSave.h"
+#include "dialogs/ConNameBox.h"
 #include "dialogs/GridEdit.h"
+#include "dialogs/GuardedRun.h"
+#include "dialogs/NodePages.h"
+#include "dialogs/frmChSelPktSize.h"
 #include "dialogs/ui_frmDatabaseNodeProp.h"
 #include "model/ConData.h"
-#include "model/ParameterLists.h"
+#include "model/ItemList.h"
+#include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
-#include "platform/ComponentError.h"
-#include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/LongList.h"
+#include "platform/controls/ModalForm.h"
 
-#include <QHeaderView>
-#include <QPointer>
-#include <QShortcut>
 #include <QSignalBlocker>
-
-#include <exception>
 
 namespace {
 
@@ -31,74 +29,40 @@ QString EmptyDatabaseText()
 } // namespace
 
 frmDatabaseNodeProp::frmDatabaseNodeProp(ConData& con, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmDatabaseNodeProp>()), m_con(con)
+    : NodeDialog(con, QStringLiteral("Browser4Properties00000036.htm"), parent),
+      m_ui(std::make_unique<Ui::frmDatabaseNodeProp>())
 {
     m_ui->setupUi(this);
     PrepareLongList(*m_ui->cboConName, m_conNames);
     ConnectControls();
-    Guarded([this] { Form_Load(); });
+    RunGuarded([this] { Form_Load(); });
 }
 
-frmDatabaseNodeProp::~frmDatabaseNodeProp()
-{
-    GridDetach(*m_ui->grdNodeParam);
-    // What the children tell while they go must not reach handlers of a form that is half gone.
-    for (QObject* child : findChildren<QObject*>())
-        child->disconnect(this);
-}
+frmDatabaseNodeProp::~frmDatabaseNodeProp() = default;
 
 void frmDatabaseNodeProp::ConnectControls()
 {
-    const auto guarded = [this](void (frmDatabaseNodeProp::*handler)()) {
-        return [this, handler] { Guarded([this, handler] { (this->*handler)(); }); };
-    };
     connect(m_ui->cboConName, &QComboBox::currentIndexChanged, this,
-            guarded(&frmDatabaseNodeProp::cboConName_Click));
+            Guarded(&frmDatabaseNodeProp::cboConName_Click));
     connect(m_ui->cboNodeType, &QComboBox::currentIndexChanged, this,
-            guarded(&frmDatabaseNodeProp::cboNodeType_Click));
-    connect(m_ui->lstWPlist, &QListWidget::currentRowChanged, this,
-            guarded(&frmDatabaseNodeProp::lstWPlist_Click));
-    connect(m_ui->cmdManager, &QPushButton::clicked, this, &frmDatabaseNodeProp::cmdManager_Click);
-    connect(m_ui->cmdSave, &QPushButton::clicked, this, guarded(&frmDatabaseNodeProp::cmdSave_Click));
-    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmDatabaseNodeProp::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmDatabaseNodeProp::cmdHelp_Click);
+            Guarded(&frmDatabaseNodeProp::cboNodeType_Click));
     m_ui->cboConName->installEventFilter(this);
     m_ui->cboNodeType->installEventFilter(this);
-}
-
-void frmDatabaseNodeProp::Guarded(const std::function<void()>& handler)
-{
-    try {
-        handler();
-    } catch (const ComponentError& error) {
-        ErrorBox(error.Description());
-    } catch (const std::exception& error) {
-        ErrorBox(QString::fromUtf8(error.what()));
-    }
 }
 
 // Start -----------------------------------------------------------------------------------------------------
 
 void frmDatabaseNodeProp::Form_Load()
 {
-    m_ui->grdNodeParam->SetGridSize(NodeGridRows + 1, GridColumns);
-    m_ui->grdNodeParam->horizontalHeader()->setSectionResizeMode(ParameterGrid::ValueColumn,
-                                                                 QHeaderView::Stretch);
-    GridAttach(*m_ui->grdNodeParam, *m_ui->txtGridEdit, *m_ui->cboGridEdit, *m_ui->spnGridEdit);
-    GridEdit().GridWpName = m_con.GetConWpName(1);
-    GridEdit().GridWpData = &m_con.GetWpData(1);
-    m_con.SelectedWpIndx = 0;
-    if (!Gateway().GetNodeTypeLongNameDb(m_con.NodeTypeName, m_savedTypeLongName))
+    UseControls(
+        {m_ui->txtNodeName, m_ui->nodPages, m_ui->cmdManager, m_ui->cmdSave, m_ui->cmdCancel, m_ui->cmdHelp});
+    if (!Gateway().GetNodeTypeLongNameDb(Con().NodeTypeName, m_savedTypeLongName))
         return;
-    FillWpList();
-    m_ui->txtNodeName->ShowName(m_con.NodeName);
+    Pages().ShowNode();
+    m_ui->txtNodeName->ShowName(Con().NodeName);
     FillConnections();
     FillClasses(ShowConnectionType());
-    m_ui->lstWPlist->setCurrentRow(0);
-    m_ui->cmdSave->setEnabled(Database().EditRight);
-    m_ui->grdNodeParam->SetReadOnly(!Database().EditRight);
+    ApplyRights();
 }
 
 void frmDatabaseNodeProp::FillConnections()
@@ -114,10 +78,10 @@ void frmDatabaseNodeProp::FillConnections()
         names << item.first;
     const QSignalBlocker quiet(m_ui->cboConName);
     m_conNames.setStringList(names);
-    const int position = SelectComboItem(names, m_con.ConName);
+    const int position = SelectComboItem(names, Con().ConName);
     // A connection that is gone is not taken for another.
-    const bool isGone = !Trim(m_con.ConName).isEmpty() &&
-                        (position < 0 || names[position].compare(m_con.ConName, Qt::CaseInsensitive) != 0);
+    const bool isGone = !Trim(Con().ConName).isEmpty() &&
+                        (position < 0 || names[position].compare(Con().ConName, Qt::CaseInsensitive) != 0);
     m_ui->cboConName->setCurrentIndex(isGone ? -1 : position);
 }
 
@@ -125,31 +89,13 @@ void frmDatabaseNodeProp::Form_Activate()
 {
     if (m_unloading)
         return;
-    if (!m_listEnabled && m_ui->cboConName->count() == 0) {
+    if (!IsReady() && m_ui->cboConName->count() == 0) {
         m_unloading = true;
         ErrorBox(EmptyDatabaseText());
         reject();
         return;
     }
-    // An editor that stands open when the operator comes back stays as it is.
-    if (m_ui->txtGridEdit->isHidden() && m_ui->cboGridEdit->isHidden())
-        GridSetupRowHeight();
-    if (m_listEnabled)
-        return;
-    m_listEnabled = true;
-    if (Database().EditRight && m_rowCount > 0)
-        GridPlaceCell(1, ParameterGrid::ValueColumn);
-}
-
-bool frmDatabaseNodeProp::event(QEvent* event)
-{
-    const bool used = QDialog::event(event);
-    // From the event loop, for a dialog cannot end while it is being shown.
-    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) {
-        QMetaObject::invokeMethod(
-            this, [this] { Guarded([this] { Form_Activate(); }); }, Qt::QueuedConnection);
-    }
-    return used;
+    NodeDialog::Form_Activate();
 }
 
 bool frmDatabaseNodeProp::eventFilter(QObject* watched, QEvent* event)
@@ -162,22 +108,31 @@ bool frmDatabaseNodeProp::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-// Other controls --------------------------------------------------------------------------------------------
+// Save ------------------------------------------------------------------------------------------------------
 
-void frmDatabaseNodeProp::cmdManager_Click()
+bool frmDatabaseNodeProp::PacketSizeFits() const
 {
-    const bool listEnabled = m_listEnabled;
-    const bool typeChanging = m_typeChanging;
-    const QPointer<frmDatabaseNodeProp> alive(this);
-    if (Dialogs().ShowManagerInfo)
-        Dialogs().ShowManagerInfo(this);
-    if (!alive)
-        return;
-    m_listEnabled = listEnabled;
-    m_typeChanging = typeChanging;
+    if (m_ui->cboNodeType->currentText() != QLatin1String("T4 Node") || !Pages().IsFePageShown() ||
+        Pages().RowCount() < FePacketSizeRow)
+        return true;
+    const qint32 channel = ValInt(Pages().ShownValue(FeChannelRow));
+    const int size = PacketSizeOfChannel(channel);
+    return channel >= 0 && (size == 0 || size == ValInt(Pages().ShownValue(FePacketSizeRow)));
 }
 
-void frmDatabaseNodeProp::cmdHelp_Click()
+void frmDatabaseNodeProp::cmdSave_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Properties00000036.htm"));
+    if (PacketSizeFits())
+        NodeDialog::cmdSave_Click();
+    else
+        ShowModalForm<frmChSelPktSize>(this);
+}
+
+bool frmDatabaseNodeProp::SaveRecord(QString& name)
+{
+    NodeSaveRequest request{name, m_ui->cboConName->currentText(), [this] { Pages().StoreValues(); },
+                            GridParameters(), Pages().RowCount()};
+    const bool saved = SaveNode(Con(), request);
+    name = request.name;
+    return saved;
 }

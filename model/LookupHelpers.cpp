@@ -9,6 +9,8 @@
 namespace {
 
 constexpr qsizetype MaxValueBytes = 1024;
+/// Type id that belongs to the SNMP family whatever its name.
+constexpr int SnmpTypeId = 15;
 
 /// The digits are those of a 32-bit number in two's complement.
 bool FormatHexNumber(const QString& digits, QString& text)
@@ -34,6 +36,11 @@ int GetConTypeOfParent(const QString& conName, QString& shortName)
     shortName = GetItem(analysis, 2, TabChar);
     const int id = ValInt(GetItem(analysis, 1, TabChar));
     return id < 0 ? NoConType : id;
+}
+
+bool IsSnmpConType(int id, const QString& shortName)
+{
+    return id == SnmpTypeId || ConTypeHasWord(shortName, u"SNMP");
 }
 
 void ReadTimeRetryNames()

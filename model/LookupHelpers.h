@@ -13,6 +13,9 @@ inline constexpr int NoConType = 16;
 /// unknown type and a failed look-up (then `shortName` as it was).
 int GetConTypeOfParent(const QString& conName, QString& shortName);
 
+/// Whether a connection's type is one of those that reach a node by SNMP.
+[[nodiscard]] bool IsSnmpConType(int id, const QString& shortName);
+
 /// The manager's "index|path" of the node that ConObject holds, by its NodeType; empty when there is none.
 [[nodiscard]] QString GetNodeManagerName();
 

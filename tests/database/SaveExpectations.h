@@ -27,6 +27,14 @@ inline QString Prevented(const char* kind)
         .arg(QString::fromLatin1(kind));
 }
 
+/// `how`: "changed" or "deleted from database".
+inline QString ConnectionLost(const QString& name, const QString& how)
+{
+    return QStringLiteral("Connection %1 is %2 by another application. Nodes cannot be saved without "
+                          "connection. Select another connection and scan again.")
+        .arg(name, how);
+}
+
 } // namespace SaveTexts
 
 /// What must be as it was after a refusal.

@@ -1,5 +1,7 @@
 #include "tests/database/SaveFaults.h"
 
+#include "tests/database/DirectNodes.h"
+
 #include <algorithm>
 
 using namespace SaveTexts;
@@ -42,6 +44,10 @@ const QStringList& ToldTexts()
         "Node East not found from database.",
         "Failure in saving node North into database.",
         "Failure in saving node East into database.",
+        "Connection Beta exists in database. Do you want to replace it?",
+        ConnectionLost("Alpha", "deleted from database"),
+        ConnectionLost("Beta", "deleted from database"),
+        ConnectionLost("Delta", "deleted from database"),
     };
     return texts;
 }
@@ -92,6 +98,40 @@ bool SaveAsEast(SaveFixture& fixture)
     return fixture.SaveNodeAs("East");
 }
 
+void FindOnAlpha(SaveFixture& fixture)
+{
+    DirectNodes::Choose(fixture, "Alpha");
+    DirectNodes::Load(fixture);
+}
+
+void FindOnNew(SaveFixture& fixture)
+{
+    DirectNodes::Compose(fixture, "Delta");
+    DirectNodes::Load(fixture);
+}
+
+void FindOnReplaced(SaveFixture& fixture)
+{
+    DirectNodes::Compose(fixture, "Beta");
+    DirectNodes::Load(fixture);
+}
+
+bool SaveFoundAsWest(SaveFixture& fixture)
+{
+    return DirectNodes::Save(fixture, "West");
+}
+
+bool SaveFoundAsEast(SaveFixture& fixture)
+{
+    return DirectNodes::Save(fixture, "East");
+}
+
+/// The node that a save is about.
+QString SavedNode(const SaveFixture& fixture)
+{
+    return fixture.Direct().NodeName.isEmpty() ? fixture.Con().NodeName : fixture.Direct().NodeName;
+}
+
 } // namespace
 
 const std::vector<SaveKind>& SaveKind::All()
@@ -116,6 +156,12 @@ const std::vector<SaveKind>& SaveKind::All()
          [](SaveFixture& fixture) { return fixture.SaveNodeAs("West", "Gamma"); }},
         {"replaced node", AddLikeNorth, SaveAsEast},
         {"node renamed onto another", EditNorth, SaveAsEast},
+        {"found node", FindOnAlpha, SaveFoundAsWest},
+        {"found node onto another", FindOnAlpha, SaveFoundAsEast},
+        {"found node on a new connection", FindOnNew, SaveFoundAsWest},
+        {"found node onto another on a new connection", FindOnNew, SaveFoundAsEast},
+        {"found node on a replaced connection", FindOnReplaced, SaveFoundAsWest},
+        {"found node onto another on a replaced connection", FindOnReplaced, SaveFoundAsEast},
     };
     return kinds;
 }
@@ -143,7 +189,7 @@ FaultRun::FaultRun(const SaveKind& kind, const FaultMode& mode) : m_kind(kind), 
         qFatal("The save fails without a fault.");
     m_callCount = static_cast<int>(fixture->Component.Calls.size());
     m_recordsAfter = fixture->Records();
-    m_recordsWithoutManager = WithoutManager(m_recordsAfter, fixture->Con().NodeName);
+    m_recordsWithoutManager = WithoutManager(m_recordsAfter, SavedNode(*fixture));
     m_flagsAfter = fixture->Flags();
 }
 

@@ -83,7 +83,8 @@ SaveFixture::SaveFixture(const std::function<void()>& useOther)
         useOther();
     else
         FillStore();
-    Model().ConObject = std::make_unique<ConData>();
+    for (auto* object : {&Model().ConObject, &Model().DirectObject, &Model().NewDirectObject})
+        *object = std::make_unique<ConData>();
     Open();
     FillTrees(ConTree, NodesTree);
     Operator.WhileOpen = [this](const RecordedBox&) {
@@ -94,7 +95,8 @@ SaveFixture::SaveFixture(const std::function<void()>& useOther)
 
 SaveFixture::~SaveFixture()
 {
-    Model().ConObject.reset();
+    for (auto* object : {&Model().ConObject, &Model().DirectObject, &Model().NewDirectObject})
+        object->reset();
 }
 
 void SaveFixture::FillStore()
@@ -121,6 +123,16 @@ void SaveFixture::ForgetAll()
 ConData& SaveFixture::Con() const
 {
     return *Model().ConObject;
+}
+
+ConData& SaveFixture::Direct() const
+{
+    return *Model().DirectObject;
+}
+
+ConData& SaveFixture::NewDirect() const
+{
+    return *Model().NewDirectObject;
 }
 
 void SaveFixture::TakeTrees()
@@ -243,15 +255,15 @@ QStringList SaveFixture::Records() const
 
 QStringList SaveFixture::Flags() const
 {
-    const ConData& con = Con();
-    return {con.NewCon ? QStringLiteral("new connection") : QStringLiteral("connection"),
-            con.ConName,
-            QString::number(con.ConDbID),
-            con.NewNode ? QStringLiteral("new node") : QStringLiteral("node"),
-            con.NodeName,
-            QString::number(con.NodeDbID),
-            QString::number(con.ConWpCount),
-            QString::number(con.SelectedTreeNodeIndex)};
+    QStringList flags;
+    for (const ConData* con : {&Con(), &Direct(), &NewDirect()}) {
+        flags << (con->NewCon ? QStringLiteral("new connection") : QStringLiteral("connection"))
+              << con->ConName << QString::number(con->ConDbID)
+              << (con->NewNode ? QStringLiteral("new node") : QStringLiteral("node")) << con->NodeName
+              << QString::number(con->NodeDbID) << QString::number(con->ConWpCount)
+              << QString::number(con->SelectedTreeNodeIndex);
+    }
+    return flags;
 }
 
 qint32 SaveFixture::IdOfConnection(const QString& name) const

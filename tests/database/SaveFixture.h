@@ -15,7 +15,8 @@
 ///
 /// Connections: "Alpha" (T4 Bus), "Beta" (T4 Bus over TCP/IP), "Gamma" (SNMP Direct, without nodes). Nodes:
 /// "North" (manager 1, tail "-port 1") and "South" (tail "-port 2") on Alpha, "East" on Beta. All connections
-/// show their nodes. The module's ConObject is the working copy.
+/// show their nodes. The module's ConObject is the working copy; the objects of the Direct tab are there, and
+/// empty.
 class SaveFixture : public GatewayFixture
 {
 public:
@@ -40,16 +41,23 @@ public:
     int LevelsUnderBoxes = 0;
 
     [[nodiscard]] ConData& Con() const;
+    [[nodiscard]] ConData& Direct() const;
+    [[nodiscard]] ConData& NewDirect() const;
 
     /// What the commands do before they show a dialog. Forgets what was recorded.
     void EditConnection(const QString& name);
     void AddConnection();
     void EditNode(const QString& name);
     void AddNode(const QString& templateNode);
+    /// The trees in ConObject, as while a dialog is open.
+    void TakeTrees();
 
     bool Save(QString name);
     /// `conName`: empty for the one that the node has.
     bool SaveNodeAs(QString name, const QString& conName = QString());
+
+    /// Forgets what was recorded, commits too.
+    void ForgetAll();
 
     /// A value of the first waypoint, as an operator enters it.
     void SetValue(int row, const QString& value);
@@ -77,7 +85,5 @@ public:
 
 private:
     void FillStore();
-    void ForgetAll();
     void TakeNewId(const QString& name);
-    void TakeTrees();
 };

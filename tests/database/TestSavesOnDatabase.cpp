@@ -1,9 +1,7 @@
-#include "components/hvxdb/HvxDatabaseComponent.h"
 #include "database/DatabaseState.h"
 #include "model/TextHelpers.h"
-#include "platform/Components.h"
-#include "tests/components/DatabaseFixture.h"
 #include "tests/database/SaveExpectations.h"
+#include "tests/database/TwoPrograms.h"
 
 using namespace SaveTexts;
 
@@ -24,47 +22,6 @@ private Q_SLOTS:
     void OtherProgram_WritesWhileTheQuestionStands_IsPrevented();
     void OtherProgram_HoldsTheDatabase_IsAskedAbout();
     void OperatorWithoutTheRight_ChangesNothing();
-};
-
-/// A database, opened by the fixture's gateway and by another program.
-class TwoPrograms
-{
-public:
-    explicit TwoPrograms(bool mayEdit = true)
-        : Source(mayEdit ? File.Source() : File.SourceWithoutEditRight()),
-          Save([this] { Register(); }),
-          Other(File.OpenComponent())
-    {}
-
-    void Register() const
-    {
-        RegisterComponent(HvxDatabaseId, [source = Source] {
-            auto component = std::make_unique<HvxDatabaseComponent>(source);
-            component->SetBusyTimeout(0);
-            return component;
-        });
-    }
-
-    /// All records, one a line, and the Journal's last id.
-    [[nodiscard]] QString Contents() const
-    {
-        QStringList lines = File.Rows("SELECT name || '|' || target FROM connection ORDER BY id");
-        lines += File.Rows("SELECT name || '|' || connection_key || '|' || target || '|' || command_tail ||"
-                           " '|' || coalesce(manager_index, 0) FROM node ORDER BY id");
-        lines += File.Rows("SELECT max(id) FROM journal");
-        return lines.join(u'\n');
-    }
-
-    [[nodiscard]] QString IndexOf(const QString& node) const
-    {
-        return File.RunSql(QStringLiteral("SELECT manager_index FROM node WHERE name = '%1'").arg(node))
-            .toString();
-    }
-
-    DatabaseFixture File;
-    QString Source;
-    SaveFixture Save;
-    std::unique_ptr<HvxDatabaseComponent> Other;
 };
 
 static qint32 IdOf(bool node, const QString& name)

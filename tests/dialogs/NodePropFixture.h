@@ -1,67 +1,30 @@
 #pragma once
 
 #include "dialogs/frmDatabaseNodeProp.h"
-#include "platform/controls/FlexGrid.h"
-#include "tests/database/SaveFixture.h"
+#include "tests/dialogs/NodeDialogFixture.h"
 
-#include <memory>
-
-/// The node dialog on an open database, driven by clicks and keys; see SaveFixture for the records. The
-/// operator may edit, unless the test takes the right away. The page "FE Parameters" has its six rows.
-class NodePropFixture : public SaveFixture
+/// The dialog of a node of the database.
+class NodePropFixture : public NodeDialogFixture
 {
 public:
-    explicit NodePropFixture(const std::function<void()>& useOther = {});
-    ~NodePropFixture();
-    NodePropFixture(const NodePropFixture&) = delete;
-    NodePropFixture& operator=(const NodePropFixture&) = delete;
+    using NodeDialogFixture::NodeDialogFixture;
 
-    std::unique_ptr<frmDatabaseNodeProp> Form;
-
-    void Make() { Form = std::make_unique<frmDatabaseNodeProp>(Con(), nullptr); }
-    /// Shows it and lets it be activated. Calls and boxes of its start stay recorded.
-    void Show();
-    void ShowNode(const QString& name);
-    /// As for a copy of a node, which is to be given a name.
-    void ShowNewNode(const QString& templateNode);
-
-    // What is seen ----------------------------------------------------------------------------------------
-
-    template <typename Widget>
-    [[nodiscard]] Widget& Find(const char* name) const
+    void Make() override { Form = std::make_unique<frmDatabaseNodeProp>(Con(), nullptr); }
+    void ShowNode(const QString& name)
     {
-        auto* widget = Form->findChild<Widget*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return *widget;
+        EditNode(name);
+        Show();
     }
-    [[nodiscard]] FlexGrid& Parameters() const { return Find<FlexGrid>("grdNodeParam"); }
-    [[nodiscard]] QString Cell(int row, int column = 1) const { return Parameters().TextMatrix(row, column); }
-    /// The names or the values that the grid shows, without the blank rows at its end.
-    [[nodiscard]] QStringList Column(int column) const;
-    [[nodiscard]] QStringList Entries(const char* combo) const;
-    [[nodiscard]] QString Chosen(const char* combo) const;
-    [[nodiscard]] QStringList Pages() const;
-    [[nodiscard]] QString Text(const char* label) const;
-    [[nodiscard]] QString Name() const;
-    [[nodiscard]] bool Enabled(const char* control) const { return Find<QWidget>(control).isEnabled(); }
-    /// The editor that stands open over the grid; null when none does.
-    [[nodiscard]] QWidget* Editor() const;
+    /// As for a copy of a node, which is to be given a name.
+    void ShowNewNode(const QString& templateNode)
+    {
+        AddNode(templateNode);
+        Show();
+    }
+
     /// What the working copy holds.
-    [[nodiscard]] QString Value(int waypoint, int row) const;
-
-    // What the operator does ------------------------------------------------------------------------------
-
-    void Click(const char* button) const;
-    void TypeName(const QString& name) const;
-    /// Chooses an entry by typing it, as an operator does who does not scroll.
-    void Choose(const char* combo, const QString& text) const;
-    void ClickPage(int row) const;
-    void OpenEditor(int row) const;
-    /// Opens the editor of a row and puts a value into it, which is not stored yet.
-    void TypeValue(int row, const QString& value) const;
-    void EnterValue(int row, const QString& value) const;
-
-private:
-    void ScriptFeParameters();
+    [[nodiscard]] QString Value(int waypoint, int row) const
+    {
+        return Con().GetWpData(waypoint).GetWpParam(row, 2);
+    }
 };

@@ -1,6 +1,7 @@
 #include "platform/controls/ModalForm.h"
 #include "tests/dialogs/ConPropFixture.h"
 #include "tests/dialogs/NodePropFixture.h"
+#include "tests/dialogs/SaveDirectNodeFixture.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -17,6 +18,8 @@ private Q_SLOTS:
     void Node_ReplaceQuestion_SavesWithoutTheForm();
     void Node_PacketSizes_EndWithoutTheForm();
     void Node_ManagerInfo_EndsWithoutTheForm();
+    void SaveDirect_RefusedSave_EndsWithoutTheForm();
+    void SaveDirect_ReplaceQuestions_SaveWithoutTheForm();
     void ModalForm_BoxOfItsStart_StandsOpenWhenItIsMade();
     void ModalForm_ParentGoneUnderTheBoxOfItsStart_IsNotShown();
     void ModalForm_ParentGoneWhileShown_TellsSo();
@@ -129,6 +132,39 @@ void TestFormsGone::Node_ManagerInfo_EndsWithoutTheForm()
 
     QCOMPARE(shown, 1);
     QVERIFY(!f.Form);
+}
+
+void TestFormsGone::SaveDirect_RefusedSave_EndsWithoutTheForm()
+{
+    SaveDirectNodeFixture f;
+    f.ShowOn("Alpha");
+    const QStringList before = f.Records();
+    DestroyUnderTheBox(f);
+
+    f.Click("cmdSave");
+
+    QVERIFY(!f.Form);
+    QCOMPARE(f.Operator.Texts(), QStringList{"Give node name."});
+    QCOMPARE(f.Records(), before);
+}
+
+void TestFormsGone::SaveDirect_ReplaceQuestions_SaveWithoutTheForm()
+{
+    SaveDirectNodeFixture f;
+    f.ShowOnNew("Beta");
+    f.ClickPage(1);
+    f.TypeName("South");
+    const qint32 id = f.IdOfNode("South");
+    f.Operator.WhileOpen = [&f](const RecordedBox& box) {
+        if (box.title == "Replace Node")
+            f.Form.reset();
+    };
+
+    f.Click("cmdSave");
+
+    QVERIFY(!f.Form);
+    QCOMPARE(f.Operator.Boxes.size(), 2U);
+    QVERIFY(f.IdOfNode("South") > id);
 }
 
 void TestFormsGone::ModalForm_BoxOfItsStart_StandsOpenWhenItIsMade()

@@ -1,61 +1,13 @@
-#include "platform/Components.h"
-#include "tests/components/DatabaseFixture.h"
+#include "tests/dialogs/DialogOnDatabase.h"
 #include "tests/dialogs/NodePropFixture.h"
 
-#include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
 
 namespace {
 
-/// The node dialog on a database.
-class NodePropOnDatabase
-{
-public:
-    DatabaseFixture File;
-    NodePropFixture Dialog{[this] {
-        RegisterComponent(HvxDatabaseId, [this] {
-            auto component = std::make_unique<HvxDatabaseComponent>(File.Source());
-            component->SetBusyTimeout(0);
-            return component;
-        });
-    }};
-
-    /// What another application finds: connection, device, command line, target; "none" without a record.
-    [[nodiscard]] QString Record(const QString& name) const
-    {
-        QString id;
-        QString conName;
-        QString target;
-        QString device;
-        QString commandLine;
-        const auto component = File.OpenComponent();
-        component->GetNodeID(name, id);
-        if (id.isEmpty())
-            return QStringLiteral("none");
-        component->GetNodeEx(name, conName, target, device, commandLine);
-        return QStringList{conName, device, commandLine, target}.join(u';');
-    }
-    [[nodiscard]] qint32 IdOf(const QString& name) const
-    {
-        QString id;
-        File.OpenComponent()->GetNodeID(name, id);
-        return id.toInt();
-    }
-    /// The trees show what the database holds, and the saved node is the selected one.
-    void CompareTrees(const QString& selected) const
-    {
-        QCOMPARE(Dialog.TreeContents(), SaveFixture::FreshTreeContents());
-        QCOMPARE(Dialog.ConTree.Text(Dialog.Con().SelectedTreeNodeIndex), selected);
-    }
-
-private:
-    QAbstractItemModelTester m_conTester{&Dialog.ConTree,
-                                         QAbstractItemModelTester::FailureReportingMode::QtTest};
-    QAbstractItemModelTester m_nodesTester{&Dialog.NodesTree,
-                                           QAbstractItemModelTester::FailureReportingMode::QtTest};
-};
+using NodePropOnDatabase = DialogOnDatabase<NodePropFixture>;
 
 QString WithAddress(const char* target, const char* from, const char* to)
 {
@@ -112,7 +64,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_New_AddsTheNode()
              "Alpha;NET4;-port 2;" + WithAddress(DatabaseFixture::SouthTarget, "=18", "=99") + ",WP=OPT");
     QCOMPARE(f.Con().NodeDbID, s.IdOf("West"));
     QVERIFY(f.Operator.Boxes.empty());
-    s.CompareTrees("West");
+    s.CompareTrees(f.Con(), "West");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_SameName_ChangesTheNode()
@@ -126,7 +78,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_SameName_ChangesTheNode()
 
     QCOMPARE(s.Record("North"),
              "Alpha;NET4;1|-port 1;" + WithAddress(DatabaseFixture::NorthTarget, "=17", "=99") + Options);
-    s.CompareTrees("North");
+    s.CompareTrees(f.Con(), "North");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_OtherName_RenamesTheNode()
@@ -140,7 +92,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_OtherName_RenamesTheNode()
     QCOMPARE(s.Record("North"), "none");
     QVERIFY2(s.Record("West").startsWith("Alpha;NET4;1|-port 1;"), qPrintable(s.Record("West")));
     QVERIFY(f.Operator.Boxes.empty());
-    s.CompareTrees("West");
+    s.CompareTrees(f.Con(), "West");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_OtherConnection_MovesTheNode()
@@ -152,7 +104,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_OtherConnection_MovesTheNode()
     f.Click("cmdSave");
 
     QVERIFY2(s.Record("North").startsWith("Beta;NET4;1|-port 1;"), qPrintable(s.Record("North")));
-    s.CompareTrees("North");
+    s.CompareTrees(f.Con(), "North");
     QCOMPARE(f.ConTree.Text(f.ConTree.Parent(f.Con().SelectedTreeNodeIndex)), "Beta");
 }
 
@@ -168,7 +120,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_OtherClass_ReplacesTheTarget()
     QVERIFY(f.Operator.Boxes.empty());
     QCOMPARE(s.Record("North"),
              "Gamma;NET4;1|-port 1;WP=SNMPNODE,HOST=192.168.0.1,PORT=161,COMMUNITY=public");
-    s.CompareTrees("North");
+    s.CompareTrees(f.Con(), "North");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_FeParameters_AreInTheTarget()
@@ -203,7 +155,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_NewOntoAnother_ReplacesIt()
     QCOMPARE(f.Form->result(), int(QDialog::Accepted));
     QVERIFY2(s.Record("East").startsWith("Alpha;NET4;"), qPrintable(s.Record("East")));
     QVERIFY(s.Record("North") != "none");
-    s.CompareTrees("East");
+    s.CompareTrees(f.Con(), "East");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_RenameOntoAnother_ReplacesIt()
@@ -217,7 +169,7 @@ void TestFrmDatabaseNodePropOnDatabase::Save_RenameOntoAnother_ReplacesIt()
     QCOMPARE(f.Operator.Boxes, std::vector{ReplaceQuestion("South")});
     QCOMPARE(s.Record("North"), "none");
     QCOMPARE(s.Record("South"), "Alpha;NET4;1|-port 1;" + QString(DatabaseFixture::NorthTarget) + ",WP=OPT");
-    s.CompareTrees("South");
+    s.CompareTrees(f.Con(), "South");
 }
 
 void TestFrmDatabaseNodePropOnDatabase::Save_RenameOntoAnother_Cancelled_ChangesNothing()

@@ -1,4 +1,4 @@
-#include "tests/dialogs/NodePropFixture.h"
+#include "tests/dialogs/NodeDialogFixture.h"
 
 #include "database/DatabaseState.h"
 #include "dialogs/DialogState.h"
@@ -13,7 +13,7 @@
 #include <QPushButton>
 #include <QTest>
 
-NodePropFixture::NodePropFixture(const std::function<void()>& useOther) : SaveFixture(useOther)
+NodeDialogFixture::NodeDialogFixture(const std::function<void()>& useOther) : SaveFixture(useOther)
 {
     Database().EditRight = true;
     Model().ConOrderObject = std::make_unique<ConOrderClass>();
@@ -23,7 +23,7 @@ NodePropFixture::NodePropFixture(const std::function<void()>& useOther) : SaveFi
     Forget();
 }
 
-NodePropFixture::~NodePropFixture()
+NodeDialogFixture::~NodeDialogFixture()
 {
     Form.reset();
     Model().ConOrderObject.reset();
@@ -31,7 +31,7 @@ NodePropFixture::~NodePropFixture()
     Help() = HelpHook();
 }
 
-void NodePropFixture::Show()
+void NodeDialogFixture::Show()
 {
     if (!Form)
         Make();
@@ -39,21 +39,9 @@ void NodePropFixture::Show()
     QCoreApplication::processEvents();
 }
 
-void NodePropFixture::ShowNode(const QString& name)
-{
-    EditNode(name);
-    Show();
-}
-
-void NodePropFixture::ShowNewNode(const QString& templateNode)
-{
-    AddNode(templateNode);
-    Show();
-}
-
 // What is seen ----------------------------------------------------------------------------------------------
 
-QStringList NodePropFixture::Column(int column) const
+QStringList NodeDialogFixture::Column(int column) const
 {
     QStringList texts;
     for (int row = 1; row < Parameters().GridRows(); ++row)
@@ -63,7 +51,7 @@ QStringList NodePropFixture::Column(int column) const
     return texts;
 }
 
-QStringList NodePropFixture::Entries(const char* combo) const
+QStringList NodeDialogFixture::Entries(const char* combo) const
 {
     QStringList texts;
     for (int entry = 0; entry < Find<QComboBox>(combo).count(); ++entry)
@@ -71,12 +59,12 @@ QStringList NodePropFixture::Entries(const char* combo) const
     return texts;
 }
 
-QString NodePropFixture::Chosen(const char* combo) const
+QString NodeDialogFixture::Chosen(const char* combo) const
 {
     return Find<QComboBox>(combo).currentText();
 }
 
-QStringList NodePropFixture::Pages() const
+QStringList NodeDialogFixture::Pages() const
 {
     QStringList texts;
     for (int row = 0; row < Find<QListWidget>("lstWPlist").count(); ++row)
@@ -84,17 +72,17 @@ QStringList NodePropFixture::Pages() const
     return texts;
 }
 
-QString NodePropFixture::Text(const char* label) const
+QString NodeDialogFixture::Text(const char* label) const
 {
     return Find<QLabel>(label).text();
 }
 
-QString NodePropFixture::Name() const
+QString NodeDialogFixture::Name() const
 {
     return Find<QLineEdit>("txtNodeName").text();
 }
 
-QWidget* NodePropFixture::Editor() const
+QWidget* NodeDialogFixture::Editor() const
 {
     for (const char* name : {"txtGridEdit", "cboGridEdit"}) {
         if (Find<QWidget>(name).isVisible())
@@ -103,19 +91,14 @@ QWidget* NodePropFixture::Editor() const
     return nullptr;
 }
 
-QString NodePropFixture::Value(int waypoint, int row) const
-{
-    return Con().GetWpData(waypoint).GetWpParam(row, 2);
-}
-
 // What the operator does ------------------------------------------------------------------------------------
 
-void NodePropFixture::Click(const char* button) const
+void NodeDialogFixture::Click(const char* button) const
 {
     QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton);
 }
 
-void NodePropFixture::TypeName(const QString& name) const
+void NodeDialogFixture::TypeName(const QString& name) const
 {
     auto& box = Find<QLineEdit>("txtNodeName");
     box.setFocus();
@@ -124,7 +107,7 @@ void NodePropFixture::TypeName(const QString& name) const
     QTest::keyClicks(&box, name);
 }
 
-void NodePropFixture::Choose(const char* combo, const QString& text) const
+void NodeDialogFixture::Choose(const char* combo, const QString& text) const
 {
     auto& box = Find<QComboBox>(combo);
     box.setFocus();
@@ -143,14 +126,14 @@ void NodePropFixture::Choose(const char* combo, const QString& text) const
         qFatal("%s does not offer %s", combo, qPrintable(text));
 }
 
-void NodePropFixture::ClickPage(int row) const
+void NodeDialogFixture::ClickPage(int row) const
 {
     auto& list = Find<QListWidget>("lstWPlist");
     list.setFocus();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
 }
 
-void NodePropFixture::OpenEditor(int row) const
+void NodeDialogFixture::OpenEditor(int row) const
 {
     const QRect cell = Parameters().CellRect(row, 1);
     Parameters().setFocus();
@@ -158,7 +141,7 @@ void NodePropFixture::OpenEditor(int row) const
     QTest::mouseDClick(Parameters().viewport(), Qt::LeftButton, {}, cell.center());
 }
 
-void NodePropFixture::TypeValue(int row, const QString& value) const
+void NodeDialogFixture::TypeValue(int row, const QString& value) const
 {
     OpenEditor(row);
     if (auto* combo = qobject_cast<QComboBox*>(Editor())) {
@@ -176,13 +159,13 @@ void NodePropFixture::TypeValue(int row, const QString& value) const
     QTest::keyClicks(box, value);
 }
 
-void NodePropFixture::EnterValue(int row, const QString& value) const
+void NodeDialogFixture::EnterValue(int row, const QString& value) const
 {
     TypeValue(row, value);
     QTest::keyClick(Editor(), Qt::Key_Return);
 }
 
-void NodePropFixture::ScriptFeParameters()
+void NodeDialogFixture::ScriptFeParameters()
 {
     const auto list = [](const char* items) {
         return QStringList{QString::fromLatin1(items).replace(u',', TabChar)};
