@@ -36,6 +36,9 @@ public:
     TreeEntries NodesTree;
     /// Values of the page that the node dialog shows.
     GridTexts Grid;
+    /// The connection of the Direct tab, and the one that only that tab knows, which is called "Mine".
+    ConData Direct;
+    ConData NewDirect;
     /// Most transaction levels that were open while a box stood open.
     int LevelsUnderBoxes = 0;
 
@@ -46,11 +49,18 @@ public:
     void AddConnection();
     void EditNode(const QString& name);
     void AddNode(const QString& templateNode);
+    /// What choosing a connection on the Direct tab does; a copy of it that no record is behind.
+    void EditDirect(const QString& name);
+    void AddDirect(const QString& templateName, const QString& name);
 
     bool Save(QString name);
     /// `conName`: empty for the one that the node has.
     bool SaveNodeAs(QString name, const QString& conName = QString());
 
+    bool SaveDirect(QString name);
+
+    /// A value of the first waypoint of the Direct tab's connection.
+    void SetDirectValue(int row, const QString& value);
     /// A value of the first waypoint, as an operator enters it.
     void SetValue(int row, const QString& value);
     /// The full target that the working copy composes.
@@ -76,6 +86,8 @@ public:
     void RemoveElsewhere(const QString& name);
 
 private:
+    QString m_directTypeLongName;
+
     void FillStore();
     void ForgetAll();
     void TakeNewId(const QString& name);
