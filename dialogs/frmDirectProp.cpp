@@ -88,7 +88,7 @@ bool frmDirectProp::HasChanges()
     if (m_direct.NewCon || m_direct.ConDbID == 0)
         return true;
     if (!SameName(Trim(m_ui->panConnection->Name()), m_direct.ConName) ||
-        m_ui->panConnection->TypeLongName() != m_ui->panConnection->FirstTypeLongName())
+        !SameName(m_ui->panConnection->TypeLongName(), m_ui->panConnection->FirstTypeLongName()))
         return true;
     SetSavedValues(m_direct, m_backup->Before());
     return m_direct.ParamValuesChanged();
