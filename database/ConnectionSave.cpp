@@ -73,7 +73,7 @@ void ConnectionSaving::AskForReplacement()
 {
     QString id;
     if (!Gateway().GetParentIDDb(m_name, id))
-        m_unit.Refuse(QStringLiteral("Failure to get connection data from database."));
+        m_unit.Refuse(SaveText::ConnectionUnread());
     AskToReplace(m_unit,
                  QStringLiteral("Connection %1 exists in database. Do you want to replace it ?").arg(m_name),
                  QStringLiteral("Replace Connection"));
@@ -111,7 +111,7 @@ void ConnectionSaving::Change()
     qint32 position = 0;
     if (!SaveConnectionChanges(m_con.ConName, m_name, m_con.TargetString, *m_con.ConTree,
                                m_con.ViewNodesChecked, position))
-        m_unit.Refuse(QStringLiteral("Error in connection database saving."));
+        m_unit.Refuse(SaveText::ConnectionFailure());
     TakeRecord(position);
 }
 
@@ -127,7 +127,7 @@ void ConnectionSaving::TakeRecord(qint32 position)
 {
     QString id;
     if (!Gateway().GetParentIDDb(m_name, id))
-        m_unit.Refuse(QStringLiteral("Failure to get connection data from database."));
+        m_unit.Refuse(SaveText::ConnectionUnread());
     m_con.ConDbID = ValInt(id);
     m_con.ConName = m_name;
     m_con.SelectedTreeNodeIndex = position;

@@ -41,6 +41,21 @@ QString SaveText::SearchFailure()
     return QStringLiteral("Failure in database search.");
 }
 
+QString SaveText::ReservedName()
+{
+    return QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
+}
+
+QString SaveText::ConnectionFailure()
+{
+    return QStringLiteral("Error in connection database saving.");
+}
+
+QString SaveText::ConnectionUnread()
+{
+    return QStringLiteral("Failure to get connection data from database.");
+}
+
 void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title, const QString& cancelText)
 {
     // The question must not hold the database, and what a transaction that cannot be ended would make of the

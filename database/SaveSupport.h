@@ -36,6 +36,9 @@ namespace SaveText {
 
 QString ParametersRefused();
 QString SearchFailure();
+QString ReservedName();
+QString ConnectionFailure();
+QString ConnectionUnread();
 
 } // namespace SaveText
 

@@ -36,6 +36,7 @@ const QStringList& ToldTexts()
         "Database error, Connection ID missing.",
         "Database error, failure in SaveParent.",
         "Error: Database search error.",
+        "Database search error.",
         "Connection Beta exists in database. Do you want to replace it ?",
         "Node East exists in database. Do you want to replace it ?",
         "Failure in removing Node West.",
@@ -86,6 +87,12 @@ void EditAlpha(SaveFixture& fixture)
 {
     fixture.EditConnection("Alpha");
     fixture.SetValue(1, "99");
+}
+
+void EditDirectAlpha(SaveFixture& fixture)
+{
+    fixture.EditDirect("Alpha");
+    fixture.SetDirectValue(1, "99");
 }
 
 bool SaveAsWest(SaveFixture& fixture)
@@ -147,6 +154,12 @@ const std::vector<SaveKind>& SaveKind::All()
          [](SaveFixture& fixture) { return fixture.Save("Beta"); }},
         {"renamed connection", EditAlpha, [](SaveFixture& fixture) { return fixture.Save("Omega"); }},
         {"retargeted connection", EditAlpha, [](SaveFixture& fixture) { return fixture.Save("Alpha"); }},
+        {"direct connection, new", [](SaveFixture& fixture) { fixture.AddDirect("Alpha", "Mine"); },
+         [](SaveFixture& fixture) { return fixture.SaveDirect("Mine"); }, true},
+        {"direct connection over its record", EditDirectAlpha,
+         [](SaveFixture& fixture) { return fixture.SaveDirect("Alpha"); }},
+        {"direct connection under another name", EditDirectAlpha,
+         [](SaveFixture& fixture) { return fixture.SaveDirect("Omega"); }, true},
         {"new node", AddLikeNorth, SaveAsWest, true},
         {"renamed node", EditNorth, SaveAsWest},
         {"changed node", EditNorth, [](SaveFixture& fixture) { return fixture.SaveNodeAs("North"); }},
@@ -232,7 +245,7 @@ QString FaultRun::ProblemWithCall(int k)
 
 QString FaultRun::Problem(SaveFixture& fixture, bool saved)
 {
-    if (fixture.Pointers.isEmpty() || fixture.Pointers.last() != DatabaseClass::NormalPointer)
+    if (!fixture.Pointers.isEmpty() && fixture.Pointers.last() != DatabaseClass::NormalPointer)
         return "the pointer stays busy";
     for (const QString& problem : {ProblemWithBoxes(fixture, saved), ProblemWithLevels(fixture)}) {
         if (!problem.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "database/ConnectionSave.h"
 #include "database/DatabaseState.h"
+#include "database/DirectConnectionSave.h"
 #include "model/GridChecks.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
@@ -183,6 +184,29 @@ void SaveFixture::AddNode(const QString& templateNode)
     Con().NodeDbID = 0;
 }
 
+void SaveFixture::EditDirect(const QString& name)
+{
+    if (!Direct().SetParentConData(name, true) ||
+        !Gateway().GetConTypeLongNameDb(Direct().ConTypeName, m_directTypeLongName))
+        qFatal("The connection cannot be read.");
+    NewDirect().ConName = QStringLiteral("Mine");
+    TakeTrees();
+    ForgetAll();
+}
+
+void SaveFixture::AddDirect(const QString& templateName, const QString& name)
+{
+    EditDirect(templateName);
+    Direct().ConName = name;
+    Direct().ConDbID = 0;
+    Direct().NewCon = true;
+}
+
+bool SaveFixture::SaveDirect(QString name)
+{
+    return SaveDirectDefinition(Direct(), NewDirect(), name, m_directTypeLongName);
+}
+
 bool SaveFixture::Save(QString name)
 {
     return SaveConnection(Con(), name);
@@ -197,6 +221,11 @@ bool SaveFixture::SaveNodeAs(QString name, const QString& conName)
     NodeSaveRequest request{name, conName.isEmpty() ? Con().ConName : conName, storeValues, Grid,
                             ShownParameterCount(Con().GetWpData(1), 0)};
     return SaveNode(Con(), request);
+}
+
+void SaveFixture::SetDirectValue(int row, const QString& value)
+{
+    Direct().SetWpDataItem(1, row, ValueColumn, value);
 }
 
 void SaveFixture::SetValue(int row, const QString& value)
@@ -261,7 +290,8 @@ QStringList SaveFixture::Flags() const
               << con->ConName << QString::number(con->ConDbID)
               << (con->NewNode ? QStringLiteral("new node") : QStringLiteral("node")) << con->NodeName
               << QString::number(con->NodeDbID) << QString::number(con->ConWpCount)
-              << QString::number(con->SelectedTreeNodeIndex);
+              << QString::number(con->SelectedTreeNodeIndex)
+              << (con->SelectPressed ? QStringLiteral("taken") : QStringLiteral("not taken"));
     }
     return flags;
 }

@@ -51,6 +51,9 @@ public:
     void AddNode(const QString& templateNode);
     /// The trees in ConObject, as while a dialog is open.
     void TakeTrees();
+    /// What choosing a connection on the Direct tab does; a copy of it that no record is behind.
+    void EditDirect(const QString& name);
+    void AddDirect(const QString& templateName, const QString& name);
 
     bool Save(QString name);
     /// `conName`: empty for the one that the node has.
@@ -59,6 +62,10 @@ public:
     /// Forgets what was recorded, commits too.
     void ForgetAll();
 
+    bool SaveDirect(QString name);
+
+    /// A value of the first waypoint of the Direct tab's connection.
+    void SetDirectValue(int row, const QString& value);
     /// A value of the first waypoint, as an operator enters it.
     void SetValue(int row, const QString& value);
     /// The full target that the working copy composes.
@@ -84,6 +91,8 @@ public:
     void RemoveElsewhere(const QString& name);
 
 private:
+    QString m_directTypeLongName;
+
     void FillStore();
     void TakeNewId(const QString& name);
 };

@@ -1,5 +1,6 @@
 #include "platform/controls/ModalForm.h"
 #include "tests/dialogs/ConPropFixture.h"
+#include "tests/dialogs/DirectPropFixture.h"
 #include "tests/dialogs/NodePropFixture.h"
 #include "tests/dialogs/SaveDirectNodeFixture.h"
 
@@ -14,6 +15,9 @@ class TestFormsGone : public QObject
 private Q_SLOTS:
     void Connection_RefusedSave_EndsWithoutTheForm();
     void Connection_ReplaceQuestion_SavesWithoutTheForm();
+    void Direct_Refused_EndsWithoutTheForm_data();
+    void Direct_Refused_EndsWithoutTheForm();
+    void Direct_QuestionOfTheBegin_SavesWithoutTheForm();
     void Node_RefusedSave_EndsWithoutTheForm();
     void Node_ReplaceQuestion_SavesWithoutTheForm();
     void Node_PacketSizes_EndWithoutTheForm();
@@ -73,6 +77,59 @@ void TestFormsGone::Connection_ReplaceQuestion_SavesWithoutTheForm()
     QCOMPARE(f.Operator.Texts(),
              QStringList{"Connection Alpha exists in database. Do you want to replace it ?"});
     QVERIFY(f.IdOfConnection("Alpha") != id);
+}
+
+void TestFormsGone::Direct_Refused_EndsWithoutTheForm_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("button");
+    QTest::newRow("Save, taken") << "Beta"
+                                 << "cmdSave";
+    QTest::newRow("Save, reserved") << "New Connection"
+                                    << "cmdSave";
+    QTest::newRow("Save, no name") << " "
+                                   << "cmdSave";
+    QTest::newRow("Apply, no name") << " "
+                                    << "cmdApply";
+}
+
+void TestFormsGone::Direct_Refused_EndsWithoutTheForm()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, button);
+    DirectPropFixture f;
+    f.EditDirect("Alpha");
+    const QStringList held = f.Held();
+    f.Show();
+    f.SetDirectValue(1, "99");
+    f.TypeName(name);
+    const QStringList before = f.Records();
+    DestroyUnderTheBox(f);
+
+    f.Click(button.toLatin1().constData());
+
+    QVERIFY(!f.Form);
+    QVERIFY(!f.Operator.Boxes.empty());
+    QCOMPARE(f.Records(), before);
+    QCOMPARE(f.Held(), held);
+}
+
+void TestFormsGone::Direct_QuestionOfTheBegin_SavesWithoutTheForm()
+{
+    DirectPropFixture f;
+    f.Edit("Alpha");
+    f.SetDirectValue(1, "99");
+    f.TypeName("Omega");
+    f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
+    DestroyUnderTheBox(f);
+
+    f.Click("cmdSave");
+
+    QVERIFY(!f.Form);
+    const QString target = QString(SaveFixture::AlphaTarget).replace("ID=254", "ID=99");
+    QVERIFY(f.Records().contains("Omega|" + target));
+    QCOMPARE(f.Direct().ConName, "Omega");
+    QCOMPARE(f.Direct().GetWpData(1).GetWpParam(1, 2), "99");
 }
 
 void TestFormsGone::Node_RefusedSave_EndsWithoutTheForm()

@@ -1,9 +1,6 @@
-#include "components/hvxdb/HvxDatabaseComponent.h"
-#include "platform/Components.h"
-#include "tests/components/DatabaseFixture.h"
 #include "tests/dialogs/ConPropFixture.h"
+#include "tests/dialogs/OnDatabase.h"
 
-#include <QAbstractItemModelTester>
 #include <QTest>
 
 namespace {
@@ -11,56 +8,7 @@ namespace {
 const QString Changed = QStringLiteral("Save is prevented, because another application has changed this "
                                        "connection. Close dialog and try again.");
 
-/// The dialog on a database, and another application on the same one.
-class DialogOnDatabase
-{
-public:
-    DatabaseFixture File;
-    ConPropFixture Fixture{[this] { Use(); }};
-    QAbstractItemModelTester ConTester{&Fixture.ConTree};
-    QAbstractItemModelTester NodesTester{&Fixture.NodesTree};
-    std::unique_ptr<HvxDatabaseComponent> Other = File.OpenComponent();
-
-    /// "there is none" where there is no such connection.
-    [[nodiscard]] QString TargetOf(const QString& name) const
-    {
-        QString target;
-        return DatabaseFixture::ErrorOf([&] { Other->GetParent(name, target); }) == 0
-                   ? target
-                   : QStringLiteral("there is none");
-    }
-    [[nodiscard]] QString IdOf(const QString& name) const
-    {
-        QString id;
-        Other->GetParentID(name, id);
-        return id;
-    }
-    /// A transaction that is open would refuse another application's write.
-    [[nodiscard]] bool IsFree() const
-    {
-        return DatabaseFixture::ErrorOf([this] {
-                   qint32 started = 0;
-                   Other->BeginTransaction(started);
-                   Other->DeleteNode("East");
-                   Other->RollbackTransaction();
-               }) == 0;
-    }
-    [[nodiscard]] bool TreesAgree() const
-    {
-        return Fixture.TreeContents() == SaveFixture::FreshTreeContents();
-    }
-
-private:
-    void Use() const
-    {
-        const QString source = File.Source();
-        RegisterComponent(HvxDatabaseId, [source] {
-            auto component = std::make_unique<HvxDatabaseComponent>(source);
-            component->SetBusyTimeout(0);
-            return component;
-        });
-    }
-};
+using DialogOnDatabase = OnDatabase<ConPropFixture>;
 
 } // namespace
 

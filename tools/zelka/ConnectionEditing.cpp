@@ -2,6 +2,7 @@
 
 #include "database/ConnectionSave.h"
 #include "database/DatabaseClass.h"
+#include "database/SaveSupport.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
@@ -78,7 +79,7 @@ void ApplyChanges(EditSession& session, const RecordChanges& changes)
 EditedRecord Save(EditSession& session, const QString& name)
 {
     if (IsReservedConnectionName(name))
-        Refuse(QStringLiteral("'New Connection' cannot be used as a connection name, give a new name."));
+        Refuse(SaveText::ReservedName());
     QString saved = name;
     if (!SaveConnection(session.Con(), saved))
         session.Session().Refused();
