@@ -22,16 +22,6 @@ const QString ConnectionsText = QStringLiteral("Connections");
 const QString NodesText = QStringLiteral("Nodes");
 const QString NodeKeySuffix = QStringLiteral("N");
 
-/// Shows the wait cursor for as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { Machine().ShowBusyPointer(true); }
-    ~BusyPointer() { Machine().ShowBusyPointer(false); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-};
-
 } // namespace
 
 // Views -----------------------------------------------------------------------------------------------------
