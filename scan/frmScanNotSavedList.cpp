@@ -80,7 +80,7 @@ void frmScanNotSavedList::AlignLabels()
     const qreal left =
         list.frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
     const auto columnAt = [&](int characters) {
-        return static_cast<int>(std::lround(left + characters * metrics.horizontalAdvance(u'0')));
+        return static_cast<int>(std::lround(left + metrics.horizontalAdvance(QString(characters, u'0'))));
     };
     const int name = columnAt(SaveLine::AddressWidth + SaveLine::GapWidth);
     const int existsEnd = columnAt(SaveLine::Width - SaveLine::TooLongWidth);

@@ -23,7 +23,7 @@ void SaveListFixture::LoadDirect()
     Forget();
 }
 
-void SaveListFixture::Find(const QStringList& names)
+void SaveListFixture::FindNodes(const QStringList& names)
 {
     if (!LoadFoundNodeType(Direct))
         qFatal("There is no node type.");

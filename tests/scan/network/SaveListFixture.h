@@ -20,7 +20,7 @@ public:
 
     /// A node of that name at each address from 101 on, all named by their identification. Forgets what was
     /// recorded.
-    void Find(const QStringList& names);
+    void FindNodes(const QStringList& names);
     /// Loads the connection again, as before anything was found.
     void LoadDirect();
     /// Selects rows from 1, as the list does; none: all.

@@ -113,7 +113,7 @@ void TestFoundNodeSave::FoundNodeRows_NodeWithoutAddress_EndsThem()
 void TestFoundNodeSave::SaveFoundNode_NewNode_IsUnderTheConnection()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     QStringList selected;
     Model().SelectTreeEntry = [&](TreeEntries& tree, TreeEntries::Index entry) {
         selected << tree.Text(entry);
@@ -133,7 +133,7 @@ void TestFoundNodeSave::SaveFoundNode_NewNode_IsUnderTheConnection()
 void TestFoundNodeSave::SaveFoundNode_ExistingNode_StaysUnasked()
 {
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     const BeforeSave before(f);
     const QStringList flags = f.DirectFlags();
 
@@ -147,7 +147,7 @@ void TestFoundNodeSave::SaveFoundNode_ExistingNode_StaysUnasked()
 void TestFoundNodeSave::SaveFoundNode_ExistingNode_IsReplaced()
 {
     SaveListFixture f;
-    f.Find({"East"});
+    f.FindNodes({"East"});
 
     QCOMPARE(SaveRow(f, 1, true), FoundNodeOutcome::Saved);
 
@@ -159,7 +159,7 @@ void TestFoundNodeSave::SaveFoundNode_ExistingNode_IsReplaced()
 void TestFoundNodeSave::SaveFoundNode_Manager_IsTheConnections()
 {
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     f.Direct.NodeType = "NET4";
     f.Direct.CommandLine = "1|-port 9";
 
@@ -171,7 +171,7 @@ void TestFoundNodeSave::SaveFoundNode_Manager_IsTheConnections()
 void TestFoundNodeSave::SaveFoundNode_NameOfAConnection_IsNotSaved()
 {
     SaveListFixture f;
-    f.Find({"Beta"});
+    f.FindNodes({"Beta"});
     const BeforeSave before(f);
 
     QCOMPARE(SaveRow(f, 1, true), FoundNodeOutcome::NotSaved);
@@ -183,7 +183,7 @@ void TestFoundNodeSave::SaveFoundNode_NameOfAConnection_IsNotSaved()
 void TestFoundNodeSave::SaveFoundNode_WrongTarget_IsToldAndRolledBack()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     const BeforeSave before(f);
     f.Component.Answer("CheckTargetSyntax", {"", "ERROR"});
 
@@ -196,7 +196,7 @@ void TestFoundNodeSave::SaveFoundNode_WrongTarget_IsToldAndRolledBack()
 void TestFoundNodeSave::SaveFoundNode_ReplaceFails_KeepsTheOldNode()
 {
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     const BeforeSave before(f);
     const QStringList flags = f.DirectFlags();
     f.Component.Fail("SaveNode");
@@ -220,7 +220,7 @@ void TestFoundNodeSave::SaveFoundNode_ConnectionChangedElsewhere_IsPrevented()
 {
     QFETCH(QString, how);
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     if (how == "changed")
         f.ChangeElsewhere("Alpha");
     else if (how == "removed")
@@ -241,7 +241,7 @@ void TestFoundNodeSave::SaveFoundNode_ConnectionChangedElsewhere_IsPrevented()
 void TestFoundNodeSave::SaveFoundNode_HeldElsewhere_IsDenied()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     const BeforeSave before(f);
     f.Component.Fail("BeginTransaction", DatabaseErrorNumber::InUse);
     f.Operator.Answers = {BoxAnswer::Ok, BoxAnswer::Cancel};
@@ -257,7 +257,7 @@ void TestFoundNodeSave::SaveFoundNode_HeldElsewhere_IsDenied()
 void TestFoundNodeSave::SaveFoundNode_TreeGoneUnderTheQuestion_EndsWithoutAWord()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     const QStringList records = f.Records();
     auto tree = std::make_unique<TreeEntries>();
     f.Con().NodesTree = tree.get();
@@ -277,7 +277,7 @@ void TestFoundNodeSave::SaveFoundNode_TreeGoneUnderTheQuestion_EndsWithoutAWord(
 void TestFoundNodeSave::SaveFoundNode_DatabaseClosedUnderTheQuestion_IsNotSaved()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     const QStringList records = f.Records();
     f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
     f.Operator.WhileOpen = [](const RecordedBox& box) {
@@ -307,7 +307,7 @@ void TestFoundNodeSave::SaveFoundNode_AnyCallFails_LeavesAllOrNothing_data()
 /// Prepares a node with a manager; North exists and is replaced.
 static void Prepare(SaveListFixture& f, const QString& name)
 {
-    f.Find({name});
+    f.FindNodes({name});
     f.Direct.NodeType = "NET4";
     f.Direct.CommandLine = "1|-port 9";
 }

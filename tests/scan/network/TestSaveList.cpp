@@ -148,7 +148,7 @@ void TestSaveList::CheckNameLengths_SavedRow_Stays()
 void TestSaveList::CheckNamesInDatabase_Names_AreLookedUp()
 {
     SaveListFixture f;
-    f.Find({"North", "Omega", "east", "Alpha"});
+    f.FindNodes({"North", "Omega", "east", "Alpha"});
     QCOMPARE(f.States(), QStringList(4, "exists"));
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
@@ -160,7 +160,7 @@ void TestSaveList::CheckNamesInDatabase_Names_AreLookedUp()
 void TestSaveList::CheckNamesInDatabase_EachRow_HasItsTransaction()
 {
     SaveListFixture f;
-    f.Find({"North", "Omega"});
+    f.FindNodes({"North", "Omega"});
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
 
@@ -171,7 +171,7 @@ void TestSaveList::CheckNamesInDatabase_EachRow_HasItsTransaction()
 void TestSaveList::CheckNamesInDatabase_SavedRow_IsNotLookedUp()
 {
     SaveListFixture f;
-    f.Find({"North", "Omega"});
+    f.FindNodes({"North", "Omega"});
     f.Row(1).state = SaveState::Saved;
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
@@ -183,7 +183,7 @@ void TestSaveList::CheckNamesInDatabase_SavedRow_IsNotLookedUp()
 void TestSaveList::CheckNamesInDatabase_LongName_IsCut()
 {
     SaveListFixture f;
-    f.Find({QString(40, 'x')});
+    f.FindNodes({QString(40, 'x')});
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
 
@@ -194,7 +194,7 @@ void TestSaveList::CheckNamesInDatabase_LongName_IsCut()
 void TestSaveList::CheckNamesInDatabase_Pointer_IsNormalAtTheEnd()
 {
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     QList<bool> pointers;
     Machine().ShowBusyPointer = [&](bool busy) { pointers << busy; };
 
@@ -231,7 +231,7 @@ void TestSaveList::CheckNamesInDatabase_FailedCall_IsTold()
     QFETCH(bool, goesOn);
     QFETCH(QStringList, told);
     SaveListFixture f;
-    f.Find({"Omega", "Sigma", "Delta"});
+    f.FindNodes({"Omega", "Sigma", "Delta"});
     const QStringList before = f.Records();
     if (goesOn)
         f.Component.FailFrom(call);
@@ -255,7 +255,7 @@ void TestSaveList::CheckNamesInDatabase_FailedCall_IsTold()
 void TestSaveList::CheckNamesInDatabase_ListEmptiedUnderTheQuestion_Ends()
 {
     SaveListFixture f;
-    f.Find({"Omega", "Sigma"});
+    f.FindNodes({"Omega", "Sigma"});
     f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
     f.Operator.WhileOpen = [](const RecordedBox&) { Scan().ScanSaveList.clear(); };
 
@@ -267,7 +267,7 @@ void TestSaveList::CheckNamesInDatabase_ListEmptiedUnderTheQuestion_Ends()
 void TestSaveList::CheckNamesInDatabase_DatabaseClosedUnderTheQuestion_Fails()
 {
     SaveListFixture f;
-    f.Find({"Omega", "Sigma"});
+    f.FindNodes({"Omega", "Sigma"});
     f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
     f.Operator.WhileOpen = [](const RecordedBox& box) {
         if (box.flags == BoxFlags::OkCancel) {

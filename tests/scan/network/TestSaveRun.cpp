@@ -25,7 +25,7 @@ private Q_SLOTS:
 void TestSaveRun::SaveNext_SelectedRows_AreSaved()
 {
     SaveListFixture f;
-    f.Find({"One", "Two", "Three"});
+    f.FindNodes({"One", "Two", "Three"});
     f.Select({1, 3});
     SaveRun run(f.Direct, f.NewDirect);
 
@@ -56,7 +56,7 @@ void TestSaveRun::SaveNext_Mode_DecidesAboutExistingNodes()
     QFETCH(bool, plain);
     QFETCH(QString, state);
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     f.Select();
     Scan().ScanSelSaveMode = plain;
     SaveRun run(f.Direct, f.NewDirect);
@@ -71,7 +71,7 @@ void TestSaveRun::SaveNext_Mode_DecidesAboutExistingNodes()
 void TestSaveRun::SaveNext_RefusedRow_IsMarkedAndTheNextIsSaved()
 {
     SaveListFixture f;
-    f.Find({"North", "West"});
+    f.FindNodes({"North", "West"});
     f.Select();
     f.Row(1).state = SaveState::NameFree;
     SaveRun run(f.Direct, f.NewDirect);
@@ -86,7 +86,7 @@ void TestSaveRun::SaveNext_RefusedRow_IsMarkedAndTheNextIsSaved()
 void TestSaveRun::SaveNext_Denied_LeavesTheRowAsItWas()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     f.Select();
     f.Row(1).state = SaveState::NameFree;
     f.Component.Fail("BeginTransaction");
@@ -102,7 +102,7 @@ void TestSaveRun::SaveNext_Denied_LeavesTheRowAsItWas()
 void TestSaveRun::SaveNext_ConnectionChangedBetweenNodes_KeepsWhatIsSaved()
 {
     SaveListFixture f;
-    f.Find({"One", "Two"});
+    f.FindNodes({"One", "Two"});
     f.Select();
     f.Row(2).state = SaveState::NameFree;
     SaveRun run(f.Direct, f.NewDirect);
@@ -120,7 +120,7 @@ void TestSaveRun::SaveNext_ConnectionChangedBetweenNodes_KeepsWhatIsSaved()
 void TestSaveRun::SaveNext_CommitFails_MarksTheRow()
 {
     SaveListFixture f;
-    f.Find({"West"});
+    f.FindNodes({"West"});
     f.Select();
     f.Row(1).state = SaveState::NameFree;
     SaveListFixture::Row(1).name = "West";
@@ -142,7 +142,7 @@ void TestSaveRun::SaveNext_CommitFails_MarksTheRow()
 void TestSaveRun::SaveNext_CommitFailsOnReplacing_KeepsTheOldNode()
 {
     SaveListFixture f;
-    f.Find({"North"});
+    f.FindNodes({"North"});
     f.Select();
     Scan().ScanSelSaveMode = false;
     const QStringList before = f.Records();
@@ -163,7 +163,7 @@ void TestSaveRun::SaveNext_CommitFailsOnReplacing_KeepsTheOldNode()
 void TestSaveRun::SaveNext_ListEmptiedUnderABox_Ends()
 {
     SaveListFixture f;
-    f.Find({"One", "Two"});
+    f.FindNodes({"One", "Two"});
     f.Select();
     f.Component.Answer("CheckTargetSyntax", {"", "ERROR"});
     f.Operator.WhileOpen = [](const RecordedBox&) { Scan().ScanSaveList.clear(); };
@@ -178,7 +178,7 @@ void TestSaveRun::SaveNext_ListEmptiedUnderABox_Ends()
 void TestSaveRun::SaveNext_NoSelection_IsDone()
 {
     SaveListFixture f;
-    f.Find({"One"});
+    f.FindNodes({"One"});
     SaveRun run(f.Direct, f.NewDirect);
 
     QCOMPARE(run.SaveNext(), SaveRun::Step::Done);
