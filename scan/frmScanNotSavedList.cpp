@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -50,7 +51,7 @@ frmScanNotSavedList::frmScanNotSavedList(ConData& direct, ConData& newDirect, QW
     m_ui->setupUi(this);
     AlignLabels();
     Connect();
-    Form_Load();
+    UpdateNotSavedButtons();
 }
 
 frmScanNotSavedList::~frmScanNotSavedList() = default;
@@ -105,8 +106,10 @@ void frmScanNotSavedList::AlignLabels()
 
 void frmScanNotSavedList::Form_Load()
 {
+    const QPointer<frmScanNotSavedList> alive(this);
     CheckNames();
-    UpdateNotSavedButtons();
+    if (alive)
+        UpdateNotSavedButtons();
 }
 
 void frmScanNotSavedList::showEvent(QShowEvent* event)
@@ -114,6 +117,10 @@ void frmScanNotSavedList::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     if (!event->spontaneous())
         Form_Activate();
+    if (std::exchange(m_loaded, true))
+        return;
+    // From the event loop, since the host may destroy the form under a box of the check.
+    QMetaObject::invokeMethod(this, &frmScanNotSavedList::Form_Load, Qt::QueuedConnection);
 }
 
 void frmScanNotSavedList::Form_Activate()

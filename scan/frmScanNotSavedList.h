@@ -34,6 +34,7 @@ private:
     // -----------------------------------------------------------
 
     void Connect();
+    /// Checks the names; its boxes stand over the form.
     void Form_Load();
     void Form_Activate();
     /// Brings the labels over the columns that they name.
@@ -74,4 +75,5 @@ private:
     std::unique_ptr<Ui::frmScanNotSavedList> m_ui;
     ConData& m_direct;
     ConData& m_newDirect;
+    bool m_loaded = false;
 };

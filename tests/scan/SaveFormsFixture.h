@@ -64,15 +64,20 @@ public:
     [[nodiscard]] bool Enabled(const char* control) const { return Find<QWidget>(control).isEnabled(); }
     void Click(const char* button) const { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
 
-    /// Works in the next dialog that is shown modally, once it is there.
-    static void InNextDialog(const std::function<void(QDialog& dialog)>& work)
+    /// Works in the next dialog that is shown modally, once it is there and has loaded.
+    static void InNextDialog(const std::function<void(QDialog& dialog)>& work, int passes = PassesUntilLoaded)
     {
-        QTimer::singleShot(0, qApp, [work] {
+        QTimer::singleShot(0, qApp, [work, passes] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog && dialog->isVisible())
+            const bool isThere = dialog && dialog->isVisible();
+            if (isThere && passes == 0)
                 work(*dialog);
             else
-                InNextDialog(work);
+                InNextDialog(work, isThere ? passes - 1 : passes);
         });
     }
+
+private:
+    /// Passes of the event loop.
+    static constexpr int PassesUntilLoaded = 2;
 };

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void Load_Names_AreChecked();
     void Load_SavedRows_AreNotShown();
     void Load_CheckFails_IsToldAndTheListIsEmpty();
+    void Load_HostDestroysTheFormUnderTheQuestion_EndsQuietly();
+    void Load_HostClosesTheDatabaseUnderTheQuestion_IsTold();
     void Buttons_SelectedLine_DecidesThem_data();
     void Buttons_SelectedLine_DecidesThem();
     void Buttons_AnyLineOfTheSelection_Counts();
@@ -127,6 +129,40 @@ void TestFrmScanNotSavedList::Load_CheckFails_IsToldAndTheListIsEmpty()
     QVERIFY(f.Lines().isEmpty());
     QVERIFY(f.EnabledButtons().isEmpty());
     QCOMPARE(Scan().ScanSaveCount(), 2);
+}
+
+void TestFrmScanNotSavedList::Load_HostDestroysTheFormUnderTheQuestion_EndsQuietly()
+{
+    NotSavedFixture f;
+    f.FindNodes({"One", "Two"});
+    f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
+    f.Operator.WhileOpen = [&](const RecordedBox&) { f.Form.reset(); };
+    f.Form = std::make_unique<frmScanNotSavedList>(f.Direct, f.NewDirect);
+    f.Form->show();
+    QTRY_VERIFY(!f.Form);
+
+    QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
+    QCOMPARE(f.States(), QStringList(2, "free"));
+}
+
+void TestFrmScanNotSavedList::Load_HostClosesTheDatabaseUnderTheQuestion_IsTold()
+{
+    NotSavedFixture f;
+    f.FindNodes({"One", "Two"});
+    f.Component.FailTimes("BeginTransaction", 1, DatabaseErrorNumber::InUse);
+    f.Operator.WhileOpen = [](const RecordedBox& box) {
+        if (box.flags == BoxFlags::OkCancel) {
+            Model().Database = nullptr;
+            Database().DbObject.reset();
+        }
+    };
+    f.Form = std::make_unique<frmScanNotSavedList>(f.Direct, f.NewDirect);
+    f.Form->show();
+    QTRY_COMPARE(f.Operator.Boxes.size(), std::size_t(3));
+
+    QCOMPARE(f.Operator.Texts().mid(1),
+             (QStringList{Denied, "Database error, connection to database broken."}));
+    QVERIFY(f.Lines().isEmpty());
 }
 
 // Buttons ---------------------------------------------------------------------------------------------------
@@ -302,9 +338,9 @@ void TestFrmScanNotSavedList::Save_ConnectionChangedElsewhere_KeepsTheLines()
 void TestFrmScanNotSavedList::Save_HostDestroysTheForms_EndsQuietly()
 {
     NotSavedFixture f;
-    f.Open({"One", "Two", "Three"});
+    f.Open({"One", "Two", "Three", "Four", "Five", "Six", "Seven", "Eight"});
     f.Click("cmdSelectAll");
-    f.InNextDialog([&](QDialog&) { f.Form.reset(); });
+    f.InNextDialog([&](QDialog&) { f.Form.reset(); }, 0);
 
     f.Click("cmdSave");
 

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void SaveFoundNode_ExistingNode_StaysUnasked();
     void SaveFoundNode_ExistingNode_IsReplaced();
     void SaveFoundNode_Manager_IsTheConnections();
+    void SaveFoundNode_NoControl_SavesTheRecord();
     void SaveFoundNode_NameOfAConnection_IsNotSaved();
     void SaveFoundNode_WrongTarget_IsToldAndRolledBack();
     void SaveFoundNode_ReplaceFails_KeepsTheOldNode();
@@ -166,6 +167,19 @@ void TestFoundNodeSave::SaveFoundNode_Manager_IsTheConnections()
     QCOMPARE(SaveRow(f, 1, true), FoundNodeOutcome::Saved);
 
     QVERIFY2(f.Records().join('\n').contains("-port 9"), qPrintable(f.Records().join('\n')));
+}
+
+void TestFoundNodeSave::SaveFoundNode_NoControl_SavesTheRecord()
+{
+    SaveListFixture f;
+    f.FindNodes({"West", "North"});
+    Model().ConObject.reset();
+
+    QCOMPARE(SaveRow(f, 1, false), FoundNodeOutcome::Saved);
+    QCOMPARE(SaveRow(f, 2, true), FoundNodeOutcome::Saved);
+
+    QCOMPARE(f.TargetOf("West"), Saved101);
+    QVERIFY(f.TargetOf("North").contains("ADDR=102"));
 }
 
 void TestFoundNodeSave::SaveFoundNode_NameOfAConnection_IsNotSaved()
