@@ -30,10 +30,10 @@ bool UnitOfWork::Run(const std::function<void(UnitOfWork& unit)>& work)
     }
 }
 
-void UnitOfWork::Begin()
+void UnitOfWork::Begin(DatabaseClass::TransactionUse use)
 {
     RequireTrees();
-    if (!Gateway().BeginTransactionDb(m_transactionOpen, DatabaseClass::TransactionUse::Writing)) {
+    if (!Gateway().BeginTransactionDb(m_transactionOpen, use)) {
         ErrorBox(DatabaseText::AccessDenied());
         GiveUp();
     }

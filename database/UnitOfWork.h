@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/DatabaseClass.h"
 #include "model/TreePatches.h"
 #include "platform/MsgBox.h"
 
@@ -34,7 +35,7 @@ public:
 
     /// Begins the transaction. Refused: the operator is told, and the work ends. It ends as well, without a
     /// word, when the host has destroyed one of the trees under a box.
-    void Begin();
+    void Begin(DatabaseClass::TransactionUse use = DatabaseClass::TransactionUse::Writing);
     /// The same where nobody asked for the work: one that is refused ends without a word.
     void BeginQuietly();
     /// Commits and keeps the trees' patches. A failure is told, and the work ends.

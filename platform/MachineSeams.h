@@ -37,3 +37,13 @@ MachineSeams& Machine();
 /// Puts the seams back to what the program starts with: the machine's clock and event loop, no pointer,
 /// no bell.
 void ResetMachine();
+
+/// Shows the wait cursor for as long as it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { Machine().ShowBusyPointer(true); }
+    ~BusyPointer() { Machine().ShowBusyPointer(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};

@@ -2,8 +2,10 @@
 
 #include "platform/HvxUtility.h"
 #include "platform/SyncConnection.h"
+#include "scan/network/SaveList.h"
 
 #include <memory>
+#include <vector>
 
 /// The module-level state of scans: one instance in the process, shared by all controls.
 struct ScanState
@@ -14,6 +16,15 @@ struct ScanState
     std::shared_ptr<HvxUtility> HVXUtilObject;
     /// The bus chosen from the list; -1: none.
     qint32 SelectedBus = -1;
+
+    /// The found nodes that are being saved; their count.
+    std::vector<ScanSaveRow> ScanSaveList;
+    [[nodiscard]] int ScanSaveCount() const { return static_cast<int>(ScanSaveList.size()); }
+    /// Those of them that the operator has selected; their count.
+    std::vector<ScanSelSaveRow> ScanSelSaveRows;
+    [[nodiscard]] int ScanSelSaveCount() const { return static_cast<int>(ScanSelSaveRows.size()); }
+    /// True: nodes that exist stay; False: they are replaced.
+    bool ScanSelSaveMode = true;
 };
 
 /// The one instance.
