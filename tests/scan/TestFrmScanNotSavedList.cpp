@@ -14,7 +14,7 @@ class TestFrmScanNotSavedList : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void Load_Controls_AreAsTold();
+    void Load_Controls_HaveTheirCaptions();
     void Load_Labels_StandOverTheirColumns();
     void Load_Names_AreChecked();
     void Load_SavedRows_AreNotShown();
@@ -44,7 +44,7 @@ private Q_SLOTS:
 
 // Load ------------------------------------------------------------------------------------------------------
 
-void TestFrmScanNotSavedList::Load_Controls_AreAsTold()
+void TestFrmScanNotSavedList::Load_Controls_HaveTheirCaptions()
 {
     NotSavedFixture f;
     f.Open({"West"});

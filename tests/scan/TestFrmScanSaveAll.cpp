@@ -14,7 +14,7 @@ class TestFrmScanSaveAll : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void Load_Controls_AreAsTold();
+    void Load_Controls_HaveTheirCaptions();
     void Options_Clicked_EnableTheirControls();
     void Ok_Prefix_NamesTheNodes_data();
     void Ok_Prefix_NamesTheNodes();
@@ -41,7 +41,7 @@ static void ClickBox(const SaveFormsFixture& f, const char* name)
     QTest::mouseClick(&f.Find<QAbstractButton>(name), Qt::LeftButton, {}, QPoint(8, 8));
 }
 
-void TestFrmScanSaveAll::Load_Controls_AreAsTold()
+void TestFrmScanSaveAll::Load_Controls_HaveTheirCaptions()
 {
     SaveFormsFixture f;
     Opened(f);

@@ -13,8 +13,8 @@ class TestFrmScanSelSaveProgress : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void Load_Controls_AreAsTold_data();
-    void Load_Controls_AreAsTold();
+    void Load_Controls_HaveTheirCaptions_data();
+    void Load_Controls_HaveTheirCaptions();
     void Run_AllSaved_Unloads();
     void Run_Events_RunAfterEverySecondNode();
     void Run_ShownAgain_DoesNotStartAnew();
@@ -72,7 +72,7 @@ static QString Interrupt(int saved, int all)
 
 // Run -------------------------------------------------------------------------------------------------------
 
-void TestFrmScanSelSaveProgress::Load_Controls_AreAsTold_data()
+void TestFrmScanSelSaveProgress::Load_Controls_HaveTheirCaptions_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("maximum");
@@ -82,7 +82,7 @@ void TestFrmScanSelSaveProgress::Load_Controls_AreAsTold_data()
     QTest::newRow("three") << 3 << 3;
 }
 
-void TestFrmScanSelSaveProgress::Load_Controls_AreAsTold()
+void TestFrmScanSelSaveProgress::Load_Controls_HaveTheirCaptions()
 {
     QFETCH(int, count);
     SaveFormsFixture f;
