@@ -1,5 +1,6 @@
 #include "browser/DirectTab.h"
 #include "browser/HandedTrees.h"
+#include "browser/StaleRecords.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/ui_T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
@@ -9,7 +10,7 @@
 
 #include <QPointer>
 
-// The commands that open the scan: on the connection of the Direct page, or on the selected one.
+// The commands of the Direct page, and those that open the scan: on its connection, or on the selected one.
 
 namespace {
 
@@ -56,6 +57,40 @@ void T4ZelkaBrowser::cmdScan_Click()
 void T4ZelkaBrowser::cmdDbScan_Click()
 {
     RunCommand(&T4ZelkaBrowser::ScanSelectedEntry);
+}
+
+void T4ZelkaBrowser::cmdDirectConProp_Click()
+{
+    RunCommand(&T4ZelkaBrowser::ShowDirectProperties);
+}
+
+void T4ZelkaBrowser::ShowDirectProperties()
+{
+    const ConData* const shown = Model().DirectObject.get();
+    if (!shown)
+        return;
+    const QPointer<T4ZelkaBrowser> alive(this);
+    StaleRecord stale;
+    bool current = true;
+    if (shown->ConDbID > 0) {
+        const ClickReads reads(*this);
+        current = CheckConName(shown->ConName, shown->ConDbID, stale);
+    }
+    if (!alive || Model().DirectObject.get() != shown)
+        return;
+    if (!current) {
+        if (TellStaleEntry(stale))
+            m_direct->LoadDirectConNames(false);
+        return;
+    }
+    Model().DirectObject->SelectPressed = false;
+    Model().ConObject->ViewNodesChecked = m_ui->chkViewNodes->isChecked();
+    {
+        const HandedTrees handed(m_conTree, m_nodesTree);
+        Opening().DirectProperties(*Model().DirectObject, this);
+    }
+    if (alive && Model().DirectObject.get() == shown)
+        m_direct->TakeDefinition();
 }
 
 void T4ZelkaBrowser::ScanDirectConnection()

@@ -14,8 +14,6 @@ namespace {
 /// GetConPicture's answer where there is no picture.
 constexpr int NoPicture = -1;
 
-constexpr int SnmpTypeId = 15;
-
 } // namespace
 
 int GetConPicture(const QString& name, QString& conTypeName)
@@ -29,16 +27,11 @@ int GetConPicture(const QString& name, QString& conTypeName)
     return qMax(NoPicture, ValInt(GetItem(result, 1, TabChar)));
 }
 
-bool IsSnmpType(int id, const QString& shortName)
-{
-    return id == SnmpTypeId || ConTypeHasWord(shortName, u"SNMP");
-}
-
 bool IsSnmpConnection(const QString& name)
 {
     QString typeName;
     const int type = GetConTypeOfParent(name, typeName);
-    return IsSnmpType(type, typeName);
+    return IsSnmpConType(type, typeName);
 }
 
 void ShowTypePicture(QLabel& image, int type)

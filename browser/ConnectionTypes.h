@@ -9,9 +9,7 @@ class QLabel;
 /// Type id of a stored connection; negative: unknown, or a look-up failed (then `conTypeName` as it was).
 [[nodiscard]] int GetConPicture(const QString& name, QString& conTypeName);
 
-/// The type is one of those that reach a node by SNMP; nothing can be scanned there.
-[[nodiscard]] bool IsSnmpType(int id, const QString& shortName);
-/// The same of a stored connection. Asks the database.
+/// A stored connection reaches its nodes by SNMP; nothing can be scanned there. Asks the database.
 [[nodiscard]] bool IsSnmpConnection(const QString& name);
 
 /// Shows the picture of a type; an unknown one where the type is negative or not offered.

@@ -13,6 +13,8 @@ struct DialogOpening
 
     Opener ConnectionProperties;
     Opener NodeProperties;
+    /// The connection of the Direct tab.
+    Opener DirectProperties;
     /// The scan through a connection, which is the one of the Direct tab.
     Opener Scan;
 

@@ -193,7 +193,7 @@ void DirectTab::ShowHeldName()
 void DirectTab::OfferScan()
 {
     const ConData& direct = *Model().DirectObject;
-    const bool canBeScanned = !IsSnmpType(direct.ConTypeID, direct.ConTypeName);
+    const bool canBeScanned = !IsSnmpConType(direct.ConTypeID, direct.ConTypeName);
     m_ui.cmdScan->setEnabled(canBeScanned && Database().ScanRight);
     m_nodePages.SetNodeTabs(canBeScanned);
 }
@@ -229,6 +229,19 @@ void DirectTab::ShowPage()
     SelectDirectCon(QString(Model().DirectObject->ConName), true);
     if (alive && Model().DirectObject)
         RenewTarget();
+}
+
+void DirectTab::TakeDefinition()
+{
+    ConData& direct = *Model().DirectObject;
+    if (!direct.SelectPressed)
+        return;
+    direct.SelectPressed = false;
+    const QPointer<DirectTab> alive(this);
+    const QString name = direct.ConName;
+    LoadDirectConNames(false);
+    if (alive)
+        SelectDirectCon(name, false);
 }
 
 // Scan ------------------------------------------------------------------------------------------------------

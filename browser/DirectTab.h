@@ -44,6 +44,9 @@ public:
     /// Composes the target from the connection and the fields of the node page that is shown.
     void DirectNodeSetTargetText();
 
+    /// Behind the dialog of the connection: shows what was taken there, if anything was.
+    void TakeDefinition();
+
     // For a scan --------------------------------------------------------------------------------------------
 
     /// Position of a connection in the list; -1: it is not there.

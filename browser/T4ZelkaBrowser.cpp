@@ -74,6 +74,7 @@ void T4ZelkaBrowser::ConnectControls()
     onClick(m_ui->cmdScan, &T4ZelkaBrowser::cmdScan_Click);
     onClick(m_ui->cmdLoadMore, &T4ZelkaBrowser::cmdLoadMore_Click);
     onClick(m_ui->cmdRefresh, &T4ZelkaBrowser::cmdRefresh_Click);
+    onClick(m_ui->cmdDirectConProp, &T4ZelkaBrowser::cmdDirectConProp_Click);
     onClick(m_ui->cmdDatabaseHelp, &T4ZelkaBrowser::cmdDatabaseHelp_Click);
     onClick(m_ui->cmdDirectHelp, &T4ZelkaBrowser::cmdDirectHelp_Click);
 

@@ -330,6 +330,8 @@ private:
     // Scan (BrowserScan.cpp) --------------------------------------------------------------------------------
     void cmdScan_Click();
     void cmdDbScan_Click();
+    void cmdDirectConProp_Click();
+    void ShowDirectProperties();
     /// Through the connection of the Direct page, within a command.
     void ScanDirectConnection();
     void ScanSelectedEntry();

@@ -73,6 +73,8 @@ void frmScan::Connect()
     connect(m_ui->cmdStartStop, &QPushButton::clicked, this, &frmScan::cmdStartStop_Click);
     connect(m_ui->grdFoundNodes, &FoundNodesGrid::NodeClick, this, &frmScan::grdFoundNodes_Click);
     connect(m_ui->cmdSelect, &QPushButton::clicked, this, guarded(&frmScan::cmdSelect_Click));
+    connect(m_ui->cmdSave, &QPushButton::clicked, this, guarded(&frmScan::cmdSave_Click));
+    connect(m_ui->cmdSaveAll, &QPushButton::clicked, this, guarded(&frmScan::cmdSaveAll_Click));
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmScan::cmdHelp_Click);
     connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
@@ -100,8 +102,13 @@ void frmScan::Form_Load()
     ApplyEditRight();
     const ConData* const newDirect = Model().NewDirectObject.get();
     m_newDirectNamed = newDirect && !newDirect->ConName.isEmpty();
-    setWindowTitle(ScanTexts::Title + m_direct.ConName);
+    ShowTitle();
     LoadBus();
+}
+
+void frmScan::ShowTitle()
+{
+    setWindowTitle(ScanTexts::Title + m_direct.ConName);
 }
 
 void frmScan::showEvent(QShowEvent* event)

@@ -10,6 +10,7 @@
 class ConData;
 class DigitBox;
 class IntervalTimer;
+struct FoundNode;
 struct ScanRun;
 struct TimingLimits;
 
@@ -46,6 +47,7 @@ private:
     void Connect();
     void Form_Load();
     void Form_Activate();
+    void ShowTitle();
     void Form_KeyPress();
     [[nodiscard]] bool Form_QueryUnload() const { return !IsScanning(); }
     void Form_Unload();
@@ -119,6 +121,15 @@ private:
     // Select (frmScanSelect.cpp) ----------------------------------------------------------------------------
 
     void cmdSelect_Click();
+
+    // Save (frmScanSave.cpp) --------------------------------------------------------------------------------
+
+    void cmdSave_Click();
+    void cmdSaveAll_Click();
+    /// The connection of the scan is in the database as it was, if need be after its dialog. False: it is
+    /// not, a scan runs, or the form is gone.
+    [[nodiscard]] bool SaveConnectionFirst();
+    [[nodiscard]] FoundNode NodeAtRow(int row) const;
 
     std::unique_ptr<Ui::frmScan> m_ui;
     ConData& m_direct;

@@ -1,8 +1,7 @@
 #include "scan/frmScanNotSavedList.h"
 
-#include "dialogs/DialogState.h"
+#include "dialogs/ManagerInfo.h"
 #include "model/ConData.h"
-#include "model/ModelState.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/ModalForm.h"
@@ -263,23 +262,7 @@ void frmScanNotSavedList::RunSave(bool plain)
 
 void frmScanNotSavedList::cmdManager_Click()
 {
-    ConData* const con = Model().ConObject.get();
-    if (!con || !Dialogs().ShowManagerInfo)
-        return;
-    // The form works on ConObject.
-    const QString nodeType = std::exchange(con->NodeType, m_direct.NodeType);
-    const QString commandLine = std::exchange(con->CommandLine, m_direct.CommandLine);
-    const QPointer<frmScanNotSavedList> alive(this);
-    Dialogs().ShowManagerInfo(this);
-    // The host may have started the control anew meanwhile.
-    if (Model().ConObject.get() != con)
-        return;
-    const QString chosenType = std::exchange(con->NodeType, nodeType);
-    const QString chosenLine = std::exchange(con->CommandLine, commandLine);
-    if (!alive)
-        return;
-    m_direct.NodeType = chosenType;
-    m_direct.CommandLine = chosenLine;
+    (void)ShowManagerInfo(m_direct, *this);
 }
 
 void frmScanNotSavedList::cmdHelp_Click()
