@@ -1,5 +1,4 @@
 #include "browser/BrowserState.h"
-#include "browser/BusyPointer.h"
 #include "browser/LoadState.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/frmConNodesProgress.h"
@@ -9,6 +8,7 @@
 #include "database/Gateway.h"
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
+#include "platform/MachineSeams.h"
 #include "platform/controls/IntervalTimer.h"
 #include "platform/controls/ModalForm.h"
 

@@ -1,7 +1,6 @@
 #include "browser/DirectTab.h"
 
 #include "browser/BrowserState.h"
-#include "browser/BusyPointer.h"
 #include "browser/ConnectionNames.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/StaleRecords.h"
@@ -12,6 +11,7 @@
 #include "model/LookupHelpers.h"
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
+#include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 
 #include <QPointer>
