@@ -205,35 +205,45 @@ void TakeScanDialogs(T4ZelkaBrowser& browser, const Camera& camera)
     SelectEntry(browser, "tvwConTree", QStringLiteral("Harbour Tower bus 254"), false);
     auto& scan = Find<QPushButton>(browser, "cmdDbScan");
     scan.setEnabled(true);
-    camera.WithDialog([&] { scan.click(); }, QStringLiteral("scan"),
-                      [&](QDialog& dialog) {
-                          camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdScanBus").click(); },
-                                            QStringLiteral("buses"),
-                                            [](QDialog& buses) {
-                                                auto& ok = Find<QPushButton>(buses, "cmdOK");
-                                                WaitUntil([&] { return ok.isEnabled(); });
-                                            });
-                          Find<QLineEdit>(dialog, "txtAddrBegin").setText(QStringLiteral("1"));
-                          Find<QLineEdit>(dialog, "txtAddrEnd").setText(QStringLiteral("9"));
-                          Find<QLineEdit>(dialog, "txtTimingRetries").setText(QStringLiteral("3"));
-                          Find<QLineEdit>(dialog, "txtTimingTimeout").setText(QStringLiteral("500"));
-                          auto& repeat = Find<QCheckBox>(dialog, "chkRepeatScan");
-                          auto& start = Find<QPushButton>(dialog, "cmdStartStop");
-                          auto& address = Find<QLabel>(dialog, "lbCurrentAddr");
-                          const auto reach = [&](const QString& text) {
-                              WaitUntil([&] { return address.text().endsWith(text); });
-                          };
-                          repeat.setChecked(true);
-                          start.click();
-                          reach(QStringLiteral(" 9"));
-                          (void)network.RemoveNode(254, 3);
-                          reach(QStringLiteral(" 5"));
-                      },
-                      [](QDialog& dialog) {
-                          auto& start = Find<QPushButton>(dialog, "cmdStartStop");
-                          start.click();
-                          WaitUntil([&] { return start.text() == QStringLiteral("S&tart"); });
-                      });
+    camera.WithDialog(
+        [&] { scan.click(); }, QStringLiteral("scan"),
+        [&](QDialog& dialog) {
+            camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdScanBus").click(); },
+                              QStringLiteral("buses"),
+                              [](QDialog& buses) {
+                                  auto& ok = Find<QPushButton>(buses, "cmdOK");
+                                  WaitUntil([&] { return ok.isEnabled(); });
+                              });
+            Find<QLineEdit>(dialog, "txtAddrBegin").setText(QStringLiteral("1"));
+            Find<QLineEdit>(dialog, "txtAddrEnd").setText(QStringLiteral("9"));
+            Find<QLineEdit>(dialog, "txtTimingRetries").setText(QStringLiteral("3"));
+            Find<QLineEdit>(dialog, "txtTimingTimeout").setText(QStringLiteral("500"));
+            auto& repeat = Find<QCheckBox>(dialog, "chkRepeatScan");
+            auto& start = Find<QPushButton>(dialog, "cmdStartStop");
+            auto& address = Find<QLabel>(dialog, "lbCurrentAddr");
+            const auto reach = [&](const QString& text) {
+                WaitUntil([&] { return address.text().endsWith(text); });
+            };
+            repeat.setChecked(true);
+            start.click();
+            reach(QStringLiteral(" 9"));
+            (void)network.RemoveNode(254, 3);
+            reach(QStringLiteral(" 5"));
+        },
+        [&](QDialog& dialog) {
+            auto& start = Find<QPushButton>(dialog, "cmdStartStop");
+            start.click();
+            WaitUntil([&] { return start.text() == QStringLiteral("S&tart"); });
+            camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdSave").click(); },
+                              QStringLiteral("save-node"));
+            camera.WithDialog(
+                [&] { Find<QPushButton>(dialog, "cmdSaveAll").click(); }, QStringLiteral("save-all"),
+                [](QDialog& naming) { Find<QLineEdit>(naming, "txtPrefix").setText(QStringLiteral("HT")); },
+                [&](QDialog& naming) {
+                    camera.WithDialog([&] { Find<QPushButton>(naming, "cmdOK").click(); },
+                                      QStringLiteral("save-list"));
+                });
+        });
     qunsetenv("ZELKA_GATEWAY");
 }
 
@@ -268,6 +278,8 @@ int main(int argc, char** argv)
     TakeConnectionDialogs(browser, camera);
     TakeScanDialogs(browser, camera);
     camera.Take(browser, QStringLiteral("direct"));
+    camera.WithDialog([&] { Find<QPushButton>(browser, "cmdDirectConProp").click(); },
+                      QStringLiteral("direct-properties"));
     Find<QTabWidget>(browser, "tabMain").setCurrentIndex(0);
     frmChSelPktSize note(&browser);
     camera.WithDialog([&] { note.exec(); }, QStringLiteral("packet-size"));
