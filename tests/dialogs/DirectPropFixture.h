@@ -21,7 +21,7 @@ public:
         AddDirect(templateName, name);
         Show();
     }
-    void Show() { ShowForm(std::make_unique<frmDirectProp>(Direct, NewDirect)); }
+    void Show() { ShowForm(std::make_unique<frmDirectProp>(Direct(), NewDirect())); }
 
     /// "Apply Save", those of them that are enabled.
     [[nodiscard]] QString Offered() const
