@@ -16,13 +16,6 @@ const QString FoundNodeType = QStringLiteral("NET4");
 const QString NoNodeType = QStringLiteral("Node type NET4 not found.");
 const QString UnknownNodeType = QStringLiteral("Unknown node type:");
 
-QString ConnectionChanged(const QString& name)
-{
-    return QStringLiteral("Node saving is prevented, because another application has changed (deleted) "
-                          "connection ") +
-           name + u'.';
-}
-
 /// The trees that a save patches.
 std::vector<TreeEntries*> PatchedTrees()
 {
@@ -36,7 +29,7 @@ void RequireConnection(UnitOfWork& unit, const ConData& direct, ConData& newDire
     if (Gateway().GetParentIDDb(direct.ConName, id) && !id.isEmpty() && ValInt(id) == direct.ConDbID)
         return;
     newDirect.ConName = direct.ConName;
-    unit.Refuse(ConnectionChanged(direct.ConName));
+    unit.Refuse(ScannedConnectionChanged(direct.ConName));
 }
 
 } // namespace
@@ -90,6 +83,13 @@ std::vector<ScanSaveRow> FoundNodeRows(const std::vector<FoundNode>& nodes, cons
 }
 
 // Save ------------------------------------------------------------------------------------------------------
+
+QString ScannedConnectionChanged(const QString& name)
+{
+    return QStringLiteral("Node saving is prevented, because another application has changed (deleted) "
+                          "connection ") +
+           name + u'.';
+}
 
 FoundNodeOutcome SaveFoundNode(ConData& direct, ConData& newDirect, const ScanSaveRow& row, bool mayReplace)
 {

@@ -29,6 +29,9 @@ bool TakeFoundNodeType(ConData& direct);
 [[nodiscard]] std::vector<ScanSaveRow> FoundNodeRows(const std::vector<FoundNode>& nodes,
                                                      const QString& retries, const QString& timeOut);
 
+/// What the operator is told when another application has changed the connection of that name.
+[[nodiscard]] QString ScannedConnectionChanged(const QString& name);
+
 /// How the save of one node ended.
 enum class FoundNodeOutcome : qint8
 {

@@ -27,12 +27,12 @@ bool IsOfTheAddress(const ComponentFailure& failure)
 } // namespace
 
 void WalkAddresses(const NetworkSession& session, const AddressRange& range,
-                   const std::function<void(const FoundNode& node)>& found)
+                   const std::function<void(const AnsweringNode& node)>& found)
 {
     const auto isOver = [&session] { return session.IsOver(); };
     for (int address = range.begin; address <= range.end && !isOver(); ++address) {
         const qint64 begun = Machine().MonotonicMs();
-        FoundNode node;
+        AnsweringNode node;
         node.address = address;
         const bool answered =
             QueryNode(session.Connection(), session.Utility(),

@@ -7,7 +7,7 @@
 class NetworkSession;
 
 /// A node that answered.
-struct FoundNode
+struct AnsweringNode
 {
     int address = 0;
     /// Empty when it does not tell.
@@ -33,4 +33,4 @@ struct AddressRange
 /// Ends early when the session is over. Raises CommandError (NetworkUnavailable) when the connection itself
 /// has failed; an address that is silent or refuses is none.
 void WalkAddresses(const NetworkSession& session, const AddressRange& range,
-                   const std::function<void(const FoundNode& node)>& found);
+                   const std::function<void(const AnsweringNode& node)>& found);

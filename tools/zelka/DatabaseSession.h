@@ -30,6 +30,11 @@ public:
     /// Raises CommandError (Refused) when an error box was shown.
     void RequireNoErrorBox() const;
 
+    /// The text of the last box, for work whose outcome is told in other ways too; empty when there was none
+    /// since it was forgotten.
+    [[nodiscard]] const QString& LastText() const { return m_lastText; }
+    void ForgetLastText() { m_lastText.clear(); }
+
 private:
     BoxAnswer ShowMsgBox(const QString& text, int flags, const QString& title) override;
     bool ShowInputBox(const QString& prompt, const QString& title, QString& value) override;

@@ -15,20 +15,12 @@
 
 EditSession::EditSession(CommandContext& context) : m_session(context)
 {
-    RequireEditRight();
+    RequireEditRight(m_session);
     ReadTimeRetryNames();
     for (TreeEntries* const tree : {&m_conTree, &m_nodesTree})
         tree->Add(0, RootKey, QString());
     Con().ConTree = &m_conTree;
     Con().NodesTree = &m_nodesTree;
-}
-
-void EditSession::RequireEditRight() const
-{
-    m_session.Require(Gateway().SetUserSecurityDb());
-    if (!Database().EditRight)
-        throw CommandError(ExitCode::Refused,
-                           QStringLiteral("%1 has no right to edit the database.").arg(Machine().UserName()));
 }
 
 void EditSession::LoadConnection(const FoundRecord& record)
@@ -76,6 +68,14 @@ QString EditSession::CheckedTarget(const QString& target) const
     if (!valid)
         throw CommandError(ExitCode::Refused, QStringLiteral("The target \"%1\" is refused.").arg(target));
     return reformatted;
+}
+
+void RequireEditRight(const DatabaseSession& session)
+{
+    session.Require(session.Gateway().SetUserSecurityDb());
+    if (!Database().EditRight)
+        throw CommandError(ExitCode::Refused,
+                           QStringLiteral("%1 has no right to edit the database.").arg(Machine().UserName()));
 }
 
 QString CheckedNewName(const QString& name)

@@ -33,12 +33,13 @@ public:
     [[nodiscard]] QString CheckedTarget(const QString& target) const;
 
 private:
-    void RequireEditRight() const;
-
     DatabaseSession m_session;
     TreeEntries m_conTree;
     TreeEntries m_nodesTree;
 };
+
+/// Raises CommandError: DatabaseUnavailable, or Refused for a user who may not edit.
+void RequireEditRight(const DatabaseSession& session);
 
 /// A record that was saved.
 struct EditedRecord

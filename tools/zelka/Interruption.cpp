@@ -1,5 +1,7 @@
 #include "tools/zelka/Interruption.h"
 
+#include "tools/zelka/CommandError.h"
+
 namespace {
 
 volatile std::sig_atomic_t asked = 0;
@@ -41,4 +43,10 @@ Interruption::~Interruption()
 bool Interruption::Asked()
 {
     return asked != 0;
+}
+
+void Interruption::Require()
+{
+    if (Asked())
+        throw CommandError(ExitCode::Interrupted, QStringLiteral("Interrupted."), true);
 }

@@ -13,6 +13,8 @@ public:
     Interruption& operator=(const Interruption&) = delete;
 
     [[nodiscard]] static bool Asked();
+    /// Raises CommandError (Interrupted) when it was asked for. Nothing needs to be told: who asked knows.
+    static void Require();
 
 private:
     struct sigaction m_beforeInt = {};

@@ -9,6 +9,8 @@
 #include "scan/network/TimingLimits.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/DatabaseSession.h"
+#include "tools/zelka/EditSession.h"
+#include "tools/zelka/FoundNodesRun.h"
 #include "tools/zelka/Interruption.h"
 #include "tools/zelka/NetworkSession.h"
 #include "tools/zelka/ScannedConnection.h"
@@ -18,6 +20,25 @@
 namespace {
 
 constexpr int LongestInterval = 3'600'000;
+
+const char* const ScanFooter =
+    "Nodes are printed as they answer: ADDRESS TYPE IDENTIFICATION, separated by tabs. Ctrl+C ends the "
+    "scan;\n"
+    "what was found until then stands, but nothing of it is saved.\n"
+    "\n"
+    "With --save or --dry-run one more line for each node follows: ADDRESS STATE NAME REASON. With --json "
+    "the\n"
+    "two are one object, printed when the state is known. States:\n"
+    "  --dry-run  new        the name is free\n"
+    "             known      it is that of the node at this address; nothing to do\n"
+    "             elsewhere  it is that of a node at another address of the connection\n"
+    "             taken      another connection's node, a connection or another found node has it\n"
+    "             unusable   no node can have it: blank, reserved, too long, with control characters\n"
+    "  --save     saved, replaced, known, refused, failed, or unsaved where the command ended before\n"
+    "             or --on-conflict is fail and other nodes are refused; with --json also found, where the\n"
+    "             command ended before the name was looked up\n"
+    "The exit code is 0 when nothing was refused, else 1; that of --dry-run is the one --save would have.\n"
+    "Each node is saved by itself: Ctrl+C ends the command behind the node under way.";
 
 QString TextOf(const std::optional<int>& number)
 {
@@ -57,7 +78,8 @@ void ScanCommands::AddScan(CLI::App& app)
     scan.add_option("connection", m_name, "Connection to scan through")->required()->type_name("NAME");
     scan.add_option("--from", m_from, "First address")->required()->check(addresses)->type_name("ADDRESS");
     scan.add_option("--to", m_to, "Last address")->required()->check(addresses)->type_name("ADDRESS");
-    scan.add_option("--bus", m_bus, "Bus to scan, in place of the connection's own")
+    scan.add_option("--bus", m_bus,
+                    "Bus to scan, in place of the connection's own; with --save and --dry-run only its own")
         ->check(CLI::Range(0, HighestBus))
         ->type_name("BUS");
     scan.add_option("--retries", m_retries, "How often a silent address is asked again")->type_name("N");
@@ -66,9 +88,10 @@ void ScanCommands::AddScan(CLI::App& app)
                     "From one address to the next, at least; 0: as fast as answers come (default: 200)")
         ->check(CLI::Range(0, LongestInterval))
         ->type_name("MS");
+    m_saving.Declare(scan);
     m_context.AddSourceOption(scan);
     m_context.AddJsonOption(scan);
-    scan.footer("Nodes are printed as they answer. Ctrl+C ends the scan; what was found until then stands.");
+    scan.footer(ScanFooter);
     scan.callback([this] { m_context.chosen = [this] { Scan(); }; });
 }
 
@@ -76,27 +99,68 @@ void ScanCommands::Scan() const
 {
     if (m_to < m_from)
         throw CommandError(ExitCode::Usage, QStringLiteral("--to must be equal to or greater than --from."));
-    const QString target = ReadScanTarget();
+    m_saving.Check();
+    ConData direct;
+    const QString target = ReadScanTarget(direct);
+    const Interruption interruption;
+    if (m_saving.Wanted())
+        WalkAndSave(target, direct);
+    else
+        (void)Walk(target, [this](const AnsweringNode& node) { Print(node); });
+    if (m_context.output.Json())
+        m_context.output.EndArray();
+}
+
+bool ScanCommands::Walk(const QString& target,
+                        const std::function<void(const AnsweringNode& node)>& found) const
+{
+    bool ended = false;
     RunOnNetwork([&] {
         NetworkSession session(T4SyncConnId, [this] { return IsOver(); });
         session.Open(target);
         if (m_context.output.Json())
             m_context.output.BeginArray();
-        WalkAddresses(session, Range(), [this](const FoundNode& node) { Print(node); });
-        if (m_context.output.Json())
-            m_context.output.EndArray();
+        WalkAddresses(session, Range(), found);
+        ended = !IsOver();
     });
+    return ended;
 }
 
-QString ScanCommands::ReadScanTarget() const
+void ScanCommands::WalkAndSave(const QString& target, ConData& direct) const
+{
+    FoundNodesRun run(m_context, m_saving, direct);
+    try {
+        const bool ended = Walk(target, [&](const AnsweringNode& node) {
+            if (!m_context.output.Json())
+                Print(node);
+            run.Take(node, TextOf(m_retries), TextOf(m_timeOut));
+        });
+        if (!ended)
+            throw CommandError(ExitCode::Refused,
+                               QStringLiteral("The output was closed before the scan had come to its end."));
+        run.Run();
+    } catch (...) {
+        run.TellEnd();
+        throw;
+    }
+    run.RequireNoneRefused();
+}
+
+QString ScanCommands::ReadScanTarget(ConData& direct) const
 {
     const QString name = QString::fromStdString(m_name);
     const DatabaseSession session(m_context);
     RequireWithin(RetryLimits(), QStringLiteral("--retries"), m_retries);
     RequireWithin(TimeLimits(), QStringLiteral("--time-out"), m_timeOut);
-    ConData& connection = ScannedConnection(session, name, m_bus);
+    const bool saves = m_saving.Wanted();
+    ConData& connection = ScannedConnection(session, name, saves ? std::nullopt : m_bus);
+    if (saves && m_bus)
+        RequireStoredBus(connection, *m_bus);
+    if (saves && !m_saving.DryRun())
+        RequireEditRight(session);
     if (!connection.SetTargetString(false))
         throw NoTarget(name);
+    direct.Copy(connection);
     return ScanTarget(connection.TargetString);
 }
 
@@ -105,7 +169,7 @@ AddressRange ScanCommands::Range() const
     return {m_from, m_to, TextOf(m_retries), TextOf(m_timeOut), m_interval};
 }
 
-void ScanCommands::Print(const FoundNode& node) const
+void ScanCommands::Print(const AnsweringNode& node) const
 {
     if (m_context.output.Json())
         m_context.output.Item({{QStringLiteral("address"), node.address},
@@ -121,6 +185,7 @@ void ScanCommands::Print(const FoundNode& node) const
 void ScanCommands::PrintBuses() const
 {
     const QString target = ReadBusesTarget();
+    const Interruption interruption;
     RunOnNetwork([&] {
         const QStringList buses = AskBuses(target);
         if (m_context.output.Json())
@@ -167,7 +232,6 @@ QStringList ScanCommands::AskBuses(const QString& target) const
 
 void ScanCommands::RunOnNetwork(const std::function<void()>& work) const
 {
-    const Interruption interruption;
     // Not only for as long as this runs: what is left in the buffers goes out at the very end.
     std::signal(SIGPIPE, SIG_IGN);
     try {
@@ -177,8 +241,7 @@ void ScanCommands::RunOnNetwork(const std::function<void()>& work) const
         if (!IsOver())
             throw;
     }
-    if (Interruption::Asked())
-        throw CommandError(ExitCode::Interrupted, QStringLiteral("Interrupted."), true);
+    Interruption::Require();
 }
 
 bool ScanCommands::IsOver() const

@@ -3,6 +3,7 @@
 #include "database/DatabaseClass.h"
 #include "database/DatabaseState.h"
 #include "model/ConData.h"
+#include "model/TextHelpers.h"
 #include "tools/zelka/CommandError.h"
 #include "tools/zelka/DatabaseSession.h"
 #include "tools/zelka/RecordLookup.h"
@@ -17,6 +18,11 @@ void RequireScanRight(const DatabaseSession& session)
     session.Require(session.Gateway().SetUserSecurityDb());
     if (!Database().ScanRight)
         throw CommandError(ExitCode::Refused, QStringLiteral("This user has no right to scan."));
+}
+
+CommandError NoBus(const QString& name)
+{
+    return {ExitCode::Refused, QStringLiteral("The connection \"%1\" leads over no bus.").arg(name)};
 }
 
 } // namespace
@@ -37,9 +43,21 @@ ConData& ScannedConnection(const DatabaseSession& session, const QString& name, 
         throw CommandError(ExitCode::Refused,
                            QStringLiteral("The connection \"%1\" cannot be read.").arg(record.name));
     if (bus && !connection.SetWpParamByName(BusParameter, QString::number(*bus)))
-        throw CommandError(ExitCode::Refused,
-                           QStringLiteral("The connection \"%1\" leads over no bus.").arg(record.name));
+        throw NoBus(record.name);
     return connection;
+}
+
+void RequireStoredBus(const ConData& connection, int bus)
+{
+    QString stored;
+    if (!connection.GetWpParamByName(BusParameter, stored))
+        throw NoBus(connection.ConName);
+    if (ValInt(stored) != bus)
+        throw CommandError(
+            ExitCode::Refused,
+            QStringLiteral("The connection \"%1\" leads to bus %2, so nodes of bus %3 cannot be "
+                           "saved under it.")
+                .arg(connection.ConName, Trim(stored), QString::number(bus)));
 }
 
 bool HasBus(const ConData& connection)

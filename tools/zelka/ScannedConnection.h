@@ -15,5 +15,9 @@ class DatabaseSession;
 [[nodiscard]] ConData& ScannedConnection(const DatabaseSession& session, const QString& name,
                                          std::optional<int> bus);
 
+/// Raises CommandError (Refused) unless the connection leads over this bus: what is found on another one
+/// cannot be reached through it.
+void RequireStoredBus(const ConData& connection, int bus);
+
 /// The connection leads over a bus.
 [[nodiscard]] bool HasBus(const ConData& connection);
