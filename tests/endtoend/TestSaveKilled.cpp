@@ -109,7 +109,7 @@ void TestSaveKilled::Run_KilledAtRandomMoments_LeavesWholeRowsAndWhatItTold()
     if (!DatabaseFixture::OnServer())
         QCOMPARE(database.RunSql(QStringLiteral("PRAGMA integrity_check")).toString(), QStringLiteral("ok"));
     QCOMPARE(database
-                 .RunSql(QStringLiteral("SELECT count(*) FROM node WHERE id NOT IN (SELECT record_id FROM "
+                 .RunSql(QStringLiteral("SELECT count(*) FROM node WHERE id NOT IN (SELECT number FROM "
                                         "journal)"))
                  .toInt(),
              0);
