@@ -43,8 +43,9 @@ void frmScan::cmdSave_Click()
         return;
     }
     grid.SelectGridRow(selected);
-    const auto show = [this] {
-        return ShowModalForm<frmSaveDirectNode>(m_direct, *Model().NewDirectObject, this);
+    // A box may come first.
+    const auto show = [this, alive] {
+        return alive && ShowModalForm<frmSaveDirectNode>(m_direct, *Model().NewDirectObject, this);
     };
     if (!SaveOneFound(
             {m_direct, node, m_ui->txtTimingRetries->text(), m_ui->txtTimingTimeout->text(), show}) ||

@@ -96,6 +96,7 @@ public:
         ResetModuleState();
         Opening().ConnectionProperties = [this](ConData& con, QWidget*) { ShowDialog("connection", con); };
         Opening().NodeProperties = [this](ConData& con, QWidget*) { ShowDialog("node", con); };
+        Opening().DirectProperties = [this](ConData& con, QWidget*) { ShowDialog("direct", con); };
         Opening().Scan = [this](ConData& con, QWidget*) { ShowDialog("scan", con); };
     }
     ~BrowserFixture()
@@ -109,7 +110,7 @@ public:
     RecordingPresenter Operator;
     ScriptedDatabase Component;
     std::unique_ptr<T4ZelkaBrowser> Control;
-    /// Dialogs that the control showed: "connection", "node" or "scan".
+    /// Dialogs that the control showed: "connection", "node", "direct" or "scan".
     QStringList Dialogs;
     /// What the operator does in a dialog; without it, Cancel.
     std::function<void(ConData& con)> InDialog;

@@ -18,6 +18,12 @@ inline QString Changed(const char* record)
                           "follows, try again.");
 }
 
+/// That of the connection of the Direct page.
+inline QString ChangedTwiceTold(const char* record)
+{
+    return Changed(record) + QStringLiteral(" Automatic update follows, try again.");
+}
+
 inline QString Prevented(const char* kind)
 {
     return QStringLiteral("Save is prevented, because another application has changed this %1. Close dialog "

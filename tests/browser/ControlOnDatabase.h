@@ -16,6 +16,7 @@ public:
         const auto cancel = [](ConData&, QWidget*) {};
         Opening().ConnectionProperties = cancel;
         Opening().NodeProperties = cancel;
+        Opening().DirectProperties = cancel;
         Opening().Scan = cancel;
     }
     ~ControlOnDatabase()

@@ -3,6 +3,7 @@
 #include "browser/ProgressForm.h"
 #include "dialogs/frmDatabaseConProp.h"
 #include "dialogs/frmDatabaseNodeProp.h"
+#include "dialogs/frmDirectProp.h"
 #include "dialogs/frmWpProp.h"
 #include "platform/controls/FlexGrid.h"
 
@@ -76,7 +77,7 @@ void DialogOperator::WorkIn(QDialog& dialog)
     const QPointer<QDialog> open(&dialog);
     if (qobject_cast<frmWpProp*>(&dialog)) {
         WorkInWaypoint(dialog);
-    } else if (qobject_cast<frmDatabaseConProp*>(&dialog)) {
+    } else if (qobject_cast<frmDatabaseConProp*>(&dialog) || qobject_cast<frmDirectProp*>(&dialog)) {
         ++Dialogs;
         WorkInConnection(dialog);
     } else if (qobject_cast<frmDatabaseNodeProp*>(&dialog)) {

@@ -29,6 +29,16 @@ public:
     }
     bool PointerBusy = false;
 
+    DialogOperator Worker;
+
+    void Properties() const { Find<QPushButton>("cmdDirectConProp").click(); }
+    /// From now on an operator changes and saves the connection in its dialog.
+    void WorkInProperties()
+    {
+        Opening().DirectProperties = DialogOpening().DirectProperties;
+        Worker.Value = QStringLiteral("77");
+        Worker.Start();
+    }
     QComboBox& List() const { return Find<QComboBox>("cboDirectConName"); }
     void TurnTo(int page) const { Find<QTabWidget>("tabMain").setCurrentIndex(page); }
     /// False: it is not listed.
@@ -60,6 +70,21 @@ struct DirectAct
                  f.template Find<QPushButton>("cmdScan").click();
              }},
             {"turn the page", false, [](auto& f) { f.TurnTo(1); }},
+            {"properties", true,
+             [](auto& f) {
+                 f.InDialog = [](ConData& con) { con.SelectPressed = true; };
+                 f.Properties();
+             }},
+            {"properties changed meanwhile", true,
+             [](auto& f) {
+                 f.ChangeElsewhere(QStringLiteral("con/Beta"));
+                 f.Properties();
+             }},
+            {"properties, saved", true,
+             [](auto& f) {
+                 f.WorkInProperties();
+                 f.Properties();
+             }},
             {"scan selected", false, [](auto& f) { f.Press("cmdDbScan"); }},
         };
         return acts;
@@ -69,9 +94,11 @@ struct DirectAct
 const QStringList& Told()
 {
     static const QStringList texts =
-        CommandTexts::Told() + QStringList{QStringLiteral("Failure to set connection data."),
-                                           QStringLiteral("Connection name not found."),
-                                           CommandTexts::Changed("Connection Beta")};
+        CommandTexts::Told() +
+        QStringList{
+            QStringLiteral("Failure to set connection data."), QStringLiteral("Connection name not found."),
+            CommandTexts::Changed("Connection Beta"), CommandTexts::ChangedTwiceTold("Connection Beta"),
+            QStringLiteral("Nodes count for connection Betafailed. Close the dialog and try again. ")};
     return texts;
 }
 
@@ -162,9 +189,13 @@ private Q_SLOTS:
         const DirectAct& acting = DirectAct::All()[static_cast<std::size_t>(act)];
         const CommandFault& failing = CommandFault::All()[static_cast<std::size_t>(fault)];
         int calls = 0;
+        QStringList before;
+        QStringList after;
         {
             DirectFaultFixture f(acting.onDirectPage);
+            before = f.Component.Store.Records();
             acting.act(f);
+            after = f.Component.Store.Records();
             calls = static_cast<int>(f.Component.Calls.size());
             QCOMPARE(ProblemWithPage(f), QString());
         }
@@ -183,6 +214,9 @@ private Q_SLOTS:
             QString problem = ProblemAtRest(f);
             if (problem.isEmpty())
                 problem = ProblemWithPage(f);
+            const QStringList records = f.Component.Store.Records();
+            if (problem.isEmpty() && records != before && records != after)
+                problem = QStringLiteral("half is stored");
             const QString told = f.Operator.Texts().join(QStringLiteral(" / "));
             if (problem.isEmpty())
                 problem = ProblemWithNextChoice(f);

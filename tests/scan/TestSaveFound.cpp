@@ -1,6 +1,7 @@
 #include "scan/SaveAll.h"
 #include "scan/SaveOne.h"
 #include "tests/scan/SaveFormsFixture.h"
+#include "tests/scan/WholeConnection.h"
 
 /// What the scan dialog hands over: one found node, or all of them.
 class TestSaveFound : public QObject
@@ -41,14 +42,7 @@ public:
     {
         return SaveOneFound({Direct, {" 17 ", "T", "A1"}, " 3 ", " 1500 ", show});
     }
-    /// All that a save may change in the connection.
-    [[nodiscard]] QStringList Whole() const
-    {
-        return DirectFlags() +
-               QStringList{Direct.NodeTypeName, Direct.NodeAddress,     Direct.Retry,
-                           Direct.Time,         Direct.NodeType,        Direct.CommandLine,
-                           Direct.TargetString, Direct.GetConWpName(1), Direct.GetWpData(1).GetWpParam(1, 2)};
-    }
+    [[nodiscard]] QStringList Whole() const { return WholeConnection(Direct); }
 };
 
 void TestSaveFound::SaveAll_Nodes_AreListedAndOffered()
@@ -146,7 +140,7 @@ void TestSaveFound::SaveAll_EveryWayOut_RestoresTheConnection()
     f.Direct.CommandLine = "2|old";
     f.Direct.TargetString = "kept";
     const QStringList before = f.Whole();
-    QCOMPARE(before.value(before.size() - 2), "BUST4");
+    QVERIFY(before.contains("BUST4"));
     Dialogs().ShowManagerInfo = [&](QWidget*) { f.Con().NodeType = "NET4"; };
     f.InNextDialog([&](QDialog& naming) {
         if (save) {
