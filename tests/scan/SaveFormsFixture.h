@@ -4,8 +4,8 @@
 #include "dialogs/DialogState.h"
 #include "model/ModelState.h"
 #include "platform/HelpHook.h"
-#include "tests/support/ModalForms.h"
 #include "tests/scan/network/SaveListFixture.h"
+#include "tests/support/ModalForms.h"
 
 #include <QPointer>
 #include <QPushButton>
