@@ -115,7 +115,7 @@ void DialogOperator::WorkInWaypoint(QDialog& dialog)
 {
     if (!TypeValue(dialog, "grdConParam"))
         return;
-    dialog.parent()->setProperty("typed", true);
+    dialog.parentWidget()->window()->setProperty("typed", true);
     Press(dialog, "CmdOk");
     if (!dialog.isVisible())
         return;
