@@ -25,6 +25,9 @@ private Q_SLOTS:
     void Scan_NetworkEnds_KeepsWhatWasFound();
     void Scan_CtrlC_EndsTheWaitAndTheArray();
     void Scan_ReaderGoes_EndsQuietly();
+    void Scan_Save_NodesAreInTheDatabase();
+    void Scan_SaveCtrlC_SavesNothing();
+    void Scan_SaveReaderGoes_SavesNothing();
     void Buses_Connections_ListThem_data();
     void Buses_Connections_ListThem();
     void Buses_NoGateway_EndsUnavailable();
@@ -43,7 +46,7 @@ private:
             "0",    "--time-out", "300",    "--interval",          "0"};
     }
     /// Starts a scan that finds node 6 and then waits for half a minute; gives it when it has printed that.
-    [[nodiscard]] std::unique_ptr<QProcess> StartLongScan() const;
+    [[nodiscard]] std::unique_ptr<QProcess> StartLongScan(const QStringList& options = {"--json"}) const;
 
     std::unique_ptr<ZelkaRunner> m_zelka;
     std::unique_ptr<NetsimProgram> m_network;
@@ -86,11 +89,12 @@ void TestZelkaScan::AddConnection(const QString& name, const QString& target) co
         qFatal("%s", result.words.constData());
 }
 
-std::unique_ptr<QProcess> TestZelkaScan::StartLongScan() const
+std::unique_ptr<QProcess> TestZelkaScan::StartLongScan(const QStringList& options) const
 {
     auto process = std::make_unique<QProcess>();
-    m_zelka->Start(*process, {"scan", "Net", "--from", "6", "--to", "7", "--json", "--interval", "0",
-                              "--time-out", "30000"});
+    m_zelka->Start(*process, QStringList{"scan", "Net", "--from", "6", "--to", "7", "--interval", "0",
+                                         "--time-out", "30000"} +
+                                 options);
     QByteArray printed;
     while (!printed.contains("Mill") && process->waitForReadyRead(60'000))
         printed += process->readAllStandardOutput();
@@ -180,6 +184,55 @@ void TestZelkaScan::Scan_ReaderGoes_EndsQuietly()
 
     QCOMPARE(result.Lines(), QStringList{"3\tT4 RADIO\tKöln"});
     QCOMPARE(result.Words(), QStringLiteral("0\n"));
+}
+
+void TestZelkaScan::Scan_Save_NodesAreInTheDatabase()
+{
+    const QStringList scan =
+        ScanOf("Net", 2, 7) + QStringList{"--prefix", "Hub", "--name-from", "address,id"};
+
+    const ZelkaResult dry = m_zelka->Run(scan + QStringList{"--dry-run"});
+    const ZelkaResult first = m_zelka->Run(scan + QStringList{"--save"});
+    const ZelkaResult second = m_zelka->Run(scan + QStringList{"--save"});
+
+    QVERIFY2(dry.code + first.code + second.code == 0, first.words.constData());
+    QCOMPARE(dry.Lines().mid(3),
+             (QStringList{"3\tnew\tHub,3 Köln\t", "5\tnew\tHub,5 Tower\t", "6\tnew\tHub,6 Mill\t"}));
+    QCOMPARE(first.Lines().mid(3),
+             (QStringList{"3\tsaved\tHub,3 Köln\t", "5\tsaved\tHub,5 Tower\t", "6\tsaved\tHub,6 Mill\t"}));
+    QCOMPARE(second.Lines().mid(3),
+             (QStringList{"3\tknown\tHub,3 Köln\t", "5\tknown\tHub,5 Tower\t", "6\tknown\tHub,6 Mill\t"}));
+    QCOMPARE(
+        m_zelka->Rows("SELECT target FROM node WHERE name LIKE 'Hub,%' ORDER BY name"),
+        "WP=NET4,ADDR=3,TIME=300,RETRY=0,WP=NET4,ADDR=5,TIME=300,RETRY=0,WP=NET4,ADDR=6,TIME=300,RETRY=0");
+}
+
+void TestZelkaScan::Scan_SaveCtrlC_SavesNothing()
+{
+    const QByteArray before = m_zelka->Query("SELECT max(id) FROM journal");
+    const std::unique_ptr<QProcess> process = StartLongScan({"--save", "--prefix", "Ended"});
+
+    QCOMPARE(::kill(static_cast<pid_t>(process->processId()), SIGINT), 0);
+
+    QVERIFY(process->waitForFinished(60'000));
+    QCOMPARE(process->exitCode(), 130);
+    QCOMPARE(process->readAllStandardError(), "zelka: Nothing is saved.\n");
+    QCOMPARE(m_zelka->Query("SELECT max(id) FROM journal"), before);
+}
+
+void TestZelkaScan::Scan_SaveReaderGoes_SavesNothing()
+{
+    const QByteArray before = m_zelka->Query("SELECT max(id) FROM journal");
+
+    const ZelkaResult result = m_zelka->RunInShell(
+        "(\"$@\"; echo $? >&2) | head -1", {"scan", "Net", "--from", "3", "--to", "7", "--interval", "0",
+                                            "--time-out", "30000", "--save", "--prefix", "Ended"});
+
+    QCOMPARE(result.Lines(), QStringList{"3\tT4 RADIO\tKöln"});
+    QCOMPARE(result.Words(),
+             "zelka: Nothing is saved.\nzelka: The output was closed before the scan had come to "
+             "its end.\n1\n");
+    QCOMPARE(m_zelka->Query("SELECT max(id) FROM journal"), before);
 }
 
 void TestZelkaScan::Buses_Connections_ListThem_data()
