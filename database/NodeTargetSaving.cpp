@@ -2,6 +2,7 @@
 
 #include "database/ConObjectTrees.h"
 #include "database/Gateway.h"
+#include "database/NodeSaveSteps.h"
 #include "database/SaveRoutines.h"
 #include "model/ConData.h"
 #include "model/ModelState.h"
@@ -45,12 +46,11 @@ bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
     ConObjectTrees trees;
     qint32 position = 0;
     QString errorText;
-    const bool saved =
-        con.NewNode ? SaveNewNode(con.NodeName, con.ConName, con.NodeType, con.CommandLine, con.TargetString,
-                                  trees.Nodes(), trees.Connections(), position, errorText)
-                    : SaveNodeChanges(con.NodeName, con.NodeName, con.ConName, con.ConName, con.NodeType,
-                                      con.CommandLine, con.TargetString, trees.Nodes(), trees.Connections(),
-                                      position, errorText);
+    const bool saved = con.NewNode ? SaveNewNodeWithManager(con, con.NodeName, con.ConName, trees.Nodes(),
+                                                            trees.Connections(), position, errorText)
+                                   : SaveNodeChanges(con.NodeName, con.NodeName, con.ConName, con.ConName,
+                                                     con.NodeType, con.CommandLine, con.TargetString,
+                                                     trees.Nodes(), trees.Connections(), position, errorText);
     if (!saved)
         return false;
     SelectSaved(trees, position);
