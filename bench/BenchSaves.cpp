@@ -1,7 +1,7 @@
 // What it costs to save a connection and a node from a dialog, with the trees of 20,000 connections brought
 // into line, beside the SQL statements of such a save through the C API.
 
-#include "bench/BareDatabase.h"
+#include "bench/BareStatements.h"
 #include "bench/BenchSupport.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/HvxDatabaseComponent.h"
@@ -22,7 +22,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
 #include <vector>
 
 namespace {
@@ -70,43 +69,6 @@ void Require(bool done, const char* what)
     std::exit(2);
 }
 
-/// The statements of a save, each prepared once.
-class BareSave
-{
-public:
-    explicit BareSave(const QString& file) : m_database(file)
-    {
-        m_database.Execute("PRAGMA synchronous = NORMAL");
-    }
-    ~BareSave()
-    {
-        for (auto& [statement, prepared] : m_prepared)
-            sqlite3_finalize(prepared);
-    }
-    BareSave(const BareSave&) = delete;
-    BareSave& operator=(const BareSave&) = delete;
-
-    /// Runs a statement and reads what it gives.
-    void Run(HvxStatement statement, const QStringList& values = {})
-    {
-        sqlite3_stmt*& prepared = m_prepared[statement];
-        if (!prepared)
-            prepared = m_database.Prepare(StandardStatementText(statement).toUtf8());
-        for (int i = 0; i < values.size(); ++i)
-            BindText(prepared, i + 1, values[i]);
-        while (sqlite3_step(prepared) == SQLITE_ROW) {
-            for (int column = 0; column < sqlite3_column_count(prepared); ++column)
-                m_characters += ColumnText(prepared, column).size();
-        }
-        sqlite3_reset(prepared);
-    }
-
-private:
-    BareDatabase m_database;
-    std::map<HvxStatement, sqlite3_stmt*> m_prepared;
-    qint64 m_characters = 0;
-};
-
 /// Seconds of the save alone; the record is loaded before, as a dialog does when it opens.
 double SaveOneConnection(const QString& name, int value)
 {
@@ -149,7 +111,7 @@ double SaveOneNode(const QString& name, int value)
 
 /// What a program that writes the same has to ask and to write: the record as the dialog loads it, the name
 /// in both tables, the id, the change, the new id, and what stands below the connection.
-void BareConnection(BareSave& bare, const QString& name, const QString& target)
+void BareConnection(BareStatements& bare, const QString& name, const QString& target)
 {
     const QString key = FoldedName(name);
     bare.Run(HvxStatement::Begin);
@@ -162,7 +124,7 @@ void BareConnection(BareSave& bare, const QString& name, const QString& target)
     bare.Run(HvxStatement::Commit);
 }
 
-void BareNode(BareSave& bare, const QString& name, const QString& conName, const QString& target)
+void BareNode(BareStatements& bare, const QString& name, const QString& conName, const QString& target)
 {
     const QString key = FoldedName(name);
     const QString kind = QStringLiteral("NodeWP");
@@ -213,7 +175,7 @@ int main(int argc, char** argv)
     QString target;
     QString conName;
     Require(Gateway().GetParentDb(connections.front(), target), "reading a target");
-    BareSave bare(file);
+    BareStatements bare(file);
     int turn = 0;
     const auto compare = [&](const QString& what, const std::vector<QString>& names, auto save,
                              auto bareSave) {

@@ -2,9 +2,12 @@
 
 #include "database/ConObjectTrees.h"
 #include "database/Gateway.h"
+#include "database/NodeSaveSteps.h"
 #include "database/SaveRoutines.h"
 #include "model/ConData.h"
 #include "model/ModelState.h"
+#include "model/TextHelpers.h"
+#include "model/TreeFilling.h"
 #include "platform/MsgBox.h"
 
 namespace {
@@ -14,6 +17,58 @@ constexpr int AddressRow = 1;
 constexpr int TimeRow = 5;
 constexpr int RetryRow = 6;
 constexpr int ValueColumn = 2;
+
+/// The connection's entry where it shows all its nodes; 0 otherwise.
+TreeEntries::Index EntryThatShowsItsNodes(const TreeEntries& tree, const QString& conName)
+{
+    TreeEntries::Index entry = 0;
+    if (!NodesAreShown() || !FindConnectionEntry(conName, tree, entry) || tree.ChildCount(entry) == 0)
+        return 0;
+    const bool areNodes = tree.Kind(tree.Child(entry, 0)) == u'N';
+    return areNodes && tree.Sorted(entry) && tree.FindContinued(entry) == 0 ? entry : 0;
+}
+
+/// Puts a saved node where it belongs among the nodes of its connection; 0: it cannot stand there.
+TreeEntries::Index PutAmongShown(TreeEntries& tree, TreeEntries::Index connection, const QString& id,
+                                 const QString& name)
+{
+    const QString key = QStringLiteral("N,%1,%2").arg(id).arg(tree.Id(connection));
+    TreeEntries::Index old = 0;
+    if (FindTreeEntry(name, tree, old, true)) {
+        if (tree.Parent(old) == connection) {
+            tree.SetText(old, name);
+            return tree.SetKey(old, key) ? old : 0;
+        }
+        RemoveEntry(tree, old);
+    }
+    return tree.Add(connection, key, name);
+}
+
+bool SaveRecord(const ConData& con, TreeEntries& nodesTree, TreeEntries& conTree, qint32& position)
+{
+    QString errorText;
+    return con.NewNode
+               ? SaveNewNodeWithManager(con, con.NodeName, con.ConName, nodesTree, conTree, position,
+                                        errorText)
+               : SaveNodeChanges(con.NodeName, con.NodeName, con.ConName, con.ConName, con.NodeType,
+                                 con.CommandLine, con.TargetString, nodesTree, conTree, position, errorText);
+}
+
+/// Saves the record without reading all nodes of the connection for each, as a run of thousands would: under
+/// a connection that shows them the one node gets into line, and the others follow by the Journal.
+bool SaveAmongShown(const ConData& con, ConObjectTrees& trees, TreeEntries::Index connection,
+                    qint32& position)
+{
+    TreeEntries none;
+    QString id;
+    const QString name = Trim(con.NodeName);
+    if (!SaveRecord(con, trees.Nodes(), none, position) || !Gateway().GetNodeIDDb(name, id))
+        return false;
+    const TreeEntries::Index entry = PutAmongShown(trees.Connections(), connection, id, name);
+    if (entry != 0 && NodesAreSelectedUnderConnections())
+        position = entry;
+    return entry != 0;
+}
 
 /// Selects the entry in the tree that the operator sees, unless that one hides nodes.
 void SelectSaved(ConObjectTrees& trees, qint32 position)
@@ -44,13 +99,9 @@ bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
 
     ConObjectTrees trees;
     qint32 position = 0;
-    QString errorText;
-    const bool saved =
-        con.NewNode ? SaveNewNode(con.NodeName, con.ConName, con.NodeType, con.CommandLine, con.TargetString,
-                                  trees.Nodes(), trees.Connections(), position, errorText)
-                    : SaveNodeChanges(con.NodeName, con.NodeName, con.ConName, con.ConName, con.NodeType,
-                                      con.CommandLine, con.TargetString, trees.Nodes(), trees.Connections(),
-                                      position, errorText);
+    const TreeEntries::Index shown = EntryThatShowsItsNodes(trees.Connections(), con.ConName);
+    const bool saved = shown != 0 ? SaveAmongShown(con, trees, shown, position)
+                                  : SaveRecord(con, trees.Nodes(), trees.Connections(), position);
     if (!saved)
         return false;
     SelectSaved(trees, position);

@@ -10,6 +10,8 @@ class TestNodeTargetSaving : public QObject
 
 private Q_SLOTS:
     void SaveNodeWithTarget_NewNode_IsSaved();
+    void SaveNodeWithTarget_NewNodeWithManager_KeepsIt_data();
+    void SaveNodeWithTarget_NewNodeWithManager_KeepsIt();
     void SaveNodeWithTarget_ExistingNode_IsReplaced();
     void SaveNodeWithTarget_ExistingNode_IsNotReplacedUnasked();
     void SaveNodeWithTarget_TargetRefused_IsTold_data();
@@ -41,7 +43,7 @@ public:
             qFatal("There is no node type.");
         Con.ConName = "Alpha";
         Con.NodeType = "NET4";
-        Con.CommandLine = "12|-port 1";
+        Con.CommandLine = "-port 1";
         Con.ConWpCount = 1;
         Con.SetWpDataItem(1, 1, 2, "99");
         Forget();
@@ -73,10 +75,34 @@ void TestNodeTargetSaving::SaveNodeWithTarget_NewNode_IsSaved()
     QCOMPARE(fixture.Operator.Boxes, std::vector<RecordedBox>{});
 }
 
+void TestNodeTargetSaving::SaveNodeWithTarget_NewNodeWithManager_KeepsIt_data()
+{
+    QTest::addColumn<QString>("index");
+    QTest::addColumn<QStringList>("told");
+    QTest::newRow("known") << "12" << QStringList();
+    QTest::newRow("unknown") << "13"
+                             << QStringList{"Unknown error in access to database.",
+                                            "Manager index doesn't exist."};
+}
+
+void TestNodeTargetSaving::SaveNodeWithTarget_NewNodeWithManager_KeepsIt()
+{
+    QFETCH(QString, index);
+    TargetFixture fixture;
+    fixture.Con.CommandLine = index + "|-port 1";
+
+    QVERIFY(SaveNodeWithTarget(fixture.Con, "Omega", false));
+
+    QVERIFY(fixture.Work().contains(QStringLiteral("UpdateNodeNmaidx(Omega,%1)").arg(index)));
+    QTEST(fixture.Operator.Texts(), "told");
+    QVERIFY2(fixture.Nodes().contains("N,6 Omega"), qPrintable(fixture.Nodes().join(u'/')));
+}
+
 void TestNodeTargetSaving::SaveNodeWithTarget_ExistingNode_IsReplaced()
 {
     TargetFixture fixture;
     fixture.Con.NewNode = true;
+    fixture.Con.CommandLine = "12|-port 1";
 
     QVERIFY(SaveNodeWithTarget(fixture.Con, "North", true));
 

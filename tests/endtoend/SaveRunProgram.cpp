@@ -8,7 +8,6 @@
 #include "scan/network/ScanState.h"
 
 #include <QCoreApplication>
-#include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,12 +18,6 @@ void Tell(const QString& line)
 {
     std::printf("%s\n", qUtf8Printable(line));
     std::fflush(stdout);
-}
-
-[[noreturn]] void WaitForTheEnd()
-{
-    for (;;)
-        QThread::sleep(1);
 }
 
 bool OpenDatabase(const QString& source)
@@ -46,13 +39,30 @@ std::vector<FoundNode> Nodes(int count)
     return nodes;
 }
 
+/// Saves the nodes from the first to the last. False: one could not be saved.
+bool SaveAll(ConData& direct, ConData& newDirect, int count, int timeOut)
+{
+    Scan().ScanSaveList = FoundNodeRows(Nodes(count), QStringLiteral("5"), QString::number(timeOut));
+    Scan().ScanSelSaveRows.clear();
+    for (int row = 1; row <= count; ++row)
+        Scan().ScanSelSaveRows.push_back({row - 1, row});
+    Scan().ScanSelSaveMode = false;
+    SaveRun run(direct, newDirect);
+    for (const ScanSaveRow& row : Scan().ScanSaveList) {
+        if (run.SaveNext() != SaveRun::Step::More || !row.IsSaved())
+            return false;
+        Tell(row.address + u' ' + row.timeOut);
+    }
+    return true;
+}
+
 } // namespace
 
-/// Saves found nodes on the connection Alpha over those that exist, until it is killed; the other process of
-/// tests about ends in the middle.
+/// Saves found nodes on the connection Alpha over those that exist, again and again until it is killed; the
+/// other process of tests about ends in the middle.
 ///
-/// Arguments: source, number of nodes, time-out of the nodes in milliseconds. Standard output: "begin", then
-/// the address of each node behind its save.
+/// Arguments: source, number of nodes, time-out of the nodes in milliseconds, which grows by one with each
+/// run. Standard output: "begin", then address and time-out of each node behind its save.
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -62,19 +72,10 @@ int main(int argc, char** argv)
     if (arguments.size() != 4 || !OpenDatabase(arguments[1]) ||
         !direct.SetParentConData(QStringLiteral("Alpha"), true) || !LoadFoundNodeType(direct))
         return EXIT_FAILURE;
-    const int count = arguments[2].toInt();
-    Scan().ScanSaveList = FoundNodeRows(Nodes(count), QStringLiteral("5"), arguments[3]);
-    for (int row = 1; row <= count; ++row)
-        Scan().ScanSelSaveRows.push_back({row - 1, row});
-    Scan().ScanSelSaveMode = false;
 
     Tell(QStringLiteral("begin"));
-    SaveRun run(direct, newDirect);
-    for (int row = 0; row < count; ++row) {
-        if (run.SaveNext() != SaveRun::Step::More ||
-            !Scan().ScanSaveList[static_cast<std::size_t>(row)].IsSaved())
-            return EXIT_FAILURE;
-        Tell(QString::number(row + 1));
-    }
-    WaitForTheEnd();
+    int timeOut = arguments[3].toInt();
+    while (SaveAll(direct, newDirect, arguments[2].toInt(), timeOut))
+        ++timeOut;
+    return EXIT_FAILURE;
 }

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void SaveFoundNode_NewNode_IsUnderTheConnection();
     void SaveFoundNode_ExistingNode_StaysUnasked();
     void SaveFoundNode_ExistingNode_IsReplaced();
+    void SaveFoundNode_Manager_IsTheConnections_data();
     void SaveFoundNode_Manager_IsTheConnections();
     void SaveFoundNode_NoControl_SavesTheRecord();
     void SaveFoundNode_NameOfAConnection_IsNotSaved();
@@ -157,16 +158,27 @@ void TestFoundNodeSave::SaveFoundNode_ExistingNode_IsReplaced()
     QCOMPARE(f.TreeContents(), SaveFixture::FreshTreeContents());
 }
 
+void TestFoundNodeSave::SaveFoundNode_Manager_IsTheConnections_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("new") << "West";
+    QTest::newRow("replaced") << "North";
+}
+
 void TestFoundNodeSave::SaveFoundNode_Manager_IsTheConnections()
 {
+    QFETCH(QString, name);
     SaveListFixture f;
-    f.FindNodes({"North"});
+    f.FindNodes({name});
     f.Direct.NodeType = "NET4";
     f.Direct.CommandLine = "1|-port 9";
 
     QCOMPARE(SaveRow(f, 1, true), FoundNodeOutcome::Saved);
 
-    QVERIFY2(f.Records().join('\n').contains("-port 9"), qPrintable(f.Records().join('\n')));
+    const QStringList records = f.Records().filter("-port 9");
+    QCOMPARE(records.size(), 1);
+    QVERIFY2(records[0].startsWith(name) && records[0].contains("1|-port 9"), qPrintable(records[0]));
+    QCOMPARE(f.TreeContents(), SaveFixture::FreshTreeContents());
 }
 
 void TestFoundNodeSave::SaveFoundNode_NoControl_SavesTheRecord()
