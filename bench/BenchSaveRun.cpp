@@ -135,18 +135,23 @@ private:
     TreeEntries m_nodes;
 };
 
-/// What a program that saves the same has to ask and to write: that the connection is unchanged, that the
-/// name is free, the node, its new id.
+/// What a program that saves the same has to ask and to write: the connection, the name, asked for once more
+/// at the save, the users text around the node, its new id.
 void BareSaves(BareStatements& bare, const QString& connection)
 {
     const QString conKey = FoldedName(connection);
+    const QString kind = QStringLiteral("NodeWP");
     for (int address = 0; address < Found; ++address) {
         const QString name = NodeName(address);
         const QString key = FoldedName(name);
         bare.Run(HvxStatement::Begin);
         bare.Run(HvxStatement::ConnectionByName, {conKey});
-        bare.Run(HvxStatement::NodeByName, {key});
+        for (int i = 0; i < 2; ++i)
+            bare.Run(HvxStatement::NodeByName, {key});
+        bare.Run(HvxStatement::UsersText, {kind, key});
         bare.Run(HvxStatement::InsertNode, {name, key, QString(), NodeTarget(address), QString(), conKey});
+        bare.Run(HvxStatement::UsersText, {kind, key});
+        bare.Run(HvxStatement::StoreUsersText, {kind, key, QString()});
         bare.Run(HvxStatement::NodeByName, {key});
         bare.Run(HvxStatement::Commit);
     }
@@ -184,11 +189,11 @@ void MeasureSaves(const QString& file, bool openConnection)
             Workstation ours(Copied(file, folder, QStringLiteral("ours.mdb")), openConnection);
             connection = ours.Connection;
             const qint64 before = component->StatementCount();
-            best.ours = std::min(best.ours, Bench::Seconds([&] { ours.SaveAll(); }));
+            best.ours = std::min(best.ours, Bench::ProcessorSeconds([&] { ours.SaveAll(); }));
             statements = component->StatementCount() - before;
         }
         BareStatements bare(Copied(file, folder, QStringLiteral("bare.mdb")));
-        best.bare = std::min(best.bare, Bench::Seconds([&] { BareSaves(bare, connection); }));
+        best.bare = std::min(best.bare, Bench::ProcessorSeconds([&] { BareSaves(bare, connection); }));
     }
     Bench::PrintRatio(what, best, 1.5);
     Bench::PrintNote(QStringLiteral("%1: %2 statements a node").arg(what).arg(double(statements) / Found));
@@ -200,10 +205,14 @@ void MeasureNameCheck(const QString& file)
     const QString copy = Copied(file, folder, QStringLiteral("names.mdb"));
     Workstation ours(copy, false);
     BareStatements bare(copy);
-    const Bench::Sides sides = Bench::Compare(
-        Rounds, [] { Require(CheckNamesInDatabase(Scan().ScanSaveList), "looking names up"); },
-        [&] { BareNameCheck(bare); });
-    Bench::PrintRatio(QStringLiteral("looking %1 names up").arg(Found), sides, 1.5);
+    Bench::Sides best{1e9, 1e9};
+    for (int round = 0; round < Rounds; ++round) {
+        best.ours = std::min(best.ours, Bench::ProcessorSeconds([] {
+                                 Require(CheckNamesInDatabase(Scan().ScanSaveList), "looking names up");
+                             }));
+        best.bare = std::min(best.bare, Bench::ProcessorSeconds([&] { BareNameCheck(bare); }));
+    }
+    Bench::PrintRatio(QStringLiteral("looking %1 names up").arg(Found), best, 1.5);
 }
 
 } // namespace

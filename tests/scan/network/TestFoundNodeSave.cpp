@@ -19,6 +19,8 @@ private Q_SLOTS:
     void SaveFoundNode_NewNode_IsUnderTheConnection();
     void SaveFoundNode_ExistingNode_StaysUnasked();
     void SaveFoundNode_ExistingNode_IsReplaced();
+    void SaveFoundNode_ShownConnection_IsNotReadAnew_data();
+    void SaveFoundNode_ShownConnection_IsNotReadAnew();
     void SaveFoundNode_Manager_IsTheConnections_data();
     void SaveFoundNode_Manager_IsTheConnections();
     void SaveFoundNode_NoControl_SavesTheRecord();
@@ -155,6 +157,26 @@ void TestFoundNodeSave::SaveFoundNode_ExistingNode_IsReplaced()
 
     QCOMPARE(f.TargetOf("East"), Saved101);
     QCOMPARE(f.Nodes(), (QStringList{"East", "North", "South"}));
+    QCOMPARE(f.TreeContents(), SaveFixture::FreshTreeContents());
+}
+
+void TestFoundNodeSave::SaveFoundNode_ShownConnection_IsNotReadAnew_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("new") << "West";
+    QTest::newRow("replaced") << "North";
+    QTest::newRow("replaced on another connection") << "East";
+}
+
+void TestFoundNodeSave::SaveFoundNode_ShownConnection_IsNotReadAnew()
+{
+    QFETCH(QString, name);
+    SaveListFixture f;
+    f.FindNodes({name});
+
+    QCOMPARE(SaveRow(f, 1, true), FoundNodeOutcome::Saved);
+
+    QCOMPARE(f.Component.Calls.filter("GetParentNodesWithID"), QStringList());
     QCOMPARE(f.TreeContents(), SaveFixture::FreshTreeContents());
 }
 
