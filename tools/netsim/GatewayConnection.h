@@ -29,7 +29,7 @@ public:
     /// Answers that wait at most; a workstation that lets more come is put off.
     static constexpr std::size_t MostWaiting = 10'000;
     /// Bytes that wait at most for a workstation that does not read.
-    static constexpr qint64 MostUnread = 4 * 1024 * 1024;
+    static constexpr qint64 MostUnread = qint64(4) * 1024 * 1024;
 
     /// Takes the socket over. `clock`: milliseconds since the network began.
     GatewayConnection(QTcpSocket* socket, SimulatedNetwork& network, FaultSchedule& faults,
