@@ -46,7 +46,11 @@ class FoundNodes
 {
 public:
     explicit FoundNodes(const char* options = "--save --on-conflict replace")
-        : m_component(std::make_unique<HvxDatabaseComponent>(File.Source()))
+        : FoundNodes(std::make_shared<DatabaseFixture>(), options)
+    {}
+    explicit FoundNodes(const std::shared_ptr<DatabaseFixture>& file,
+                        const char* options = "--save --on-conflict replace")
+        : File(*file), m_file(file), m_component(std::make_unique<HvxDatabaseComponent>(File.Source()))
     {
         m_component->SetBusyTimeout(0);
         Script.Backing = m_component.get();
@@ -125,7 +129,7 @@ public:
     /// What the end of the program does: nothing is held any more.
     void EndProgram() { m_component.reset(); }
 
-    DatabaseFixture File;
+    const DatabaseFixture& File;
     ScriptedDatabase Script;
     FakeMachine Clock;
     /// What the command ended with.
@@ -137,6 +141,7 @@ private:
         return QString::fromUtf8(buffer.data()).split(u'\n', Qt::SkipEmptyParts);
     }
 
+    std::shared_ptr<DatabaseFixture> m_file;
     std::unique_ptr<HvxDatabaseComponent> m_component;
     QBuffer m_data;
     QBuffer m_words;
@@ -149,6 +154,14 @@ private:
 QString SavedTarget(int address)
 {
     return QStringLiteral("WP=NET4,ADDR=%1,TIME=1500,RETRY=3").arg(address);
+}
+
+/// Brings the records of the nodes back to what they were.
+void Restore(const DatabaseFixture& file)
+{
+    file.RunSql(QStringLiteral("DELETE FROM node WHERE name IN ('Mill', 'Tower', 'Afterwards')"));
+    file.RunSql(QStringLiteral("UPDATE node SET target = '%1' WHERE name = 'North'")
+                    .arg(QString::fromLatin1(DatabaseFixture::NorthTarget)));
 }
 
 /// What is wrong with the outcome of a run of North, Mill and Tower; empty: nothing.
@@ -195,8 +208,10 @@ void TestFoundNodesRun::Run_AnyCallFails_TellsWhatIsSaved()
     QFETCH(quint32, number);
     QFETCH(bool, goesOn);
     int calls = 0;
+    // Making one for each call would take most of the time.
+    const auto file = std::make_shared<DatabaseFixture>();
     {
-        FoundNodes found;
+        FoundNodes found(file);
         QCOMPARE(found.Run(), 0);
         QCOMPARE(ProblemWith(found, 0), QString());
         calls = static_cast<int>(found.Script.Calls.size());
@@ -204,7 +219,8 @@ void TestFoundNodesRun::Run_AnyCallFails_TellsWhatIsSaved()
     QVERIFY(calls > 30);
     int failed = 0;
     for (int k = 1; k <= calls; ++k) {
-        FoundNodes found;
+        Restore(*file);
+        FoundNodes found(file);
         if (goesOn)
             found.Script.FailFrom(k, number);
         else
@@ -227,8 +243,9 @@ void TestFoundNodesRun::Run_AnyCallFails_TellsWhatIsSaved()
 void TestFoundNodesRun::DryRun_AnyCallFails_ChangesNothing()
 {
     int calls = 0;
+    const auto file = std::make_shared<DatabaseFixture>();
     for (int k = 0; k <= calls; ++k) {
-        FoundNodes found("--dry-run --on-conflict replace");
+        FoundNodes found(file, "--dry-run --on-conflict replace");
         const QStringList before = found.Contents();
         if (k > 0)
             found.Script.FailCall(k);
