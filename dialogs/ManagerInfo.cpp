@@ -11,19 +11,24 @@
 bool ShowManagerInfo(ConData& con, QWidget& window)
 {
     const QPointer<QWidget> alive(&window);
-    const ConData* const shown = Model().ConObject.get();
-    if (!Dialogs().ShowManagerInfo || !shown)
+    ConData* const carrier = Model().ConObject.get();
+    if (!Dialogs().ShowManagerInfo || !carrier)
         return true;
-    const auto exchange = [&con] {
-        std::swap(con.NodeType, Model().ConObject->NodeType);
-        std::swap(con.CommandLine, Model().ConObject->CommandLine);
-    };
-    const bool isOther = shown != &con;
-    if (isOther)
-        exchange();
+    if (carrier == &con) {
+        Dialogs().ShowManagerInfo(&window);
+        return !alive.isNull();
+    }
+    const QString nodeType = std::exchange(carrier->NodeType, con.NodeType);
+    const QString commandLine = std::exchange(carrier->CommandLine, con.CommandLine);
     Dialogs().ShowManagerInfo(&window);
     // A control that ended meanwhile has left with its ConObject.
-    if (isOther && Model().ConObject.get() == shown)
-        exchange();
+    if (Model().ConObject.get() != carrier)
+        return !alive.isNull();
+    const QString chosenType = std::exchange(carrier->NodeType, nodeType);
+    const QString chosenLine = std::exchange(carrier->CommandLine, commandLine);
+    if (alive) {
+        con.NodeType = chosenType;
+        con.CommandLine = chosenLine;
+    }
     return !alive.isNull();
 }

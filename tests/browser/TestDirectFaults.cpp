@@ -96,8 +96,11 @@ const QStringList& Told()
     static const QStringList texts =
         CommandTexts::Told() +
         QStringList{
-            QStringLiteral("Failure to set connection data."), QStringLiteral("Connection name not found."),
-            CommandTexts::Changed("Connection Beta"), CommandTexts::ChangedTwiceTold("Connection Beta"),
+            QStringLiteral("Failure to set connection data."),
+            QStringLiteral("Connection name not found."),
+            QStringLiteral("Database search error."),
+            CommandTexts::Changed("Connection Beta"),
+            CommandTexts::ChangedTwiceTold("Connection Beta"),
             QStringLiteral("Nodes count for connection Betafailed. Close the dialog and try again. ")};
     return texts;
 }
