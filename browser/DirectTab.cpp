@@ -237,6 +237,8 @@ void DirectTab::TakeDefinition()
     if (!direct.SelectPressed)
         return;
     direct.SelectPressed = false;
+    // The save has left its full target, which stays where the list cannot be read.
+    RenewTarget();
     const QPointer<DirectTab> alive(this);
     const QString name = direct.ConName;
     LoadDirectConNames(false);
