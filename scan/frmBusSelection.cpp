@@ -98,7 +98,8 @@ void frmBusSelection::Timer1_Timer()
         if (run->ended)
             return;
         ErrorBox(ScanFailed);
-        Abandon(run);
+        if (!run->ended)
+            Abandon(run);
     }
 }
 
@@ -109,7 +110,8 @@ void frmBusSelection::ScanBus(const std::shared_ptr<ScanRun>& run)
         return;
     if (!composed) {
         ErrorBox(NotScanned);
-        Abandon(run);
+        if (!run->ended)
+            Abandon(run);
         return;
     }
     const QString target = ConvertBusTarget(m_direct.TargetString);
@@ -130,7 +132,8 @@ void frmBusSelection::ScanBus(const std::shared_ptr<ScanRun>& run)
             ReportComponentError(NotScanned, *connection);
         else
             ErrorBox(MissingComponents);
-        AbandonAndClose(run);
+        if (!run->ended)
+            AbandonAndClose(run);
     }
 }
 
@@ -147,7 +150,8 @@ bool frmBusSelection::CreateComponents(const std::shared_ptr<ScanRun>& run)
     }
     if (!run->ended)
         run->Release();
-    Abandon(run);
+    if (!run->ended)
+        Abandon(run);
     return false;
 }
 
@@ -165,7 +169,8 @@ bool frmBusSelection::OpenConnection(const std::shared_ptr<ScanRun>& run, const 
     if (opened)
         return true;
     ReportComponentError(NotScanned, *connection);
-    AbandonAndClose(run);
+    if (!run->ended)
+        AbandonAndClose(run);
     return false;
 }
 
@@ -184,7 +189,8 @@ void frmBusSelection::ListBuses(const std::shared_ptr<ScanRun>& run)
     QStringList buses;
     if (!ParseBusList(answer, count, buses)) {
         ErrorBox(NotScanned);
-        Abandon(run);
+        if (!run->ended)
+            Abandon(run);
         return;
     }
     ShowBuses(buses);

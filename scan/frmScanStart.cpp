@@ -157,7 +157,8 @@ void frmScan::StartScan()
         m_currentAddress = m_beginAddress;
         TakeStep(run);
     } catch (const std::exception& error) {
-        FailStart(run, error);
+        if (!run->ended)
+            FailStart(run, error);
     }
 }
 
@@ -174,7 +175,8 @@ bool frmScan::CreateComponents(const std::shared_ptr<ScanRun>& run)
     } catch (const std::exception&) {
         ErrorBox(failure);
     }
-    AbandonStart(run);
+    if (!run->ended)
+        AbandonStart(run);
     return false;
 }
 
@@ -187,12 +189,13 @@ bool frmScan::OpenConnection(const std::shared_ptr<ScanRun>& run)
     } catch (const std::exception&) {
         opened = false;
     }
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return false;
     if (opened)
         return true;
     ReportComponentError(ScanTexts::NotOpened, *connection);
-    AbandonStart(run);
+    if (!run->ended)
+        AbandonStart(run);
     return false;
 }
 
@@ -203,7 +206,7 @@ void frmScan::AbandonStart(const std::shared_ptr<ScanRun>& run)
     if (run->ended)
         return;
     run->CloseQuietly();
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     EndRun();
     ShowFailedStart();
@@ -219,7 +222,7 @@ void frmScan::ShowFailedStart()
 
 void frmScan::FailStart(const std::shared_ptr<ScanRun>& run, const std::exception& error)
 {
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     EndRun();
     ShowFailedStart();

@@ -35,13 +35,14 @@ void frmScan::ScanNextAddress()
     try {
         TakeStep(run);
     } catch (const std::exception& error) {
-        FailScan(run, error);
+        if (!run->ended)
+            FailScan(run, error);
     }
 }
 
 void frmScan::TakeStep(const std::shared_ptr<ScanRun>& run)
 {
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     if (m_currentAddress > m_endAddress) {
         if (!m_ui->chkRepeatScan->isChecked()) {
@@ -57,7 +58,7 @@ void frmScan::TakeStep(const std::shared_ptr<ScanRun>& run)
     QString type;
     QString identification;
     const bool answered = QueryNodeAtAddress(run, m_currentAddress, type, identification);
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     FoundNodesGrid& grid = *m_ui->grdFoundNodes;
     if (qint16 row = 0; answered)
@@ -74,7 +75,7 @@ bool frmScan::QueryNodeAtAddress(const std::shared_ptr<ScanRun>& run, qint16 add
 {
     m_ui->lbCurrentAddr->setText(ScanTexts::Scanning + QString::number(address));
     Machine().PumpEvents();
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return false;
     // Held here too: whoever ends the run lets go of them.
     const std::shared_ptr<SyncConnection> connection = run->connection;
@@ -90,7 +91,7 @@ void frmScan::FinishScan(const std::shared_ptr<ScanRun>& run)
 {
     ShowIdle();
     run->Close();
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     EndRun();
     if (m_ui->grdFoundNodes->FoundCount() == 0) {
@@ -106,7 +107,7 @@ void frmScan::FinishScan(const std::shared_ptr<ScanRun>& run)
 void frmScan::StopScan(const std::shared_ptr<ScanRun>& run)
 {
     run->Close();
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     EndRun();
     SetCommandsEnabled(true);
@@ -116,10 +117,10 @@ void frmScan::StopScan(const std::shared_ptr<ScanRun>& run)
 
 void frmScan::FailScan(const std::shared_ptr<ScanRun>& run, const std::exception& error)
 {
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     ErrorBox(ScanTexts::NotRunning + ScanTexts::LineBreak + DescriptionWithNumber(error));
-    if (!GoesOn(run))
+    if (run->ended || !GoesOn(run))
         return;
     run->Release();
     EndRun();
