@@ -6,6 +6,7 @@
 #include "tests/database/SaveFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QTest>
 
 #include <memory>
 
@@ -47,6 +48,28 @@ public:
     [[nodiscard]] bool TreesAgree() const
     {
         return Fixture.TreeContents() == SaveFixture::FreshTreeContents();
+    }
+
+    /// Saves a rename while the other application writes, is refused, and saves once it has ended.
+    void SaveWhileHeldByAnother()
+    {
+        Fixture.Edit("Gamma");
+        Fixture.TypeName("Omega");
+        qint32 started = 0;
+        Other->BeginTransaction(started);
+        Other->ReplaceParentTarget("Alpha", DatabaseFixture::BetaTarget);
+        Fixture.Operator.Answers = {BoxAnswer::Cancel};
+
+        Fixture.Click("cmdSave");
+
+        Other->RollbackTransaction();
+        QCOMPARE(Fixture.Operator.Boxes.back(),
+                 RecordedBox::Error("Database access is denied, because another application is using it."));
+        QVERIFY(Fixture.Form->isVisible());
+        Fixture.Click("cmdSave");
+        QVERIFY(!Fixture.Form->isVisible());
+        QCOMPARE(TargetOf("Omega"), DatabaseFixture::GammaTarget);
+        QVERIFY(TreesAgree());
     }
 
 private:

@@ -225,24 +225,7 @@ void TestFrmDatabaseConPropOnDatabase::Save_NameOfANode_IsRefused()
 
 void TestFrmDatabaseConPropOnDatabase::Save_HeldByAnother_IsDenied()
 {
-    DialogOnDatabase dialog;
-    dialog.Fixture.Edit("Gamma");
-    dialog.Fixture.TypeName("Omega");
-    qint32 started = 0;
-    dialog.Other->BeginTransaction(started);
-    dialog.Other->ReplaceParentTarget("Alpha", DatabaseFixture::BetaTarget);
-    dialog.Fixture.Operator.Answers = {BoxAnswer::Cancel};
-
-    dialog.Fixture.Click("cmdSave");
-
-    dialog.Other->RollbackTransaction();
-    QCOMPARE(dialog.Fixture.Operator.Boxes.back(),
-             RecordedBox::Error("Database access is denied, because another application is using it."));
-    QVERIFY(dialog.Fixture.Form->isVisible());
-    dialog.Fixture.Click("cmdSave");
-    QVERIFY(!dialog.Fixture.Form->isVisible());
-    QCOMPARE(dialog.TargetOf("Omega"), DatabaseFixture::GammaTarget);
-    QVERIFY(dialog.TreesAgree());
+    DialogOnDatabase().SaveWhileHeldByAnother();
 }
 
 void TestFrmDatabaseConPropOnDatabase::Save_TwiceInARow_GoesOn()
