@@ -111,8 +111,8 @@ private:
     void FailScan(const std::shared_ptr<ScanRun>& run, const std::exception& error);
 
     /// False: the run is over and nothing is to be done. Where the host has let go of its components, this is
-    /// what ends it.
-    [[nodiscard]] bool GoesOn(const std::shared_ptr<ScanRun>& run);
+    /// what ends it. `form` may be gone when the run has ended: asked behind a wait, no method of it may be.
+    [[nodiscard]] static bool GoesOn(frmScan* form, const std::shared_ptr<ScanRun>& run);
     /// The run that is under way is no longer; its components stay as they are.
     void EndRun();
     void ShowIdle();

@@ -152,7 +152,7 @@ void frmScan::StartScan()
     m_run = run;
     try {
         (void)m_direct.SetTargetString(false);
-        if (!GoesOn(run) || !CreateComponents(run) || !OpenConnection(run))
+        if (!GoesOn(this, run) || !CreateComponents(run) || !OpenConnection(run))
             return;
         m_currentAddress = m_beginAddress;
         TakeStep(run);
@@ -189,7 +189,7 @@ bool frmScan::OpenConnection(const std::shared_ptr<ScanRun>& run)
     } catch (const std::exception&) {
         opened = false;
     }
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return false;
     if (opened)
         return true;
@@ -206,7 +206,7 @@ void frmScan::AbandonStart(const std::shared_ptr<ScanRun>& run)
     if (run->ended)
         return;
     run->CloseQuietly();
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     EndRun();
     ShowFailedStart();
@@ -222,7 +222,7 @@ void frmScan::ShowFailedStart()
 
 void frmScan::FailStart(const std::shared_ptr<ScanRun>& run, const std::exception& error)
 {
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     EndRun();
     ShowFailedStart();

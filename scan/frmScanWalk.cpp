@@ -42,7 +42,7 @@ void frmScan::ScanNextAddress()
 
 void frmScan::TakeStep(const std::shared_ptr<ScanRun>& run)
 {
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     if (m_currentAddress > m_endAddress) {
         if (!m_ui->chkRepeatScan->isChecked()) {
@@ -58,7 +58,7 @@ void frmScan::TakeStep(const std::shared_ptr<ScanRun>& run)
     QString type;
     QString identification;
     const bool answered = QueryNodeAtAddress(run, m_currentAddress, type, identification);
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     FoundNodesGrid& grid = *m_ui->grdFoundNodes;
     if (qint16 row = 0; answered)
@@ -75,7 +75,7 @@ bool frmScan::QueryNodeAtAddress(const std::shared_ptr<ScanRun>& run, qint16 add
 {
     m_ui->lbCurrentAddr->setText(ScanTexts::Scanning + QString::number(address));
     Machine().PumpEvents();
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return false;
     // Held here too: whoever ends the run lets go of them.
     const std::shared_ptr<SyncConnection> connection = run->connection;
@@ -91,7 +91,7 @@ void frmScan::FinishScan(const std::shared_ptr<ScanRun>& run)
 {
     ShowIdle();
     run->Close();
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     EndRun();
     if (m_ui->grdFoundNodes->FoundCount() == 0) {
@@ -107,7 +107,7 @@ void frmScan::FinishScan(const std::shared_ptr<ScanRun>& run)
 void frmScan::StopScan(const std::shared_ptr<ScanRun>& run)
 {
     run->Close();
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     EndRun();
     SetCommandsEnabled(true);
@@ -117,10 +117,10 @@ void frmScan::StopScan(const std::shared_ptr<ScanRun>& run)
 
 void frmScan::FailScan(const std::shared_ptr<ScanRun>& run, const std::exception& error)
 {
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     ErrorBox(ScanTexts::NotRunning + ScanTexts::LineBreak + DescriptionWithNumber(error));
-    if (run->ended || !GoesOn(run))
+    if (!GoesOn(this, run))
         return;
     run->Release();
     EndRun();
@@ -130,17 +130,17 @@ void frmScan::FailScan(const std::shared_ptr<ScanRun>& run, const std::exception
     ResetProgress();
 }
 
-bool frmScan::GoesOn(const std::shared_ptr<ScanRun>& run)
+bool frmScan::GoesOn(frmScan* form, const std::shared_ptr<ScanRun>& run)
 {
     if (run->ended)
         return false;
     if (!run->IsTakenAway())
         return true;
     run->Release();
-    EndRun();
-    ShowIdle();
-    SetCommandsEnabled(true);
-    UpdateCommandButtons();
+    form->EndRun();
+    form->ShowIdle();
+    form->SetCommandsEnabled(true);
+    form->UpdateCommandButtons();
     return false;
 }
 
