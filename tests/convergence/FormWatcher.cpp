@@ -30,6 +30,11 @@ void FormWatcher::StopNextLoad(int turns)
     m_turns.start(0);
 }
 
+void FormWatcher::StopNoLoad()
+{
+    m_turns.stop();
+}
+
 void FormWatcher::PressStop()
 {
     if (m_turnsLeft-- > 0)

@@ -17,6 +17,8 @@ public:
 
     /// The next load is stopped behind so many turns of the event loop.
     void StopNextLoad(int turns);
+    /// Forgets a stop for which no load has come.
+    void StopNoLoad();
 
 private:
     void PressStop();

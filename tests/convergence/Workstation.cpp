@@ -270,8 +270,9 @@ bool Workstation::Settle()
 
 void Workstation::LoadTheRest()
 {
-    // What the last change was refused for is past.
+    // What the last change was refused for is past, and so is a stop that no load has come for.
     m_operator.BeginChange();
+    m_watcher.StopNoLoad();
     ShowConnections(true);
     for (int k = 0; k < ConTree().ChildCount(Root); ++k) {
         const TreeEntries::Index connection = ConTree().Child(Root, k);

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void Run_WorkstationFails_EndsWithItsCode();
     void Signal_WorkstationRuns_EndsIt_data();
     void Signal_WorkstationRuns_EndsIt();
+    void Signal_WorkstationJustStarts_EndsIt();
 
 private:
     /// A folder of programs in which scripts stand for some.
@@ -274,6 +275,14 @@ void TestRunDemo::Signal_WorkstationRuns_EndsIt()
     QCOMPARE(process.exitCode(), 128 + signal);
     QVERIFY(!IsListening(gateway));
     QCOMPARE(kill(lines.at(1).toInt(), 0), -1);
+}
+
+void TestRunDemo::Signal_WorkstationJustStarts_EndsIt()
+{
+    const Outcome outcome =
+        Run({ProgramsWith({{"zelka-workstation", "kill -TERM $PPID; exec sleep 100\n"}})});
+
+    QCOMPARE(outcome.code, 128 + SIGTERM);
 }
 
 QTEST_GUILESS_MAIN(TestRunDemo)
