@@ -1,5 +1,5 @@
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/BrowserControl.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
@@ -16,7 +16,7 @@ const QString DefaultNodeType = QStringLiteral("NET4");
 
 } // namespace
 
-void T4ZelkaBrowser::AddRecord()
+void BrowserControl::AddRecord()
 {
     if (!Database().EditRight)
         return;
@@ -40,7 +40,7 @@ void T4ZelkaBrowser::AddRecord()
         AddNewConnection();
 }
 
-void T4ZelkaBrowser::AddNewConnection()
+void BrowserControl::AddNewConnection()
 {
     ConData& con = *Model().ConObject;
     if (!con.SetConDataToUnknownCon())
@@ -52,7 +52,7 @@ void T4ZelkaBrowser::AddNewConnection()
         EnableForSelection();
 }
 
-void T4ZelkaBrowser::AddConnectionFromEntry(Entry connection)
+void BrowserControl::AddConnectionFromEntry(Entry connection)
 {
     if (!ReadConnection(connection))
         return;
@@ -67,13 +67,13 @@ void T4ZelkaBrowser::AddConnectionFromEntry(Entry connection)
     EnableForSelection();
 }
 
-void T4ZelkaBrowser::AddNodeFromEntry(Entry node)
+void BrowserControl::AddNodeFromEntry(Entry node)
 {
     if (ReadNode(node, false))
         ShowNewNode();
 }
 
-void T4ZelkaBrowser::AddNewNode()
+void BrowserControl::AddNewNode()
 {
     Model().ConObject->Clear();
     QString longName;
@@ -82,7 +82,7 @@ void T4ZelkaBrowser::AddNewNode()
         ShowNewNode();
 }
 
-void T4ZelkaBrowser::ShowNewNode()
+void BrowserControl::ShowNewNode()
 {
     ConData& con = *Model().ConObject;
     con.NewNode = true;

@@ -1,7 +1,7 @@
+#include "browser/BrowserControl.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/LoadState.h"
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
@@ -66,7 +66,7 @@ struct EntryIcons
 
 // Events of the trees ---------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::ConnectTrees()
+void BrowserControl::ConnectTrees()
 {
     TreeView* const con = m_ui->tvwConTree;
     TreeView* const nodes = m_ui->tvwNodesTree;
@@ -74,8 +74,8 @@ void T4ZelkaBrowser::ConnectTrees()
     nodes->setModel(m_nodesTree);
     for (TreeView* view : {con, nodes}) {
         view->SetIconProvider(EntryIcons());
-        connect(view, &TreeView::ClickBegins, this, &T4ZelkaBrowser::BeginClickReads);
-        connect(view, &TreeView::ClickEnded, this, &T4ZelkaBrowser::EndClickReads);
+        connect(view, &TreeView::ClickBegins, this, &BrowserControl::BeginClickReads);
+        connect(view, &TreeView::ClickEnded, this, &BrowserControl::EndClickReads);
     }
     connect(con, &TreeView::NodeClick, this, [this](const QModelIndex& index) {
         Guarded([this, entry = TreeEntries::EntryOf(index)] { tvwConTree_NodeClick(entry); });
@@ -104,24 +104,24 @@ void T4ZelkaBrowser::ConnectTrees()
     });
 }
 
-void T4ZelkaBrowser::BeginClickReads()
+void BrowserControl::BeginClickReads()
 {
     if (!m_clickReads && Database().DatabaseOpen && Database().DbObject)
         m_clickReads = std::make_unique<ReadBracket>(*Database().DbObject);
 }
 
-void T4ZelkaBrowser::EndClickReads()
+void BrowserControl::EndClickReads()
 {
     m_clickReads.reset();
 }
 
-T4ZelkaBrowser::ClickReads::ClickReads(T4ZelkaBrowser& control)
+BrowserControl::ClickReads::ClickReads(BrowserControl& control)
     : m_control(&control), m_outermost(!control.m_clickReads)
 {
     control.BeginClickReads();
 }
 
-T4ZelkaBrowser::ClickReads::~ClickReads()
+BrowserControl::ClickReads::~ClickReads()
 {
     if (m_outermost && m_control)
         m_control->EndClickReads();
@@ -129,7 +129,7 @@ T4ZelkaBrowser::ClickReads::~ClickReads()
 
 // Buttons ---------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::EnableCmdLoadMore(Entry entry)
+void BrowserControl::EnableCmdLoadMore(Entry entry)
 {
     m_ui->cmdDatabaseAdd->setEnabled(true);
     m_ui->cmdDatabaseRemove->setEnabled(false);
@@ -143,7 +143,7 @@ void T4ZelkaBrowser::EnableCmdLoadMore(Entry entry)
     EnableByRights();
 }
 
-void T4ZelkaBrowser::EnableInConnectionView(Entry entry)
+void BrowserControl::EnableInConnectionView(Entry entry)
 {
     const Entry selected = SelectedEntry(*m_ui->tvwConTree);
     const QChar kind = m_conTree->Kind(selected);
@@ -180,7 +180,7 @@ void T4ZelkaBrowser::EnableInConnectionView(Entry entry)
         m_ui->cmdLoadMore->setEnabled(count >= 1);
 }
 
-void T4ZelkaBrowser::EnableInNodeView()
+void BrowserControl::EnableInNodeView()
 {
     const Entry selected = SelectedEntry(*m_ui->tvwNodesTree);
     const QChar kind = m_nodesTree->Kind(selected);
@@ -193,7 +193,7 @@ void T4ZelkaBrowser::EnableInNodeView()
     m_ui->cmdLoadMore->setEnabled(Load().LoadMoreId != 0);
 }
 
-void T4ZelkaBrowser::EnableByRights()
+void BrowserControl::EnableByRights()
 {
     if (!Database().ScanRight) {
         m_ui->cmdScan->setEnabled(false);
@@ -210,7 +210,7 @@ void T4ZelkaBrowser::EnableByRights()
 // Commands are run by pressing their buttons: a command that cannot be pressed does not run by its key
 // either.
 
-void T4ZelkaBrowser::tvwConTree_KeyDown(int keyCode, int shift)
+void BrowserControl::tvwConTree_KeyDown(int keyCode, int shift)
 {
     if (keyCode == KeyF1) {
         ShowTreeHelp();
@@ -231,14 +231,14 @@ void T4ZelkaBrowser::tvwConTree_KeyDown(int keyCode, int shift)
         m_ui->cmdDatabaseProp->click();
 }
 
-void T4ZelkaBrowser::tvwConTree_KeyPress(int keyAscii)
+void BrowserControl::tvwConTree_KeyPress(int keyAscii)
 {
     // The character with the code of the Delete key: the period asks to remove as well.
     if (keyAscii == KeyDelete)
         m_ui->cmdDatabaseRemove->click();
 }
 
-bool T4ZelkaBrowser::tvwNodesTree_KeyDown(int keyCode, int shift)
+bool BrowserControl::tvwNodesTree_KeyDown(int keyCode, int shift)
 {
     if (keyCode == KeyF1) {
         ShowTreeHelp();
@@ -251,7 +251,7 @@ bool T4ZelkaBrowser::tvwNodesTree_KeyDown(int keyCode, int shift)
     return true;
 }
 
-bool T4ZelkaBrowser::tvwNodesTree_KeyPress(int keyAscii)
+bool BrowserControl::tvwNodesTree_KeyPress(int keyAscii)
 {
     if (keyAscii != KeyReturn)
         return false;

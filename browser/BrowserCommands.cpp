@@ -1,8 +1,8 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/HandedTrees.h"
 #include "browser/StaleRecords.h"
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ManagerLaunch.h"
 #include "database/ReadBracket.h"
@@ -19,35 +19,35 @@
 // The commands of the Database tab, and what they have in common. A box or a dialog that stands open lets the
 // host do anything, even destroy the control, so each asks behind it whether there is one left.
 
-void T4ZelkaBrowser::cmdDatabaseAdd_Click()
+void BrowserControl::cmdDatabaseAdd_Click()
 {
-    RunCommand(&T4ZelkaBrowser::AddRecord);
+    RunCommand(&BrowserControl::AddRecord);
 }
 
-void T4ZelkaBrowser::cmdDatabaseProp_Click()
+void BrowserControl::cmdDatabaseProp_Click()
 {
-    RunCommand(&T4ZelkaBrowser::ShowProperties);
+    RunCommand(&BrowserControl::ShowProperties);
 }
 
-void T4ZelkaBrowser::cmdDatabaseRemove_Click()
+void BrowserControl::cmdDatabaseRemove_Click()
 {
-    RunCommand(&T4ZelkaBrowser::RemoveSelected);
+    RunCommand(&BrowserControl::RemoveSelected);
 }
 
-void T4ZelkaBrowser::cmdDatabaseManage_Click()
+void BrowserControl::cmdDatabaseManage_Click()
 {
-    RunCommand(&T4ZelkaBrowser::LaunchSelectedManager);
+    RunCommand(&BrowserControl::LaunchSelectedManager);
 }
 
 // Frame -----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::RunCommand(void (T4ZelkaBrowser::*steps)())
+void BrowserControl::RunCommand(void (BrowserControl::*steps)())
 {
     // A key may ask for a command while another one's dialog stands open.
     if (Browser().Busy > 0 || !Model().ConObject)
         return;
     const BusyScope busy;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const auto restoreTimer = qScopeGuard([&] {
         if (alive)
             m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
@@ -60,10 +60,10 @@ void T4ZelkaBrowser::RunCommand(void (T4ZelkaBrowser::*steps)())
     (this->*steps)();
 }
 
-bool T4ZelkaBrowser::RunOnEntries(std::initializer_list<CheckedEntry> entries,
+bool BrowserControl::RunOnEntries(std::initializer_list<CheckedEntry> entries,
                                   const std::function<bool()>& work, const QString& failure)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     StaleRecord stale;
     const bool done = UnitOfWork({m_conTree, m_nodesTree}).Run([&](UnitOfWork& unit) {
         unit.Begin();
@@ -85,9 +85,9 @@ bool T4ZelkaBrowser::RunOnEntries(std::initializer_list<CheckedEntry> entries,
     return done && alive;
 }
 
-bool T4ZelkaBrowser::ShowDialog(const DialogOpening::Opener& dialog)
+bool BrowserControl::ShowDialog(const DialogOpening::Opener& dialog)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     {
         ConData& con = *Model().ConObject;
         con.SelectedTreeNodeIndex = SelectedEntry(ShownView());
@@ -105,14 +105,14 @@ bool T4ZelkaBrowser::ShowDialog(const DialogOpening::Opener& dialog)
     return alive;
 }
 
-void T4ZelkaBrowser::ShowTargetOfSelectedConnection()
+void BrowserControl::ShowTargetOfSelectedConnection()
 {
     const Entry selected = SelectedEntry(*m_ui->tvwConTree);
     if (m_ui->optCon->isChecked() && m_conTree->Kind(selected) == QLatin1Char('C'))
         SetConnectionTargetText(m_conTree->Text(selected));
 }
 
-void T4ZelkaBrowser::ShowTargetOfSelectedNode()
+void BrowserControl::ShowTargetOfSelectedNode()
 {
     if (ShownEntries().Kind(SelectedEntry(ShownView())) != QLatin1Char('N'))
         return;
@@ -123,7 +123,7 @@ void T4ZelkaBrowser::ShowTargetOfSelectedNode()
         NodesTreeSetTargetText(parentName);
 }
 
-void T4ZelkaBrowser::EnableForSelection()
+void BrowserControl::EnableForSelection()
 {
     const Entry selected = SelectedEntry(ShownView());
     // What can still be loaded belongs to a node's connection.
@@ -133,7 +133,7 @@ void T4ZelkaBrowser::EnableForSelection()
 
 // Properties ------------------------------------------------------------------------------------------------
 
-bool T4ZelkaBrowser::ReadConnection(Entry connection)
+bool BrowserControl::ReadConnection(Entry connection)
 {
     return RunOnEntries(
         {{*m_conTree, connection, false}},
@@ -141,7 +141,7 @@ bool T4ZelkaBrowser::ReadConnection(Entry connection)
         QStringLiteral("Failure to get connection data from database."));
 }
 
-bool T4ZelkaBrowser::ReadNode(Entry node, bool withConnection)
+bool BrowserControl::ReadNode(Entry node, bool withConnection)
 {
     const TreeEntries& tree = ShownEntries();
     const auto read = [&] { return Model().ConObject && Model().ConObject->SetNodeDataFromNode(tree, node); };
@@ -151,7 +151,7 @@ bool T4ZelkaBrowser::ReadNode(Entry node, bool withConnection)
     return RunOnEntries({{tree, node, true}}, read, failure);
 }
 
-void T4ZelkaBrowser::ShowProperties()
+void BrowserControl::ShowProperties()
 {
     const Entry selected = SelectedEntry(ShownView());
     const QChar kind = ShownEntries().Kind(selected);
@@ -163,7 +163,7 @@ void T4ZelkaBrowser::ShowProperties()
         ShowConnectionProperties(m_conTree->Parent(selected));
 }
 
-void T4ZelkaBrowser::ShowConnectionProperties(Entry connection)
+void BrowserControl::ShowConnectionProperties(Entry connection)
 {
     const bool fromWaypoint = SelectedEntry(*m_ui->tvwConTree) != connection;
     if (!ReadConnection(connection))
@@ -184,7 +184,7 @@ void T4ZelkaBrowser::ShowConnectionProperties(Entry connection)
     EnableForSelection();
 }
 
-void T4ZelkaBrowser::ShowNodeProperties(Entry node)
+void BrowserControl::ShowNodeProperties(Entry node)
 {
     if (!ReadNode(node, m_ui->optCon->isChecked()))
         return;
@@ -198,11 +198,11 @@ void T4ZelkaBrowser::ShowNodeProperties(Entry node)
 
 // Remove ----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::RemoveSelected()
+void BrowserControl::RemoveSelected()
 {
     if (!Database().EditRight)
         return;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const Entry selected = SelectedEntry(ShownView());
     const QChar kind = ShownEntries().Kind(selected);
     bool removed = false;
@@ -232,9 +232,9 @@ void T4ZelkaBrowser::RemoveSelected()
     EnableForSelection();
 }
 
-bool T4ZelkaBrowser::RemoveSelectedNode(Entry node)
+bool BrowserControl::RemoveSelectedNode(Entry node)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const TreeEntries& tree = ShownEntries();
     const QString name = tree.Text(node);
     if (MsgBox(QStringLiteral("Do you want to remove Node ") + name + QStringLiteral(" from database ?"),
@@ -251,9 +251,9 @@ bool T4ZelkaBrowser::RemoveSelectedNode(Entry node)
         QStringLiteral("Failure in removing Node ") + name + QLatin1Char('.'));
 }
 
-bool T4ZelkaBrowser::RemoveSelectedConnection(Entry connection)
+bool BrowserControl::RemoveSelectedConnection(Entry connection)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const QString name = m_conTree->Text(connection);
     if (MsgBox(QStringLiteral("Do you want to remove Connection ") + name +
                    QStringLiteral(" and all its nodes from database ?"),
@@ -271,7 +271,7 @@ bool T4ZelkaBrowser::RemoveSelectedConnection(Entry connection)
 
 // Manage ----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::LaunchSelectedManager()
+void BrowserControl::LaunchSelectedManager()
 {
     const Entry selected = SelectedEntry(ShownView());
     ManagerCommand command;

@@ -1,8 +1,8 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
-#include "browser/T4ZelkaBrowser.h"
 #include "browser/frmMngrInfo.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "dialogs/DialogState.h"
 #include "model/ModelState.h"
 #include "platform/controls/ModalForm.h"
@@ -24,7 +24,7 @@ std::unique_ptr<ConData> NewConData()
 
 } // namespace
 
-void T4ZelkaBrowser::CreateWorkingObjects()
+void BrowserControl::CreateWorkingObjects()
 {
     m_conTree->Clear();
     m_nodesTree->Clear();
@@ -35,10 +35,10 @@ void T4ZelkaBrowser::CreateWorkingObjects()
         Browser().Replaced.push_back(std::exchange(*object, NewConData()));
 }
 
-void T4ZelkaBrowser::OfferHooks()
+void BrowserControl::OfferHooks()
 {
     Browser().HooksOwner = this;
-    const QPointer<T4ZelkaBrowser> control(this);
+    const QPointer<BrowserControl> control(this);
     Model().SelectTreeEntry = [control](TreeEntries& tree, TreeEntries::Index entry) {
         if (control && &tree == control->m_conTree)
             control->SelectTreeEntry(*control->m_ui->tvwConTree, entry);
@@ -52,7 +52,7 @@ void T4ZelkaBrowser::OfferHooks()
     };
 }
 
-void T4ZelkaBrowser::WithdrawHooks()
+void BrowserControl::WithdrawHooks()
 {
     if (Browser().HooksOwner != this)
         return;

@@ -1,10 +1,10 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/DirectLabels.h"
 #include "browser/DirectTab.h"
-#include "browser/T4ZelkaBrowser.h"
 #include "browser/TabStops.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/HelpHook.h"
@@ -31,7 +31,7 @@ const QString DirectTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#D
 
 } // namespace
 
-void T4ZelkaBrowser::tabMain_Click(int)
+void BrowserControl::tabMain_Click(int)
 {
     // While the start runs there is nothing yet that a page could show.
     if (!m_pagesAnswer)
@@ -43,7 +43,7 @@ void T4ZelkaBrowser::tabMain_Click(int)
         return;
     }
     if (tabMain.currentIndex() != DatabasePage) {
-        const QPointer<T4ZelkaBrowser> alive(this);
+        const QPointer<BrowserControl> alive(this);
         m_direct->LoadDirectConNames(true);
         if (!alive)
             return;
@@ -51,10 +51,10 @@ void T4ZelkaBrowser::tabMain_Click(int)
         SetTabStops(DirectPage, true);
         m_direct->ShowPage();
         if (alive)
-            Refresh();
+            update();
     } else if (Database().DatabaseOpen) {
         RestoreViewSelection();
-        Refresh();
+        update();
         SetTabStops(DirectPage, false);
         SetTabStops(DatabasePage, true);
     } else {
@@ -63,9 +63,9 @@ void T4ZelkaBrowser::tabMain_Click(int)
     }
 }
 
-void T4ZelkaBrowser::SetTabStops(int page, bool flag)
+void BrowserControl::SetTabStops(int page, bool flag)
 {
-    const Ui::T4ZelkaBrowser& ui = *m_ui;
+    const Ui::BrowserControl& ui = *m_ui;
     const std::initializer_list<QWidget*> database = {
         ui.tvwNodesTree,      ui.optCon,          ui.optNodes,  ui.chkViewNodes,    ui.cmdDatabaseAdd,
         ui.cmdDatabaseRemove, ui.cmdDatabaseProp, ui.cmdDbScan, ui.cmdDatabaseHelp, ui.cmdDatabaseManage,
@@ -81,7 +81,7 @@ void T4ZelkaBrowser::SetTabStops(int page, bool flag)
 
 // Keys ------------------------------------------------------------------------------------------------------
 
-bool T4ZelkaBrowser::eventFilter(QObject* watched, QEvent* event)
+bool BrowserControl::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
         return QWidget::eventFilter(watched, event);
@@ -106,13 +106,13 @@ bool T4ZelkaBrowser::eventFilter(QObject* watched, QEvent* event)
     return handled || QWidget::eventFilter(watched, event);
 }
 
-void T4ZelkaBrowser::UserControl_KeyPress(int keyAscii)
+void BrowserControl::UserControl_KeyPress(int keyAscii)
 {
     if (keyAscii == KeyCtrlF && m_ui->tabMain->currentIndex() == DatabasePage)
         m_ui->FindElement->click();
 }
 
-bool T4ZelkaBrowser::tabMain_KeyDown(int keyCode, int shift)
+bool BrowserControl::tabMain_KeyDown(int keyCode, int shift)
 {
     // With Shift the focus leaves backwards, or the keyboard could not get out of the control that way.
     if (keyCode != KeyTab || shift == ShiftDown)
@@ -126,13 +126,13 @@ bool T4ZelkaBrowser::tabMain_KeyDown(int keyCode, int shift)
     return true;
 }
 
-void T4ZelkaBrowser::tabMain_KeyUp(int keyCode)
+void BrowserControl::tabMain_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
         ShowHelpTopic(m_ui->tabMain->currentIndex() == DatabasePage ? DatabaseTopic : DirectTopic);
 }
 
-bool T4ZelkaBrowser::tabNode_KeyDown(int keyCode, int shift)
+bool BrowserControl::tabNode_KeyDown(int keyCode, int shift)
 {
     if (keyCode != KeyTab)
         return false;
@@ -146,13 +146,13 @@ bool T4ZelkaBrowser::tabNode_KeyDown(int keyCode, int shift)
     return true;
 }
 
-void T4ZelkaBrowser::tabNode_KeyUp(int keyCode)
+void BrowserControl::tabNode_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
         ShowHelpTopic(DirectTopic);
 }
 
-bool T4ZelkaBrowser::cmdScan_KeyPress(int keyCode, int shift)
+bool BrowserControl::cmdScan_KeyPress(int keyCode, int shift)
 {
     if (keyCode != KeyTab || shift == ShiftDown)
         return false;
@@ -160,34 +160,34 @@ bool T4ZelkaBrowser::cmdScan_KeyPress(int keyCode, int shift)
     return true;
 }
 
-void T4ZelkaBrowser::cmdDatabaseHelp_Click()
+void BrowserControl::cmdDatabaseHelp_Click()
 {
     ShowHelpTopic(DatabaseTopic);
 }
 
-void T4ZelkaBrowser::cmdDirectHelp_Click()
+void BrowserControl::cmdDirectHelp_Click()
 {
     ShowHelpTopic(DirectTopic);
 }
 
-void T4ZelkaBrowser::ShowTreeHelp()
+void BrowserControl::ShowTreeHelp()
 {
     ShowHelpTopic(DatabaseTopic);
 }
 
 // Contents --------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::txtTarget_Change()
+void BrowserControl::txtTarget_Change()
 {
     m_targetText = m_ui->txtTarget->text();
 }
 
-void T4ZelkaBrowser::ShowConPicture(int type)
+void BrowserControl::ShowConPicture(int type)
 {
     ShowTypePicture(*m_ui->imgConArray, type);
 }
 
-void T4ZelkaBrowser::InitializeDirectTab()
+void BrowserControl::InitializeDirectTab()
 {
     InitializeDirectLabels(*m_ui);
 }

@@ -1,6 +1,6 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/PropertyBag.h"
@@ -49,7 +49,7 @@ QString ReadText(const PropertyBag& bag, const char* name)
 
 } // namespace
 
-void T4ZelkaBrowser::UserControl_InitProperties()
+void BrowserControl::UserControl_InitProperties()
 {
     const PropertyDefaults defaults;
     SetRefreshVisible(defaults.refreshVisible);
@@ -71,7 +71,7 @@ void T4ZelkaBrowser::UserControl_InitProperties()
     Guarded([this] { StartControl(); });
 }
 
-void T4ZelkaBrowser::UserControl_ReadProperties(const PropertyBag& bag)
+void BrowserControl::UserControl_ReadProperties(const PropertyBag& bag)
 {
     const PropertyDefaults defaults;
     SetRefreshVisible(ReadFlag(bag, "RefreshVisible", defaults.refreshVisible));
@@ -89,7 +89,7 @@ void T4ZelkaBrowser::UserControl_ReadProperties(const PropertyBag& bag)
     Guarded([this] { StartControl(); });
 }
 
-void T4ZelkaBrowser::UserControl_WriteProperties(PropertyBag& bag) const
+void BrowserControl::UserControl_WriteProperties(PropertyBag& bag) const
 {
     const PropertyDefaults defaults;
     bag.WriteProperty(Name("RefreshVisible"), m_refreshVisible, defaults.refreshVisible);
@@ -107,82 +107,82 @@ void T4ZelkaBrowser::UserControl_WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(Name("BrowserTabIndex"), Browser().BrowserTabIndex, defaults.browserTabIndex);
 }
 
-void T4ZelkaBrowser::SetRefreshVisible(bool value)
+void BrowserControl::SetRefreshVisible(bool value)
 {
     m_refreshVisible = value;
     m_ui->cmdRefresh->setVisible(value);
     Q_EMIT RefreshVisibleChanged(value);
 }
 
-void T4ZelkaBrowser::SetRefreshTimer(bool value)
+void BrowserControl::SetRefreshTimer(bool value)
 {
     m_refreshTimer = value;
     m_tmrRefreshTimer->SetEnabled(value);
     Q_EMIT RefreshTimerChanged(value);
 }
 
-void T4ZelkaBrowser::SetRefreshInterval(int value)
+void BrowserControl::SetRefreshInterval(int value)
 {
     m_refreshInterval = value;
     m_tmrRefreshTimer->SetInterval(value);
     Q_EMIT RefreshIntervalChanged(value);
 }
 
-void T4ZelkaBrowser::SetManageVisible(bool value)
+void BrowserControl::SetManageVisible(bool value)
 {
     m_manageVisible = value;
     m_ui->cmdDatabaseManage->setVisible(value);
     Q_EMIT ManageVisibleChanged(value);
 }
 
-void T4ZelkaBrowser::SetSobriquet(const QString& value)
+void BrowserControl::SetSobriquet(const QString& value)
 {
     if (std::exchange(m_sobriquet, value) != value)
         Q_EMIT SobriquetChanged(value);
 }
 
-void T4ZelkaBrowser::SetCommandLine(const QString& value)
+void BrowserControl::SetCommandLine(const QString& value)
 {
     if (std::exchange(m_commandLine, value) != value)
         Q_EMIT CommandLineChanged(value);
 }
 
-void T4ZelkaBrowser::SetNodeType(const QString& value)
+void BrowserControl::SetNodeType(const QString& value)
 {
     if (std::exchange(m_nodeType, value) != value)
         Q_EMIT NodeTypeChanged(value);
 }
 
-void T4ZelkaBrowser::SetJournalDayLimit(int value)
+void BrowserControl::SetJournalDayLimit(int value)
 {
     m_journalDayLimit = value;
     Q_EMIT JournalDayLimitChanged(value);
 }
 
-void T4ZelkaBrowser::SetJournalDaysToKeep(int value)
+void BrowserControl::SetJournalDaysToKeep(int value)
 {
     m_journalDaysToKeep = value;
     Q_EMIT JournalDaysToKeepChanged(value);
 }
 
-void T4ZelkaBrowser::SetJournalRecordLimit(int value)
+void BrowserControl::SetJournalRecordLimit(int value)
 {
     m_journalRecordLimit = value;
     Q_EMIT JournalRecordLimitChanged(value);
 }
 
-void T4ZelkaBrowser::SetJournalRecordsToKeep(int value)
+void BrowserControl::SetJournalRecordsToKeep(int value)
 {
     m_journalRecordsToKeep = value;
     Q_EMIT JournalRecordsToKeepChanged(value);
 }
 
-int T4ZelkaBrowser::BrowserTabIndex() const
+int BrowserControl::BrowserTabIndex()
 {
     return Browser().BrowserTabIndex;
 }
 
-void T4ZelkaBrowser::SetBrowserTabIndex(int value)
+void BrowserControl::SetBrowserTabIndex(int value)
 {
     Browser().BrowserTabIndex = value;
     if (m_userMode)
@@ -190,12 +190,12 @@ void T4ZelkaBrowser::SetBrowserTabIndex(int value)
     Q_EMIT BrowserTabIndexChanged(value);
 }
 
-bool T4ZelkaBrowser::DirectNodeTabEnabled() const
+bool BrowserControl::DirectNodeTabEnabled()
 {
     return Browser().DirectNodeTabEnabled;
 }
 
-void T4ZelkaBrowser::SetDirectNodeTabEnabled(bool value)
+void BrowserControl::SetDirectNodeTabEnabled(bool value)
 {
     Browser().DirectNodeTabEnabled = value;
     const std::initializer_list<QWidget*> fields = {

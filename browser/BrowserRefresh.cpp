@@ -1,10 +1,10 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/JournalRefresh.h"
 #include "browser/LoadState.h"
-#include "browser/T4ZelkaBrowser.h"
 #include "browser/TreePlace.h"
 #include "browser/frmLoadProgress.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
@@ -43,34 +43,34 @@ QString OutdatedText()
 }
 
 /// The controls whose trees follow the Journal together; each may go while a box or a form stands open.
-std::vector<QPointer<T4ZelkaBrowser>> LoadedControls()
+std::vector<QPointer<BrowserControl>> LoadedControls()
 {
     return {Browser().Loaded.begin(), Browser().Loaded.end()};
 }
 
 } // namespace
 
-void T4ZelkaBrowser::tmrRefreshTimer_Timer()
+void BrowserControl::tmrRefreshTimer_Timer()
 {
     if (!Database().DatabaseOpen || !m_userMode || Browser().Busy > 0)
         return;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     m_tmrRefreshTimer->SetEnabled(false);
     cmdRefresh_Click();
     if (alive)
         m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
 }
 
-void T4ZelkaBrowser::cmdRefresh_Click()
+void BrowserControl::cmdRefresh_Click()
 {
     const BusyScope busy;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     m_tmrRefreshTimer->SetEnabled(false);
     EndClickReads();
     const QDateTime begin = Machine().WallClock();
     std::vector<JournalRefresh::Trees> trees;
-    std::vector<std::pair<QPointer<T4ZelkaBrowser>, QStringList>> selections;
-    for (T4ZelkaBrowser* const control : Browser().Loaded) {
+    std::vector<std::pair<QPointer<BrowserControl>, QStringList>> selections;
+    for (BrowserControl* const control : Browser().Loaded) {
         trees.push_back({control->m_conTree, control->m_nodesTree, control->m_ui->chkViewNodes->isChecked()});
         selections.emplace_back(control, control->SelectionMark());
     }
@@ -108,7 +108,7 @@ void T4ZelkaBrowser::cmdRefresh_Click()
         m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
 }
 
-QStringList T4ZelkaBrowser::SelectionMark() const
+QStringList BrowserControl::SelectionMark() const
 {
     const TreeEntries& tree = ShownEntries();
     QStringList mark;
@@ -119,7 +119,7 @@ QStringList T4ZelkaBrowser::SelectionMark() const
     return mark;
 }
 
-void T4ZelkaBrowser::FollowSelection(const QStringList& before)
+void BrowserControl::FollowSelection(const QStringList& before)
 {
     const Entry selected = SelectedEntry(ShownView());
     // Whether more can be loaded below a connection without entries, the database alone can tell.
@@ -134,7 +134,7 @@ void T4ZelkaBrowser::FollowSelection(const QStringList& before)
 
 // Reload ----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::ReloadAll()
+void BrowserControl::ReloadAll()
 {
     // The box that announces it lets the host close the database.
     if (!Database().DatabaseOpen)
@@ -142,7 +142,7 @@ void T4ZelkaBrowser::ReloadAll()
     const QDateTime begin = Machine().WallClock();
     qint32 position = std::numeric_limits<qint32>::max();
     bool whole = true;
-    for (const QPointer<T4ZelkaBrowser>& control : LoadedControls()) {
+    for (const QPointer<BrowserControl>& control : LoadedControls()) {
         if (control)
             position = qMin(position, control->ReloadTrees(whole));
     }
@@ -159,9 +159,9 @@ void T4ZelkaBrowser::ReloadAll()
         TellOutdated();
 }
 
-qint32 T4ZelkaBrowser::ReloadTrees(bool& whole)
+qint32 BrowserControl::ReloadTrees(bool& whole)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     TreePlace connections(*m_conTree);
     TreePlace nodes(*m_nodesTree);
     const std::size_t connection = connections.Note(SelectedEntry(*m_ui->tvwConTree));
@@ -189,7 +189,7 @@ qint32 T4ZelkaBrowser::ReloadTrees(bool& whole)
     return position;
 }
 
-bool T4ZelkaBrowser::ReloadConnections()
+bool BrowserControl::ReloadConnections()
 {
     ReadJournalPosition();
     QString list;
@@ -206,7 +206,7 @@ bool T4ZelkaBrowser::ReloadConnections()
     return converted;
 }
 
-bool T4ZelkaBrowser::ReloadNodes()
+bool BrowserControl::ReloadNodes()
 {
     ReadJournalPosition();
     LoadState& load = Load();
@@ -227,7 +227,7 @@ bool T4ZelkaBrowser::ReloadNodes()
     return !load.LoadFailed;
 }
 
-void T4ZelkaBrowser::ReadJournalPosition()
+void BrowserControl::ReadJournalPosition()
 {
     if (Gateway().GetJournalLastIdDb(Load().JournalLastId))
         return;
@@ -237,20 +237,20 @@ void T4ZelkaBrowser::ReadJournalPosition()
 
 // As of when ------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::TellCurrent(const QDateTime& asOf)
+void BrowserControl::TellCurrent(const QDateTime& asOf)
 {
     Load().AsOf = asOf;
-    for (T4ZelkaBrowser* const control : Browser().Loaded)
+    for (BrowserControl* const control : Browser().Loaded)
         control->ShowAsOf(QString());
 }
 
-void T4ZelkaBrowser::TellOutdated()
+void BrowserControl::TellOutdated()
 {
-    for (T4ZelkaBrowser* const control : Browser().Loaded)
+    for (BrowserControl* const control : Browser().Loaded)
         control->ShowAsOf(OutdatedText());
 }
 
-void T4ZelkaBrowser::ShowAsOf(const QString& text)
+void BrowserControl::ShowAsOf(const QString& text)
 {
     m_ui->lblAsOf->setText(text);
     m_ui->lblAsOf->setVisible(!text.isEmpty());

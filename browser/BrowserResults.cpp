@@ -1,16 +1,15 @@
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/BrowserControl.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
-#include "platform/MsgBox.h"
 
 #include <exception>
 
 // The public methods that give the host its results.
 
-bool T4ZelkaBrowser::GetTarget(QString& target)
+bool BrowserControl::GetTarget(QString& target)
 {
     QString reformatted;
     bool valid = false;
@@ -20,7 +19,7 @@ bool T4ZelkaBrowser::GetTarget(QString& target)
     return valid;
 }
 
-bool T4ZelkaBrowser::SetTarget(const QString& target)
+bool BrowserControl::SetTarget(const QString& target)
 {
     QString reformatted;
     bool valid = false;
@@ -30,7 +29,7 @@ bool T4ZelkaBrowser::SetTarget(const QString& target)
     return true;
 }
 
-bool T4ZelkaBrowser::GetSobriquetTarget(const QString& sobriquet, QString& target)
+bool BrowserControl::GetSobriquetTarget(const QString& sobriquet, QString& target)
 {
     QString parentName;
     QString nodeTarget;
@@ -52,7 +51,7 @@ bool T4ZelkaBrowser::GetSobriquetTarget(const QString& sobriquet, QString& targe
     }
 }
 
-bool T4ZelkaBrowser::NodeManagerExists()
+bool BrowserControl::NodeManagerExists()
 {
     QString path;
     QString commandText;
@@ -60,25 +59,4 @@ bool T4ZelkaBrowser::NodeManagerExists()
     if (!Gateway().GetNMAInfoDb(m_nodeType, path, commandText, index))
         return false;
     return !TrimBlanks(m_nodeType).isEmpty() && !TrimBlanks(path).isEmpty();
-}
-
-QString T4ZelkaBrowser::DoubleAnyChar(QString& text, const QString& character)
-{
-    return ::DoubleAnyChar(text, character);
-}
-
-QString T4ZelkaBrowser::ConvertWordsBeginningUpperCase(const QString& text, const QString& separators)
-{
-    return ::ConvertWordsBeginningUpperCase(text, separators);
-}
-
-bool T4ZelkaBrowser::testi()
-{
-    MsgBox(QStringLiteral("heippa"));
-    return false;
-}
-
-void T4ZelkaBrowser::Refresh()
-{
-    update();
 }

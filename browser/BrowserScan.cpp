@@ -1,8 +1,8 @@
+#include "browser/BrowserControl.h"
 #include "browser/DirectTab.h"
 #include "browser/HandedTrees.h"
 #include "browser/StaleRecords.h"
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/MsgBox.h"
@@ -49,27 +49,27 @@ private:
 
 } // namespace
 
-void T4ZelkaBrowser::cmdScan_Click()
+void BrowserControl::cmdScan_Click()
 {
-    RunCommand(&T4ZelkaBrowser::ScanDirectConnection);
+    RunCommand(&BrowserControl::ScanDirectConnection);
 }
 
-void T4ZelkaBrowser::cmdDbScan_Click()
+void BrowserControl::cmdDbScan_Click()
 {
-    RunCommand(&T4ZelkaBrowser::ScanSelectedEntry);
+    RunCommand(&BrowserControl::ScanSelectedEntry);
 }
 
-void T4ZelkaBrowser::cmdDirectConProp_Click()
+void BrowserControl::cmdDirectConProp_Click()
 {
-    RunCommand(&T4ZelkaBrowser::ShowDirectProperties);
+    RunCommand(&BrowserControl::ShowDirectProperties);
 }
 
-void T4ZelkaBrowser::ShowDirectProperties()
+void BrowserControl::ShowDirectProperties()
 {
     const ConData* const shown = Model().DirectObject.get();
     if (!shown)
         return;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     StaleRecord stale;
     bool current = true;
     if (shown->ConDbID > 0) {
@@ -93,11 +93,11 @@ void T4ZelkaBrowser::ShowDirectProperties()
         m_direct->TakeDefinition();
 }
 
-void T4ZelkaBrowser::ScanDirectConnection()
+void BrowserControl::ScanDirectConnection()
 {
     if (!Database().ScanRight || !Model().DirectObject)
         return;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const ConData* const scanned = Model().DirectObject.get();
     const QString nameBefore = scanned->ConName;
     m_direct->TakeTiming(*Model().DirectObject);
@@ -109,7 +109,7 @@ void T4ZelkaBrowser::ScanDirectConnection()
         m_direct->TakeScanResult(nameBefore);
 }
 
-void T4ZelkaBrowser::ShowScanDialog()
+void BrowserControl::ShowScanDialog()
 {
     ConData& direct = *Model().DirectObject;
     direct.NodeAddress.clear();
@@ -119,7 +119,7 @@ void T4ZelkaBrowser::ShowScanDialog()
     Opening().Scan(direct, this);
 }
 
-void T4ZelkaBrowser::ScanSelectedEntry()
+void BrowserControl::ScanSelectedEntry()
 {
     if (!Database().ScanRight)
         return;
@@ -135,7 +135,7 @@ void T4ZelkaBrowser::ScanSelectedEntry()
     }
     if (!ReadConnection(kind == QLatin1Char('C') ? selected : m_conTree->Parent(selected)))
         return;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     ScanSelectedConnection();
     if (alive)
         RestoreViewSelection();
@@ -144,9 +144,9 @@ void T4ZelkaBrowser::ScanSelectedEntry()
         m_direct->DirectNodeSetTargetText();
 }
 
-void T4ZelkaBrowser::ScanSelectedConnection()
+void BrowserControl::ScanSelectedConnection()
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     const QString name = Model().ConObject->ConName;
     m_ui->tabMain->setCurrentIndex(DirectPage);
     if (!alive)

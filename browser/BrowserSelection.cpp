@@ -1,8 +1,8 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/StaleRecords.h"
-#include "browser/T4ZelkaBrowser.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/Gateway.h"
 #include "database/ReadBracket.h"
 #include "model/LookupHelpers.h"
@@ -16,9 +16,9 @@
 
 // Stale entries ---------------------------------------------------------------------------------------------
 
-bool T4ZelkaBrowser::TellStaleEntry(const StaleRecord& stale)
+bool BrowserControl::TellStaleEntry(const StaleRecord& stale)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     // The snapshot of the click is as old as the entry.
     EndClickReads();
     const BusyScope busy;
@@ -28,7 +28,7 @@ bool T4ZelkaBrowser::TellStaleEntry(const StaleRecord& stale)
     return alive;
 }
 
-void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
+void BrowserControl::tvwConTree_NodeClick(Entry entry)
 {
     if (!m_ui->optCon->isChecked() || !m_conTree->Exists(entry))
         return;
@@ -49,7 +49,7 @@ void T4ZelkaBrowser::tvwConTree_NodeClick(Entry entry)
         m_conTreeSkipClick = true;
 }
 
-void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
+void BrowserControl::tvwNodesTree_NodeClick(Entry entry)
 {
     if (!m_ui->optNodes->isChecked() || m_nodesTree->Kind(entry) != QLatin1Char('N') ||
         NodeIsCurrent(*m_nodesTree, entry))
@@ -60,7 +60,7 @@ void T4ZelkaBrowser::tvwNodesTree_NodeClick(Entry entry)
 
 // Selection -------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::tvwConTree_Click()
+void BrowserControl::tvwConTree_Click()
 {
     m_ui->tvwConTree->viewport()->update();
     if (std::exchange(m_conTreeSkipClick, false))
@@ -95,7 +95,7 @@ void T4ZelkaBrowser::tvwConTree_Click()
     }
 }
 
-void T4ZelkaBrowser::tvwNodesTree_Click()
+void BrowserControl::tvwNodesTree_Click()
 {
     m_ui->tvwNodesTree->viewport()->update();
     if (std::exchange(m_nodesTreeSkipClick, false))
@@ -118,7 +118,7 @@ void T4ZelkaBrowser::tvwNodesTree_Click()
     (void)ShowConnection(parentName);
 }
 
-bool T4ZelkaBrowser::ShowConnection(const QString& name)
+bool BrowserControl::ShowConnection(const QString& name)
 {
     QString typeName;
     ShowConPicture(GetConPicture(name, typeName));
@@ -129,7 +129,7 @@ bool T4ZelkaBrowser::ShowConnection(const QString& name)
     return true;
 }
 
-bool T4ZelkaBrowser::SetConnectionTargetText(const QString& name)
+bool BrowserControl::SetConnectionTargetText(const QString& name)
 {
     if (!Model().ConObject || !Model().ConObject->GetParentWithoutDefaults(name, m_targetText))
         return false;
@@ -140,7 +140,7 @@ bool T4ZelkaBrowser::SetConnectionTargetText(const QString& name)
     return true;
 }
 
-void T4ZelkaBrowser::ConTreeSetTargetText()
+void BrowserControl::ConTreeSetTargetText()
 {
     ClearTarget();
     QString parentName;
@@ -148,14 +148,14 @@ void T4ZelkaBrowser::ConTreeSetTargetText()
         SetNodeTargetText(m_conTree->Text(selected), parentName);
 }
 
-void T4ZelkaBrowser::NodesTreeSetTargetText(QString& parentName)
+void BrowserControl::NodesTreeSetTargetText(QString& parentName)
 {
     ClearTarget();
     if (const Entry selected = SelectedEntry(*m_ui->tvwNodesTree))
         SetNodeTargetText(m_nodesTree->Text(selected), parentName);
 }
 
-void T4ZelkaBrowser::SetNodeTargetText(const QString& name, QString& parentName)
+void BrowserControl::SetNodeTargetText(const QString& name, QString& parentName)
 {
     // Only a complete target reaches the text box; what there is of it stays in m_targetText.
     if (!Model().ConObject || !Gateway().GetNodeDb(name, parentName, m_targetText))
@@ -177,14 +177,14 @@ void T4ZelkaBrowser::SetNodeTargetText(const QString& name, QString& parentName)
     SetCommandLine(commandLine);
 }
 
-void T4ZelkaBrowser::ShowTarget()
+void BrowserControl::ShowTarget()
 {
     m_ui->txtTarget->setText(m_targetText);
     // A long target shows its beginning.
     m_ui->txtTarget->setCursorPosition(0);
 }
 
-void T4ZelkaBrowser::ClearTarget()
+void BrowserControl::ClearTarget()
 {
     m_targetText.clear();
     m_ui->txtTarget->clear();
@@ -193,7 +193,7 @@ void T4ZelkaBrowser::ClearTarget()
     SetCommandLine(QString());
 }
 
-void T4ZelkaBrowser::SelectTreeEntry(TreeView& tree, Entry entry)
+void BrowserControl::SelectTreeEntry(TreeView& tree, Entry entry)
 {
     if (!tree.isVisible() || !Browser().ControlInitialized)
         return;
@@ -208,7 +208,7 @@ void T4ZelkaBrowser::SelectTreeEntry(TreeView& tree, Entry entry)
         tree.scrollTo(entries.ModelIndex(wanted));
 }
 
-void T4ZelkaBrowser::RestoreViewSelection()
+void BrowserControl::RestoreViewSelection()
 {
     if (m_ui->optCon->isChecked()) {
         SelectTreeEntry(*m_ui->tvwConTree, SelectedAgain);
@@ -219,31 +219,31 @@ void T4ZelkaBrowser::RestoreViewSelection()
     }
 }
 
-T4ZelkaBrowser::Entry T4ZelkaBrowser::SelectedEntry(const TreeView& tree) const
+BrowserControl::Entry BrowserControl::SelectedEntry(const TreeView& tree) const
 {
     const QModelIndex selected = tree.SelectedIndex();
     return selected.isValid() ? TreeEntries::EntryOf(selected) : 0;
 }
 
-TreeView& T4ZelkaBrowser::ShownView() const
+TreeView& BrowserControl::ShownView() const
 {
     return m_ui->optCon->isChecked() ? *m_ui->tvwConTree : *m_ui->tvwNodesTree;
 }
 
-TreeEntries& T4ZelkaBrowser::ShownEntries() const
+TreeEntries& BrowserControl::ShownEntries() const
 {
     return m_ui->optCon->isChecked() ? *m_conTree : *m_nodesTree;
 }
 
 // Double clicks ---------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::tvwConTree_DblClick()
+void BrowserControl::tvwConTree_DblClick()
 {
     m_conTreeSkipClick = true;
     (void)OpenConEntry();
 }
 
-bool T4ZelkaBrowser::OpenConEntry()
+bool BrowserControl::OpenConEntry()
 {
     const Entry selected = SelectedEntry(*m_ui->tvwConTree);
     if (!m_ui->optCon->isChecked() || selected == 0 || selected == RootEntry ||
@@ -265,13 +265,13 @@ bool T4ZelkaBrowser::OpenConEntry()
     return false;
 }
 
-void T4ZelkaBrowser::RunPropertiesOfWaypoint()
+void BrowserControl::RunPropertiesOfWaypoint()
 {
     // Also while the button is disabled, as it stays for a waypoint that is selected behind the root.
     Q_EMIT m_ui->cmdDatabaseProp->clicked();
 }
 
-void T4ZelkaBrowser::tvwNodesTree_DblClick()
+void BrowserControl::tvwNodesTree_DblClick()
 {
     m_nodesTreeSkipClick = true;
     EndClickReads();

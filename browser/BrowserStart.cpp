@@ -1,9 +1,9 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/ConnectionPictures.h"
 #include "browser/LoadState.h"
-#include "browser/T4ZelkaBrowser.h"
 #include "browser/frmLoadProgress.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseClass.h"
 #include "database/DatabaseState.h"
 #include "dialogs/DialogState.h"
@@ -27,7 +27,7 @@ QString HelpFilePath()
 
 } // namespace
 
-void T4ZelkaBrowser::StartControl()
+void BrowserControl::StartControl()
 {
     m_startRan = true;
     m_tmrRefreshTimer->SetEnabled(false);
@@ -74,7 +74,7 @@ void T4ZelkaBrowser::StartControl()
         EnterDirectOnly();
 }
 
-bool T4ZelkaBrowser::LoadAtStart()
+bool BrowserControl::LoadAtStart()
 {
     std::erase(Browser().Loaded, this);
     const QDateTime begin = Machine().WallClock();
@@ -95,12 +95,12 @@ bool T4ZelkaBrowser::LoadAtStart()
     if (Database().DbObject) {
         disconnect(m_cursor);
         m_cursor = connect(Database().DbObject.get(), &DatabaseClass::SetMousePointer, this,
-                           &T4ZelkaBrowser::mCursor_SetMousePointer);
+                           &BrowserControl::mCursor_SetMousePointer);
     }
     return true;
 }
 
-void T4ZelkaBrowser::EnterDirectOnly()
+void BrowserControl::EnterDirectOnly()
 {
     m_ui->tabMain->setCurrentIndex(1);
     m_ui->tabMain->setTabEnabled(0, false);

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-class T4ZelkaBrowser;
+class BrowserControl;
 
 /// The module-level state of the control itself: one instance in the process, shared by all controls.
 struct BrowserState
@@ -21,7 +21,7 @@ struct BrowserState
     int Busy = 0;
     /// Controls that have loaded their trees; not owned. One position in the Journal serves them all, so a
     /// refresh of one brings the trees of all up to date.
-    std::vector<T4ZelkaBrowser*> Loaded;
+    std::vector<BrowserControl*> Loaded;
     /// Working objects that a start has replaced under an open dialog, which still uses them.
     std::vector<std::unique_ptr<ConData>> Replaced;
 };

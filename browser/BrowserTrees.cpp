@@ -1,9 +1,9 @@
+#include "browser/BrowserControl.h"
 #include "browser/BrowserState.h"
 #include "browser/LoadState.h"
-#include "browser/T4ZelkaBrowser.h"
 #include "browser/frmConNodesProgress.h"
 #include "browser/frmLoadProgress.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "model/ModelState.h"
@@ -26,7 +26,7 @@ const QString NodeKeySuffix = QStringLiteral("N");
 
 // Views -----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::optCon_Click()
+void BrowserControl::optCon_Click()
 {
     if (!m_ui->optCon->isChecked())
         return;
@@ -45,7 +45,7 @@ void T4ZelkaBrowser::optCon_Click()
     tvwConTree_Click();
 }
 
-void T4ZelkaBrowser::optNodes_Click()
+void BrowserControl::optNodes_Click()
 {
     if (m_ui->optCon->isChecked())
         return;
@@ -61,7 +61,7 @@ void T4ZelkaBrowser::optNodes_Click()
     tvwNodesTree_Click();
 }
 
-bool T4ZelkaBrowser::FillConnections()
+bool BrowserControl::FillConnections()
 {
     const BusyScope busy;
     const BusyPointer pointer;
@@ -74,7 +74,7 @@ bool T4ZelkaBrowser::FillConnections()
     return true;
 }
 
-void T4ZelkaBrowser::chkViewNodes_Click()
+void BrowserControl::chkViewNodes_Click()
 {
     if (!Model().ConObject)
         return;
@@ -103,7 +103,7 @@ void T4ZelkaBrowser::chkViewNodes_Click()
 
 // Loads -----------------------------------------------------------------------------------------------------
 
-void T4ZelkaBrowser::LoadConWaypoints(Entry connection)
+void BrowserControl::LoadConWaypoints(Entry connection)
 {
     m_ui->tvwConTree->viewport()->update();
     // A look-up that fails leaves the connection closed, without a message of its own.
@@ -111,7 +111,7 @@ void T4ZelkaBrowser::LoadConWaypoints(Entry connection)
         return;
 }
 
-bool T4ZelkaBrowser::LoadConNodes(Entry connection)
+bool BrowserControl::LoadConNodes(Entry connection)
 {
     m_ui->tvwConTree->viewport()->update();
     if (!ShowConNodesProgress(connection))
@@ -121,7 +121,7 @@ bool T4ZelkaBrowser::LoadConNodes(Entry connection)
     return true;
 }
 
-bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
+bool BrowserControl::ShowConNodesProgress(Entry connection)
 {
     LoadState& load = Load();
     load.LoadRootKey = ConnectionsText;
@@ -137,16 +137,16 @@ bool T4ZelkaBrowser::ShowConNodesProgress(Entry connection)
     return true;
 }
 
-void T4ZelkaBrowser::ExpandLoaded(Entry connection)
+void BrowserControl::ExpandLoaded(Entry connection)
 {
     // Expanded without entries would mean that there are none, and later ones would pass for all.
     m_conTree->SetExpanded(connection, !Load().LoadFailed || m_conTree->ChildCount(connection) > 0);
 }
 
-void T4ZelkaBrowser::cmdLoadMore_Click()
+void BrowserControl::cmdLoadMore_Click()
 {
     const BusyScope busy;
-    const QPointer<T4ZelkaBrowser> alive(this);
+    const QPointer<BrowserControl> alive(this);
     m_tmrRefreshTimer->SetEnabled(false);
     const bool loaded = m_ui->optCon->isChecked() ? LoadMoreNodesOfConnection() : LoadMoreNodes();
     if (loaded)
@@ -155,7 +155,7 @@ void T4ZelkaBrowser::cmdLoadMore_Click()
         m_tmrRefreshTimer->SetEnabled(m_refreshTimer);
 }
 
-bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
+bool BrowserControl::LoadMoreNodesOfConnection()
 {
     if (!m_ui->chkViewNodes->isChecked())
         return true;
@@ -171,7 +171,7 @@ bool T4ZelkaBrowser::LoadMoreNodesOfConnection()
     return true;
 }
 
-bool T4ZelkaBrowser::LoadMoreNodes()
+bool BrowserControl::LoadMoreNodes()
 {
     LoadState& load = Load();
     load.LoadRootKey = NodesText;

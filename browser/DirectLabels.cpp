@@ -1,6 +1,6 @@
 #include "browser/DirectLabels.h"
 
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/Gateway.h"
 #include "model/ItemList.h"
 #include "model/TextHelpers.h"
@@ -32,7 +32,7 @@ void LabelFromParameter(QLabel& label, const QString& waypoint, const QString& k
 
 } // namespace
 
-void InitializeDirectLabels(const Ui::T4ZelkaBrowser& ui)
+void InitializeDirectLabels(const Ui::BrowserControl& ui)
 {
     for (int page = 0; page < 2; ++page) {
         QString longName;

@@ -1,9 +1,9 @@
 #pragma once
 
 namespace Ui {
-class T4ZelkaBrowser;
+class BrowserControl;
 }
 
 /// Takes the labels of the Direct page's fields from the definitions of the database; one that cannot be
 /// looked up stays.
-void InitializeDirectLabels(const Ui::T4ZelkaBrowser& ui);
+void InitializeDirectLabels(const Ui::BrowserControl& ui);

@@ -4,7 +4,7 @@
 #include "browser/ConnectionNames.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/StaleRecords.h"
-#include "browser/ui_T4ZelkaBrowser.h"
+#include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/Gateway.h"
 #include "database/UnitOfWork.h"
@@ -25,7 +25,7 @@ QString NewConnectionName()
 
 } // namespace
 
-DirectTab::DirectTab(Ui::T4ZelkaBrowser& ui, TreeEntries& conTree, Control control)
+DirectTab::DirectTab(Ui::BrowserControl& ui, TreeEntries& conTree, Control control)
     : m_ui(ui),
       m_conTree(conTree),
       m_control(std::move(control)),

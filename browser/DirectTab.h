@@ -12,7 +12,7 @@ class TreeEntries;
 struct StaleRecord;
 
 namespace Ui {
-class T4ZelkaBrowser;
+class BrowserControl;
 }
 
 /// The Direct page: a connection and the fields of a node that need not be stored, which make a target with
@@ -34,7 +34,7 @@ public:
     };
 
     /// `conTree`: the tree that a first visit fills. Both outlive the page.
-    DirectTab(Ui::T4ZelkaBrowser& ui, TreeEntries& conTree, Control control);
+    DirectTab(Ui::BrowserControl& ui, TreeEntries& conTree, Control control);
 
     /// Lists the connections, with none of them chosen; an empty connection tree is filled with `fillTree`. A
     /// look-up that fails leaves the list empty.
@@ -83,7 +83,7 @@ private:
     /// TargetString of DirectObject and what follows from it.
     void RenewTarget();
 
-    Ui::T4ZelkaBrowser& m_ui;
+    Ui::BrowserControl& m_ui;
     TreeEntries& m_conTree;
     Control m_control;
     DirectNodePages m_nodePages;

@@ -1,207 +1,245 @@
 #include "browser/T4ZelkaBrowser.h"
 
-#include "browser/BrowserState.h"
-#include "browser/ConnectionPictures.h"
-#include "browser/DirectTab.h"
-#include "browser/LoadState.h"
-#include "browser/ui_T4ZelkaBrowser.h"
-#include "database/DatabaseState.h"
-#include "database/ReadBracket.h"
-#include "dialogs/DialogState.h"
-#include "model/LookupHelpers.h"
-#include "model/ModelState.h"
-#include "platform/ComponentError.h"
-#include "platform/MachineSeams.h"
+#include "browser/BrowserControl.h"
+#include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
-#include "platform/controls/IntervalTimer.h"
-#include "scan/network/ScanState.h"
 
-#include <QHideEvent>
-#include <QPointer>
-#include <QShortcut>
-#include <QShowEvent>
+#include <QVBoxLayout>
 
-#include <exception>
-
-T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::T4ZelkaBrowser>())
+T4ZelkaBrowser::T4ZelkaBrowser(QWidget* parent) : QWidget(parent), m_control(new BrowserControl(this))
 {
-    RegisterPictures();
-    m_ui->setupUi(this);
-    // Made behind the views, which so go first.
-    m_conTree = new TreeEntries(this);
-    m_nodesTree = new TreeEntries(this);
-    m_tmrRefreshTimer = new IntervalTimer(this);
-    m_tmrRefreshTimer->setObjectName(QStringLiteral("tmrRefreshTimer"));
-    m_tmrRefreshTimer->SetInterval(m_refreshInterval);
-    auto* help = new QObject(this);
-    help->setObjectName(QStringLiteral("cdlBrowserHelp"));
-
-    m_ui->cmdRefresh->setVisible(m_refreshVisible);
-    m_ui->cmdDatabaseManage->setVisible(m_manageVisible);
-    m_ui->txtTarget->setMaxLength(std::numeric_limits<int>::max());
-    m_ui->updPort->SetBuddy(m_ui->txtPort, 0, 65535);
-    m_ui->UpDown1->SetBuddy(m_ui->txtSection, 0, 255);
-    m_ui->UpDown2->SetBuddy(m_ui->txtStation, 0, 255);
-    m_direct = std::make_unique<DirectTab>(
-        *m_ui, *m_conTree,
-        DirectTab::Control{[this](const std::function<void()>& handler) { Guarded(handler); },
-                           [this](const StaleRecord& stale) { return TellStaleEntry(stale); }});
-    ShowConPicture(NoConType);
-    ConnectControls();
-    ConnectTrees();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_control);
+    setFocusProxy(m_control);
+    connect(m_control, &BrowserControl::RefreshVisibleChanged, this, &T4ZelkaBrowser::RefreshVisibleChanged);
+    connect(m_control, &BrowserControl::RefreshTimerChanged, this, &T4ZelkaBrowser::RefreshTimerChanged);
+    connect(m_control, &BrowserControl::RefreshIntervalChanged, this,
+            &T4ZelkaBrowser::RefreshIntervalChanged);
+    connect(m_control, &BrowserControl::ManageVisibleChanged, this, &T4ZelkaBrowser::ManageVisibleChanged);
+    connect(m_control, &BrowserControl::SobriquetChanged, this, &T4ZelkaBrowser::SobriquetChanged);
+    connect(m_control, &BrowserControl::CommandLineChanged, this, &T4ZelkaBrowser::CommandLineChanged);
+    connect(m_control, &BrowserControl::NodeTypeChanged, this, &T4ZelkaBrowser::NodeTypeChanged);
+    connect(m_control, &BrowserControl::JournalDayLimitChanged, this,
+            &T4ZelkaBrowser::JournalDayLimitChanged);
+    connect(m_control, &BrowserControl::JournalDaysToKeepChanged, this,
+            &T4ZelkaBrowser::JournalDaysToKeepChanged);
+    connect(m_control, &BrowserControl::JournalRecordLimitChanged, this,
+            &T4ZelkaBrowser::JournalRecordLimitChanged);
+    connect(m_control, &BrowserControl::JournalRecordsToKeepChanged, this,
+            &T4ZelkaBrowser::JournalRecordsToKeepChanged);
+    connect(m_control, &BrowserControl::BrowserTabIndexChanged, this,
+            &T4ZelkaBrowser::BrowserTabIndexChanged);
 }
 
 T4ZelkaBrowser::~T4ZelkaBrowser()
 {
-    UserControl_Terminate();
-    // What the children tell while they go must not reach handlers of a control that is half gone.
-    for (QObject* child : findChildren<QObject*>())
-        child->disconnect(this);
+    // While this is still a control that a host may ask.
+    delete m_control;
 }
 
-void T4ZelkaBrowser::ConnectControls()
+bool T4ZelkaBrowser::UserMode() const
 {
-    const auto onClick = [this](QAbstractButton* button, void (T4ZelkaBrowser::*handler)()) {
-        connect(button, &QAbstractButton::clicked, this,
-                [this, handler] { Guarded([this, handler] { (this->*handler)(); }); });
-    };
-    onClick(m_ui->cmdDatabaseAdd, &T4ZelkaBrowser::cmdDatabaseAdd_Click);
-    onClick(m_ui->cmdDatabaseProp, &T4ZelkaBrowser::cmdDatabaseProp_Click);
-    onClick(m_ui->cmdDatabaseRemove, &T4ZelkaBrowser::cmdDatabaseRemove_Click);
-    onClick(m_ui->cmdDatabaseManage, &T4ZelkaBrowser::cmdDatabaseManage_Click);
-    onClick(m_ui->cmdDbScan, &T4ZelkaBrowser::cmdDbScan_Click);
-    onClick(m_ui->cmdScan, &T4ZelkaBrowser::cmdScan_Click);
-    onClick(m_ui->cmdLoadMore, &T4ZelkaBrowser::cmdLoadMore_Click);
-    onClick(m_ui->cmdRefresh, &T4ZelkaBrowser::cmdRefresh_Click);
-    onClick(m_ui->cmdDirectConProp, &T4ZelkaBrowser::cmdDirectConProp_Click);
-    onClick(m_ui->cmdDatabaseHelp, &T4ZelkaBrowser::cmdDatabaseHelp_Click);
-    onClick(m_ui->cmdDirectHelp, &T4ZelkaBrowser::cmdDirectHelp_Click);
-
-    const auto onToggle = [this](QAbstractButton* button, void (T4ZelkaBrowser::*handler)()) {
-        connect(button, &QAbstractButton::toggled, this,
-                [this, handler] { Guarded([this, handler] { (this->*handler)(); }); });
-    };
-    onToggle(m_ui->optCon, &T4ZelkaBrowser::optCon_Click);
-    onToggle(m_ui->optNodes, &T4ZelkaBrowser::optNodes_Click);
-    onToggle(m_ui->chkViewNodes, &T4ZelkaBrowser::chkViewNodes_Click);
-
-    connect(m_ui->tabMain, &QTabWidget::currentChanged, this, [this] {
-        const int previousTab = std::exchange(m_shownTab, m_ui->tabMain->currentIndex());
-        Guarded([this, previousTab] { tabMain_Click(previousTab); });
-    });
-    connect(m_ui->txtTarget, &QLineEdit::textChanged, this, &T4ZelkaBrowser::txtTarget_Change);
-    connect(m_tmrRefreshTimer, &IntervalTimer::Timer, this,
-            [this] { Guarded([this] { tmrRefreshTimer_Timer(); }); });
-
-    auto* find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
-    find->setContext(Qt::WidgetWithChildrenShortcut);
-    constexpr int ctrlF = 6;
-    connect(find, &QShortcut::activated, this, [this] { Guarded([this] { UserControl_KeyPress(ctrlF); }); });
-    m_ui->tabMain->tabBar()->installEventFilter(this);
-    m_ui->tabNode->tabBar()->installEventFilter(this);
-    m_ui->cmdScan->installEventFilter(this);
+    return m_control->UserMode();
 }
 
-void T4ZelkaBrowser::Guarded(const std::function<void()>& handler)
+void T4ZelkaBrowser::SetUserMode(bool value)
 {
-    const QPointer<T4ZelkaBrowser> alive(this);
-    const auto letGo = [&] {
-        if (alive)
-            m_clickReads.reset();
-    };
-    try {
-        handler();
-    } catch (const ComponentError& error) {
-        letGo();
-        ErrorBox(error.Description());
-    } catch (const std::exception& error) {
-        letGo();
-        ErrorBox(QString::fromUtf8(error.what()));
-    }
+    m_control->SetUserMode(value);
 }
 
-// Container -------------------------------------------------------------------------------------------------
-
-void T4ZelkaBrowser::showEvent(QShowEvent* event)
+void T4ZelkaBrowser::UserControl_InitProperties()
 {
-    QWidget::showEvent(event);
-    if (event->spontaneous())
-        return;
-    Guarded([this, alive = QPointer<T4ZelkaBrowser>(this)] {
-        if (!m_startRan)
-            StartControl();
-        if (alive)
-            UserControl_Show();
-    });
+    m_control->UserControl_InitProperties();
 }
 
-void T4ZelkaBrowser::hideEvent(QHideEvent* event)
+void T4ZelkaBrowser::UserControl_ReadProperties(const PropertyBag& bag)
 {
-    QWidget::hideEvent(event);
-    if (!event->spontaneous())
-        UserControl_Hide();
+    m_control->UserControl_ReadProperties(bag);
 }
 
-void T4ZelkaBrowser::UserControl_Show()
+void T4ZelkaBrowser::UserControl_WriteProperties(PropertyBag& bag) const
 {
-    // A form editor shows the control as it is.
-    if (!m_userMode)
-        return;
-    m_ui->optNodes->setChecked(true);
-    optNodes_Click();
-    RestoreViewSelection();
-    const int tab = Browser().BrowserTabIndex == 1 ? 1 : 0;
-    {
-        const QSignalBlocker once(m_ui->tabMain);
-        m_ui->tabMain->setCurrentIndex(tab);
-        m_shownTab = tab;
-    }
-    tabMain_Click(tab);
+    m_control->UserControl_WriteProperties(bag);
 }
 
-void T4ZelkaBrowser::UserControl_Hide()
+bool T4ZelkaBrowser::GetTarget(QString& target)
 {
-    for (int index = 0; index < ConnectionPictureCount; ++index)
-        Dialogs().ConPictures[static_cast<std::size_t>(index)] = QIcon();
+    return m_control->GetTarget(target);
 }
 
-void T4ZelkaBrowser::UserControl_Terminate()
+bool T4ZelkaBrowser::SetTarget(const QString& target)
 {
-    m_clickReads.reset();
-    std::erase(Browser().Loaded, this);
-    WithdrawHooks();
-    if (Model().ConObject) {
-        Model().ConObject->ConTree = nullptr;
-        Model().ConObject->NodesTree = nullptr;
-    }
-    if (Database().DatabaseOpen)
-        FreeObjects();
-    if (Load().LoadTree == m_conTree || Load().LoadTree == m_nodesTree)
-        Load().LoadTree = nullptr;
+    return m_control->SetTarget(target);
+}
+
+bool T4ZelkaBrowser::GetSobriquetTarget(const QString& sobriquet, QString& target)
+{
+    return m_control->GetSobriquetTarget(sobriquet, target);
+}
+
+bool T4ZelkaBrowser::NodeManagerExists()
+{
+    return m_control->NodeManagerExists();
 }
 
 void T4ZelkaBrowser::FreeObjects()
 {
-    const bool inUse = Browser().Busy > 0 || m_clickReads;
-    m_clickReads.reset();
-    DatabaseState& database = Database();
-    if (database.DbObject)
-        database.DbObject->CloseDb();
-    database.DatabaseOpen = false;
-    Load().LoadTree = nullptr;
-    Load().LoadParentNode = 0;
-    Model().Database = nullptr;
-    CloseScan();
-    // A host may call while one of the gateway's operations stands further down the stack.
-    if (inUse && database.DbObject)
-        database.DbObject.release()->deleteLater();
-    database.DbObject.reset();
+    m_control->FreeObjects();
 }
 
-// Events ----------------------------------------------------------------------------------------------------
-
-void T4ZelkaBrowser::mCursor_SetMousePointer(int pointer)
+void T4ZelkaBrowser::InitializeDirectTab()
 {
-    Machine().ShowBusyPointer(pointer == DatabaseClass::BusyPointer);
+    m_control->InitializeDirectTab();
+}
+
+QString T4ZelkaBrowser::DoubleAnyChar(QString& text, const QString& character)
+{
+    return ::DoubleAnyChar(text, character);
+}
+
+QString T4ZelkaBrowser::ConvertWordsBeginningUpperCase(const QString& text, const QString& separators)
+{
+    return ::ConvertWordsBeginningUpperCase(text, separators);
+}
+
+bool T4ZelkaBrowser::testi()
+{
+    MsgBox(QStringLiteral("heippa"));
+    return false;
+}
+
+void T4ZelkaBrowser::Refresh()
+{
+    m_control->update();
+}
+
+bool T4ZelkaBrowser::RefreshVisible() const
+{
+    return m_control->RefreshVisible();
+}
+
+void T4ZelkaBrowser::SetRefreshVisible(bool value)
+{
+    m_control->SetRefreshVisible(value);
+}
+
+bool T4ZelkaBrowser::RefreshTimer() const
+{
+    return m_control->RefreshTimer();
+}
+
+void T4ZelkaBrowser::SetRefreshTimer(bool value)
+{
+    m_control->SetRefreshTimer(value);
+}
+
+int T4ZelkaBrowser::RefreshInterval() const
+{
+    return m_control->RefreshInterval();
+}
+
+void T4ZelkaBrowser::SetRefreshInterval(int value)
+{
+    m_control->SetRefreshInterval(value);
+}
+
+bool T4ZelkaBrowser::ManageVisible() const
+{
+    return m_control->ManageVisible();
+}
+
+void T4ZelkaBrowser::SetManageVisible(bool value)
+{
+    m_control->SetManageVisible(value);
+}
+
+QString T4ZelkaBrowser::Sobriquet() const
+{
+    return m_control->Sobriquet();
+}
+
+void T4ZelkaBrowser::SetSobriquet(const QString& value)
+{
+    m_control->SetSobriquet(value);
+}
+
+QString T4ZelkaBrowser::CommandLine() const
+{
+    return m_control->CommandLine();
+}
+
+void T4ZelkaBrowser::SetCommandLine(const QString& value)
+{
+    m_control->SetCommandLine(value);
+}
+
+QString T4ZelkaBrowser::NodeType() const
+{
+    return m_control->NodeType();
+}
+
+void T4ZelkaBrowser::SetNodeType(const QString& value)
+{
+    m_control->SetNodeType(value);
+}
+
+int T4ZelkaBrowser::JournalDayLimit() const
+{
+    return m_control->JournalDayLimit();
+}
+
+void T4ZelkaBrowser::SetJournalDayLimit(int value)
+{
+    m_control->SetJournalDayLimit(value);
+}
+
+int T4ZelkaBrowser::JournalDaysToKeep() const
+{
+    return m_control->JournalDaysToKeep();
+}
+
+void T4ZelkaBrowser::SetJournalDaysToKeep(int value)
+{
+    m_control->SetJournalDaysToKeep(value);
+}
+
+int T4ZelkaBrowser::JournalRecordLimit() const
+{
+    return m_control->JournalRecordLimit();
+}
+
+void T4ZelkaBrowser::SetJournalRecordLimit(int value)
+{
+    m_control->SetJournalRecordLimit(value);
+}
+
+int T4ZelkaBrowser::JournalRecordsToKeep() const
+{
+    return m_control->JournalRecordsToKeep();
+}
+
+void T4ZelkaBrowser::SetJournalRecordsToKeep(int value)
+{
+    m_control->SetJournalRecordsToKeep(value);
+}
+
+int T4ZelkaBrowser::BrowserTabIndex() const
+{
+    return BrowserControl::BrowserTabIndex();
+}
+
+void T4ZelkaBrowser::SetBrowserTabIndex(int value)
+{
+    m_control->SetBrowserTabIndex(value);
+}
+
+bool T4ZelkaBrowser::DirectNodeTabEnabled() const
+{
+    return BrowserControl::DirectNodeTabEnabled();
+}
+
+void T4ZelkaBrowser::SetDirectNodeTabEnabled(bool value)
+{
+    m_control->SetDirectNodeTabEnabled(value);
 }

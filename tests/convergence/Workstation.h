@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class ConData;
 class QPushButton;
 class TreeView;
 
