@@ -49,6 +49,14 @@ public:
         }
         return QStringLiteral("none");
     }
+    [[nodiscard]] qint32 StoredId(const QString& name) const
+    {
+        for (const auto& connection : Component.Store.Now.connections) {
+            if (connection.name == name)
+                return connection.id;
+        }
+        return -1;
+    }
     [[nodiscard]] bool HasNode(const QString& name) const
     {
         const auto& nodes = Component.Store.Now.nodes;
