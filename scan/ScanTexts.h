@@ -27,7 +27,6 @@ inline const QString AcceptedRange = QStringLiteral("The accepted address range 
 inline const QString LargestBus = QStringLiteral("Bus Number maximum value is ");
 inline const QString BusNotSet = QStringLiteral("Error in bus setting.");
 inline const QString NothingSelected = QStringLiteral("Nothing selected.");
-inline const QString NoNodeType = QStringLiteral("Node type NET4 not found.");
 
 // How a scan ended
 inline const QString NoNodesTitle = QStringLiteral("Scan");
