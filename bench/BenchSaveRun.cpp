@@ -27,7 +27,7 @@ namespace {
 
 /// All addresses of a bus.
 constexpr int Found = 4095;
-constexpr int Rounds = 3;
+constexpr int Rounds = 9;
 
 HvxDatabaseComponent* component = nullptr;
 

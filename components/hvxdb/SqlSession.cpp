@@ -22,6 +22,33 @@ HvxStatement BeginStatement(TransactionKind kind)
     return HvxStatement::Begin;
 }
 
+/// No statement of the component has more values.
+constexpr int MostValues = 16;
+
+/// Names of the values of a statement, in order.
+const QStringList& ValueNames()
+{
+    static const QStringList names = [] {
+        QStringList list;
+        for (int i = 0; i < MostValues; ++i)
+            list << QStringLiteral(":v%1").arg(i);
+        return list;
+    }();
+    return names;
+}
+
+/// A statement of the component, in which "?" is nothing but a value, with named values.
+QString NamedText(QString text)
+{
+    int value = 0;
+    for (qsizetype at = text.indexOf(u'?'); at >= 0; at = text.indexOf(u'?', at)) {
+        const QString& name = ValueNames()[value++];
+        text.replace(at, 1, name);
+        at += name.size();
+    }
+    return text;
+}
+
 [[noreturn]] void RaiseUndone()
 {
     RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
@@ -75,6 +102,7 @@ void SqlSession::Disconnect()
     // Closing undoes an open transaction. The statements go behind it: with the connection open the driver
     // would let go of each one by a statement of its own, which a dead connection answers with a warning.
     const QString name = m_database.connectionName();
+    m_engine->LetGo();
     m_database.close();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
@@ -103,9 +131,19 @@ QVariant SqlSession::BoundValue(const QVariant& value) const
 QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
 {
     std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
-    if (!slot)
-        slot.emplace(Prepare(m_engine->StatementText(statement), m_engine->ReadsRowByRow(statement)));
-    ExecutePrepared(*slot, values);
+    const bool byName = m_engine->BindsByName();
+    if (!slot) {
+        const QString text = m_engine->StatementText(statement);
+        slot.emplace(Prepare(byName ? NamedText(text) : text, m_engine->ReadsRowByRow(statement)));
+    }
+    if (!byName) {
+        ExecutePrepared(*slot, values);
+        return *slot;
+    }
+    const QStringList& names = ValueNames();
+    for (qsizetype i = 0; i < values.size(); ++i)
+        slot->bindValue(names[i], BoundValue(values[i]));
+    Run(*slot);
     return *slot;
 }
 
@@ -228,7 +266,7 @@ std::optional<SessionState> SqlSession::Begin(TransactionKind kind)
 std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
 {
     if (m_engine->PreparesTransactions()) {
-        Execute(statement, {}).finish();
+        ExecutePlain(statement);
         return std::nullopt;
     }
     QSqlQuery query(Database());
@@ -305,9 +343,21 @@ void SqlSession::Rollback()
 void SqlSession::EndOutermost(HvxStatement statement)
 {
     if (m_engine->PreparesTransactions())
-        Execute(statement, {}).finish();
+        ExecutePlain(statement);
     else
         RunUnprepared(m_engine->StatementText(statement));
+}
+
+void SqlSession::ExecutePlain(HvxStatement statement)
+{
+    const std::optional<QSqlError> error = m_engine->RunPastDriver(statement);
+    if (!error) {
+        Execute(statement, {}).finish();
+        return;
+    }
+    ++m_statementCount;
+    if (error->isValid())
+        Raise(*error);
 }
 
 QString SqlSession::SavepointText(SavepointStep step, size_t level)

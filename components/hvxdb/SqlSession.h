@@ -136,6 +136,8 @@ private:
     void ExecutePrepared(QSqlQuery& prepared, const QVariantList& values);
     QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
     void Run(QSqlQuery& prepared);
+    /// Begin, commit and rollback, where they can be prepared.
+    void ExecutePlain(HvxStatement statement);
     /// Commit and rollback.
     void EndOutermost(HvxStatement statement);
     [[nodiscard]] std::optional<SessionState> BeginOutermost(HvxStatement statement);
