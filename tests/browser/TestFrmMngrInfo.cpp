@@ -392,6 +392,7 @@ void TestFrmMngrInfo::Help_ButtonOrF1_ShowsItsTopic()
     Help().ShowHelpTopic = [&](const QString& topic) { topics << topic; };
 
     fixture.Press("cmdHelp");
+    QVERIFY(QTest::qWaitForWindowActive(fixture.Form.get()));
     QTest::keyClick(&fixture.Path(), Qt::Key_F1);
 
     Help() = {};
