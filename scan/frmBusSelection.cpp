@@ -5,8 +5,10 @@
 #include "model/TextHelpers.h"
 #include "platform/Components.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/ScanRun.h"
 #include "scan/network/BusList.h"
@@ -14,7 +16,6 @@
 #include "scan/ui_frmBusSelection.h"
 
 #include <QPointer>
-#include <QShortcut>
 
 #include <utility>
 
@@ -69,8 +70,7 @@ void frmBusSelection::Connect()
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmBusSelection::CmdOk_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmBusSelection::cmdCancel_Click);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmBusSelection::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmBusSelection::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmBusSelection::Form_Load()
@@ -269,5 +269,5 @@ void frmBusSelection::done(int result)
 
 void frmBusSelection::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Scan_Busses.htm"));
+    ShowHelpTopic(HelpLinks::ScanBusses);
 }

@@ -3,7 +3,9 @@
 #include "dialogs/ManagerInfo.h"
 #include "model/ConData.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/frmScanSelSaveProgress.h"
 #include "scan/network/ScanState.h"
@@ -14,7 +16,6 @@
 #include <QItemSelection>
 #include <QPointer>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QShowEvent>
 #include <QSignalBlocker>
 
@@ -68,8 +69,7 @@ void frmScanNotSavedList::Connect()
     connect(m_ui->cmdManager, &QPushButton::clicked, this, &frmScanNotSavedList::cmdManager_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmScanNotSavedList::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmScanNotSavedList::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmScanNotSavedList::AlignLabels()
@@ -267,5 +267,5 @@ void frmScanNotSavedList::cmdManager_Click()
 
 void frmScanNotSavedList::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Save_Many_Nodes.htm#SaveManyNodes2"));
+    ShowHelpTopic(HelpLinks::ScanNotSavedList);
 }

@@ -7,6 +7,7 @@
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
 #include "platform/controls/WindowBoxPresenter.h"
+#include "support/modHTMLHelp.h"
 
 #include <QApplication>
 #include <QDir>
@@ -79,6 +80,7 @@ int main(int argc, char** argv)
     RegisterHvxDatabase();
     RegisterSyncConnections();
     RegisterHvxUtility();
+    OfferHelp();
     if (!options.database.isEmpty())
         SetDataSource(options.database);
 
