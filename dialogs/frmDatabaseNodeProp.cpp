@@ -13,6 +13,7 @@
 #include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/LongList.h"
 #include "platform/controls/ModalForm.h"
 
@@ -22,8 +23,8 @@ namespace {
 
 QString EmptyDatabaseText()
 {
-    return QStringLiteral("Database is empty. In addition, before a node can be defined there must be at "
-                          "least one connection in the database.");
+    return Words::tr("Database is empty. In addition, before a node can be defined there must be at "
+                     "least one connection in the database.");
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 #include <QHeaderView>
 #include <QShortcut>
@@ -24,7 +25,7 @@ constexpr int LongestNameWidth = 240;
 
 QString HeaderText(const QString& longName)
 {
-    return TextContains(longName, u"param") ? longName : longName + QStringLiteral(" Parameters");
+    return TextContains(longName, u"param") ? longName : Words::tr("%1 Parameters").arg(longName);
 }
 
 } // namespace

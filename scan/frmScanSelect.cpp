@@ -21,7 +21,7 @@ void frmScan::cmdSelect_Click()
     const int selected = grid.Row();
     const QString address = Trim(grid.TextMatrix(selected, FoundNodesGrid::AddressColumn));
     if (selected < 1 || selected > grid.FoundCount() || address.isEmpty()) {
-        MsgBox(ScanTexts::NothingSelected);
+        MsgBox(ScanTexts::NothingSelected());
         return;
     }
     m_direct.NodeTypeName = FoundNodeType;
@@ -30,7 +30,7 @@ void frmScan::cmdSelect_Click()
     const bool found = Gateway().GetNodeTypeIdDb(FoundNodeType, typeId);
     if (alive && !found) {
         typeId.clear();
-        MsgBox(ScanTexts::NoNodeType);
+        MsgBox(ScanTexts::NoNodeType());
     }
     if (!alive)
         return;
