@@ -625,6 +625,13 @@
     </message>
 </context>
 <context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>The language changes when the workstation is started again.</source>
+        <translation>Die Sprache wechselt beim nächsten Start der Workstation.</translation>
+    </message>
+</context>
+<context>
     <name>NodeDialog</name>
     <message>
         <source>&apos;New Node&apos; cannot be used as a node name, give a new name.</source>
@@ -1481,6 +1488,10 @@
     <message>
         <source>No database, direct targets only</source>
         <translation>Keine Datenbank, nur direkte Ziele</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
     </message>
 </context>
 <context>

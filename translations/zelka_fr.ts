@@ -625,6 +625,13 @@
     </message>
 </context>
 <context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>The language changes when the workstation is started again.</source>
+        <translation>La langue changera au prochain démarrage de la station de travail.</translation>
+    </message>
+</context>
+<context>
     <name>NodeDialog</name>
     <message>
         <source>&apos;New Node&apos; cannot be used as a node name, give a new name.</source>
@@ -1481,6 +1488,10 @@
     <message>
         <source>No database, direct targets only</source>
         <translation>Pas de base de données, cibles directes seulement</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Langue</translation>
     </message>
 </context>
 <context>
