@@ -92,9 +92,8 @@ bool DatabaseClass::OpenDb()
     if (!alive)
         return false;
     if (!attempt.stopTrying && Database().DatabaseOpen)
-        ErrorBox(
-            QStringLiteral("Unable to open HVX Database, another application has either locked the database "
-                           "or ODBC setting DSN=DBS32 does not exist."));
+        ErrorBox(tr("Unable to open HVX Database, another application has either locked the database "
+                    "or ODBC setting DSN=DBS32 does not exist."));
     Database().EditRight = false;
     Database().DatabaseOpen = false;
     return false;

@@ -616,6 +616,10 @@
         <source>Failure in database operation. All modifications rolled back successfully.</source>
         <translation>Ein Datenbankvorgang ist fehlgeschlagen. Alle Änderungen wurden zurückgenommen.</translation>
     </message>
+    <message>
+        <source>Unable to open HVX Database, another application has either locked the database or ODBC setting DSN=DBS32 does not exist.</source>
+        <translation>Die HVX-Datenbank kann nicht geöffnet werden; entweder hat eine andere Anwendung die Datenbank gesperrt oder die ODBC-Einstellung DSN=DBS32 fehlt.</translation>
+    </message>
 </context>
 <context>
     <name>DefinitionListView</name>

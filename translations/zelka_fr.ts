@@ -616,6 +616,10 @@
         <source>Failure in database operation. All modifications rolled back successfully.</source>
         <translation>Échec d’une opération sur la base de données. Toutes les modifications ont été annulées.</translation>
     </message>
+    <message>
+        <source>Unable to open HVX Database, another application has either locked the database or ODBC setting DSN=DBS32 does not exist.</source>
+        <translation>Impossible d’ouvrir la base de données HVX, soit une autre application a verrouillé la base de données, soit le paramètre ODBC DSN=DBS32 n’existe pas.</translation>
+    </message>
 </context>
 <context>
     <name>DefinitionListView</name>
