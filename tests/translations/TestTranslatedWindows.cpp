@@ -28,8 +28,11 @@
 #include "tests/translations/WindowTexts.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -198,6 +201,8 @@ private Q_SLOTS:
     void Windows_Captions_HaveAccessKeysOfTheirOwn();
     void Menus_Items_HaveAccessKeysOfTheirOwn_data() { Languages({"de", "fr"}); }
     void Menus_Items_HaveAccessKeysOfTheirOwn();
+    void ClippedTexts_NarrowCaptions_AreTold();
+    void SharedAccessKeys_OnePage_AreTold();
 
 private:
     static void Languages(std::initializer_list<const char*> languages)
@@ -290,6 +295,41 @@ void TestTranslatedWindows::Menus_Items_HaveAccessKeysOfTheirOwn()
             claimed.insert(key, action->text());
         }
     }
+}
+
+// The looks themselves -------------------------------------------------------------------------------------
+
+void TestTranslatedWindows::ClippedTexts_NarrowCaptions_AreTold()
+{
+    QWidget window;
+    QLabel fits(QStringLiteral("Fits"), &window);
+    fits.setFixedSize(fits.sizeHint());
+    QLabel label(QStringLiteral("Far too long for its place"), &window);
+    label.setFixedWidth(label.sizeHint().width() - 1);
+    QPushButton button(QStringLiteral("Far too long for its place"), &window);
+    button.setFixedWidth(button.sizeHint().width() / 2);
+    QLabel wrapped(QStringLiteral("Donaudampfschifffahrt is long"), &window);
+    wrapped.setWordWrap(true);
+    wrapped.setFixedSize(wrapped.fontMetrics().horizontalAdvance(QStringLiteral("is long")) + 2, 500);
+
+    const QStringList clipped = ClippedTexts(window);
+
+    QCOMPARE(clipped.size(), 3);
+    QVERIFY(clipped.filter(QStringLiteral("Fits")).isEmpty());
+}
+
+void TestTranslatedWindows::SharedAccessKeys_OnePage_AreTold()
+{
+    QTabWidget window;
+    auto* first = new QWidget;
+    auto* second = new QWidget;
+    window.addTab(first, QStringLiteral("One"));
+    window.addTab(second, QStringLiteral("Two"));
+    const QPushButton save(QStringLiteral("&Save"), first);
+    const QPushButton stop(QStringLiteral("&Stop"), first);
+    const QPushButton start(QStringLiteral("&Start"), second);
+
+    QCOMPARE(SharedAccessKeys(window), QStringList{"&Save / &Stop"});
 }
 
 QTEST_MAIN(TestTranslatedWindows)

@@ -16,6 +16,7 @@
 #include <QTableWidget>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -76,12 +77,21 @@ QString Words(const QString& caption)
     return QString(caption).remove(u'&');
 }
 
+/// Lines break between words only.
+bool HasTooLongWord(const QLabel& label)
+{
+    const QStringList words = label.text().split(u' ');
+    return std::any_of(words.begin(), words.end(), [&](const QString& word) {
+        return label.fontMetrics().horizontalAdvance(word) > label.contentsRect().width();
+    });
+}
+
 /// Whether a caption gets less room than it needs. Room for a blank more or less is not the question.
 bool IsClipped(const QWidget& widget)
 {
     const auto* label = qobject_cast<const QLabel*>(&widget);
     if (label && label->wordWrap())
-        return label->height() < label->heightForWidth(label->width());
+        return label->height() < label->heightForWidth(label->width()) || HasTooLongWord(*label);
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
         return group->width() < group->fontMetrics().horizontalAdvance(Words(group->title()));
     if (const auto* bar = qobject_cast<const QTabBar*>(&widget)) {
