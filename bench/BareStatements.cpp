@@ -2,7 +2,8 @@
 
 BareStatements::BareStatements(const QString& file) : m_database(file)
 {
-    m_database.Execute("PRAGMA synchronous = NORMAL");
+    // As the product has it.
+    m_database.Execute("PRAGMA cache_size = -16384");
 }
 
 BareStatements::~BareStatements()

@@ -27,7 +27,7 @@ namespace {
 
 /// All addresses of a bus.
 constexpr int Found = 4095;
-constexpr int Rounds = 3;
+constexpr int Rounds = 9;
 
 HvxDatabaseComponent* component = nullptr;
 
@@ -135,8 +135,8 @@ private:
     TreeEntries m_nodes;
 };
 
-/// What a program that saves the same has to ask and to write: the connection, the name, asked for once more
-/// at the save, the users text around the node, its new id.
+/// What a program that saves the same has to ask and to write: the connection is still there, the name is
+/// free, the users text of the name is kept, the node has its new id.
 void BareSaves(BareStatements& bare, const QString& connection)
 {
     const QString conKey = FoldedName(connection);
@@ -146,11 +146,9 @@ void BareSaves(BareStatements& bare, const QString& connection)
         const QString key = FoldedName(name);
         bare.Run(HvxStatement::Begin);
         bare.Run(HvxStatement::ConnectionByName, {conKey});
-        for (int i = 0; i < 2; ++i)
-            bare.Run(HvxStatement::NodeByName, {key});
+        bare.Run(HvxStatement::NodeExists, {key});
         bare.Run(HvxStatement::UsersText, {kind, key});
         bare.Run(HvxStatement::InsertNode, {name, key, QString(), NodeTarget(address), QString(), conKey});
-        bare.Run(HvxStatement::UsersText, {kind, key});
         bare.Run(HvxStatement::StoreUsersText, {kind, key, QString()});
         bare.Run(HvxStatement::NodeByName, {key});
         bare.Run(HvxStatement::Commit);
@@ -161,7 +159,7 @@ void BareNameCheck(BareStatements& bare)
 {
     for (int address = 0; address < Found; ++address) {
         bare.Run(HvxStatement::Begin);
-        bare.Run(HvxStatement::NodeByName, {FoldedName(NodeName(address))});
+        bare.Run(HvxStatement::NodeExists, {FoldedName(NodeName(address))});
         bare.Run(HvxStatement::Commit);
     }
 }

@@ -10,6 +10,13 @@ ConObjectTrees::ConObjectTrees()
     }
 }
 
+TreeEntries& ConObjectTrees::None()
+{
+    // Kept: making one costs as much as a third of a save.
+    static thread_local TreeEntries none;
+    return none;
+}
+
 void ConObjectTrees::Select(TreeEntries& tree, qint32 position)
 {
     if (position != 0 && Model().SelectTreeEntry)

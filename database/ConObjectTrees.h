@@ -11,8 +11,10 @@ class ConObjectTrees
 public:
     ConObjectTrees();
 
-    [[nodiscard]] TreeEntries& Nodes() { return m_nodes ? *m_nodes : m_none; }
-    [[nodiscard]] TreeEntries& Connections() { return m_connections ? *m_connections : m_none; }
+    [[nodiscard]] TreeEntries& Nodes() { return m_nodes ? *m_nodes : None(); }
+    [[nodiscard]] TreeEntries& Connections() { return m_connections ? *m_connections : None(); }
+    /// The empty one. It stays so: a save leaves a tree without a root alone.
+    [[nodiscard]] static TreeEntries& None();
 
     /// Selects an entry in the view that shows the tree; nothing for the position 0, and without a control.
     static void Select(TreeEntries& tree, qint32 position);
@@ -20,7 +22,6 @@ public:
 private:
     TreeEntries* m_nodes = nullptr;
     TreeEntries* m_connections = nullptr;
-    TreeEntries m_none;
 };
 
 /// Whether connections show their nodes.

@@ -60,10 +60,9 @@ bool SaveRecord(const ConData& con, TreeEntries& nodesTree, TreeEntries& conTree
 bool SaveAmongShown(const ConData& con, ConObjectTrees& trees, TreeEntries::Index connection,
                     qint32& position)
 {
-    TreeEntries none;
     QString id;
     const QString name = Trim(con.NodeName);
-    if (!SaveRecord(con, trees.Nodes(), none, position) || !Gateway().GetNodeIDDb(name, id))
+    if (!SaveRecord(con, trees.Nodes(), ConObjectTrees::None(), position) || !Gateway().GetNodeIDDb(name, id))
         return false;
     const TreeEntries::Index entry = PutAmongShown(trees.Connections(), connection, id, name);
     if (entry != 0 && NodesAreSelectedUnderConnections())

@@ -61,7 +61,7 @@ void AskToReplace(UnitOfWork& unit, const QString& question, const QString& titl
 {
     // The question must not hold the database, and what a transaction that cannot be ended would make of the
     // next one is not known.
-    if (!unit.Rollback())
+    if (!unit.RollbackForGood())
         UnitOfWork::Fail();
     if (MsgBox(question, BoxFlags::OkCancel, title) != BoxAnswer::Ok) {
         if (cancelText.isEmpty())

@@ -85,6 +85,13 @@ bool UnitOfWork::Rollback()
     return done;
 }
 
+bool UnitOfWork::RollbackForGood()
+{
+    const bool done = Rollback();
+    m_transactionOpen = m_transactionOpen && !done;
+    return done;
+}
+
 void UnitOfWork::KeepPatches()
 {
     for (const std::unique_ptr<TreePatches>& patches : m_patches)

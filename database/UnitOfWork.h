@@ -46,6 +46,9 @@ public:
     /// Rolls back and undoes the trees' patches. False: the database could not, so the transaction is open
     /// still.
     bool Rollback();
+    /// The same before a question: what ends the work under it, or behind it and before the next Begin, has
+    /// nothing to roll back.
+    bool RollbackForGood();
 
     /// Rolls back, shows the box and ends the work.
     [[noreturn]] void Refuse(const QString& text, int flags = BoxFlags::Plain,

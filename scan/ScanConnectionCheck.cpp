@@ -76,6 +76,7 @@ bool SaveScanConnection(const ConData& connection, ConData& direct, ConData& new
     con->SaveFromScan = false;
     if (!alive || con->ConDbID == idBefore)
         return false;
+    con->NewCon = false;
     newDirect.ConName.clear();
     newDirect.ConDbID = con->ConDbID;
     direct.Copy(*con);

@@ -82,11 +82,6 @@ inline QString NothingSelected()
     return Words::tr("Nothing selected.");
 }
 
-inline QString NoNodeType()
-{
-    return Words::tr("Node type NET4 not found.");
-}
-
 // How a scan ended
 
 inline QString NoNodesTitle()

@@ -69,8 +69,8 @@ private:
     // --------------------------------------------------------------------
 
     void cmdRename_Click();
-    /// Asks for a name until there is one or the old one stays.
-    static void RenameRow(int row);
+    /// Asks for a name until there is one, the old one stays, or the form is gone.
+    void RenameRow(int row);
 
     std::unique_ptr<Ui::frmScanNotSavedList> m_ui;
     ConData& m_direct;

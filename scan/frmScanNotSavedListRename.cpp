@@ -100,13 +100,14 @@ void frmScanNotSavedList::cmdRename_Click()
 
 void frmScanNotSavedList::RenameRow(int row)
 {
+    const QPointer<frmScanNotSavedList> alive(this);
     QString refusal;
     do {
         const ScanSaveRow* const asked = RowAt(row);
         if (!asked)
             return;
         QString answer = asked->name;
-        if (!InputBox(Prompt(*asked), Title(), answer))
+        if (!InputBox(Prompt(*asked), Title(), answer) || !alive)
             return;
         answer = Trim(answer);
         refusal = Refusal(answer);
@@ -115,5 +116,5 @@ void frmScanNotSavedList::RenameRow(int row)
             MsgBox(refusal);
         else if (renamed && !answer.isEmpty())
             renamed->name = answer;
-    } while (!refusal.isEmpty());
+    } while (alive && !refusal.isEmpty());
 }

@@ -1,16 +1,12 @@
-#include "database/Gateway.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
 #include "scan/ScanTexts.h"
 #include "scan/frmScan.h"
+#include "scan/network/FoundNodeSave.h"
 #include "scan/ui_frmScan.h"
 
 #include <QPointer>
-
-namespace {
-const QString FoundNodeType = QStringLiteral("NET4");
-}
 
 void frmScan::cmdSelect_Click()
 {
@@ -24,17 +20,11 @@ void frmScan::cmdSelect_Click()
         MsgBox(ScanTexts::NothingSelected());
         return;
     }
-    m_direct.NodeTypeName = FoundNodeType;
-    QString typeId;
     const QPointer<frmScan> alive(this);
-    const bool found = Gateway().GetNodeTypeIdDb(FoundNodeType, typeId);
-    if (alive && !found) {
-        typeId.clear();
-        MsgBox(ScanTexts::NoNodeType());
-    }
+    // The address is of use without the type too.
+    (void)TakeFoundNodeType(m_direct);
     if (!alive)
         return;
-    m_direct.NodeDbID = ValInt(typeId);
     m_direct.NodeAddress = address;
     m_direct.Retry = Trim(m_ui->txtTimingRetries->text());
     m_direct.Time = Trim(m_ui->txtTimingTimeout->text());

@@ -163,7 +163,7 @@ void HvxDatabaseComponent::ParentNameExist(const QString& name, QString& answer)
 
 void HvxDatabaseComponent::NodeNameExist(const QString& name, QString& answer)
 {
-    answer = ExistenceAnswer(RecordReader(m_store).Node(name).exists);
+    answer = ExistenceAnswer(RecordReader(m_store).NodeExists(name));
 }
 
 // Writes --------------------------------------------------------------------------------------------------

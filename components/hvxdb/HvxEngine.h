@@ -37,6 +37,14 @@ public:
     /// Begin, commit, rollback and savepoints can be prepared. Where they cannot, Begin may give a row of
     /// HvxStatement::SessionState behind it.
     [[nodiscard]] virtual bool PreparesTransactions() const { return true; }
+    /// Runs the begin, commit or rollback of an outermost transaction past the driver, whose account of such
+    /// a statement costs more than the statement does; gives its error, which is not valid when it is done.
+    /// Nothing: the driver has to run it.
+    [[nodiscard]] virtual std::optional<QSqlError> RunPastDriver(HvxStatement) { return std::nullopt; }
+    /// The driver keeps placeholders by name: a value that is bound by position costs it a name each time.
+    [[nodiscard]] virtual bool BindsByName() const { return false; }
+    /// Lets go of what was prepared past the driver; to be called before the connection closes.
+    virtual void LetGo() {}
     /// The driver hands the rows of this statement over one by one. No other statement can run meanwhile on
     /// an engine that does so for some statements only.
     [[nodiscard]] virtual bool ReadsRowByRow(HvxStatement) const { return true; }

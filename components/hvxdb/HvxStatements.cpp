@@ -111,14 +111,18 @@ QString RecordText(HvxStatement statement)
 {
     switch (statement) {
     case HvxStatement::NodeByName:
-        // One packed column: the driver's work for each column is most of what such a read costs.
+        // One packed column: the driver's work for each column is most of what such a read costs. It reads
+        // the column's name each time, which without one of its own is the whole expression.
         return NodeText(
-            NodeFieldTexts.join(QStringLiteral(" || char(%1) || ").arg(PackedFieldSeparator.unicode())));
+            NodeFieldTexts.join(QStringLiteral(" || char(%1) || ").arg(PackedFieldSeparator.unicode())) +
+            QStringLiteral(" AS fields"));
     case HvxStatement::NodeByNameInColumns:
         return NodeText(NodeFieldTexts.join(QStringLiteral(", ")));
+    case HvxStatement::NodeExists:
+        return QStringLiteral("SELECT 1 FROM node WHERE name_key = ?");
     case HvxStatement::ConnectionByName:
         return QStringLiteral("SELECT id, target,"
-                              " (SELECT value FROM setting WHERE name = 'definitions_version')"
+                              " (SELECT value FROM setting WHERE name = 'definitions_version') AS version"
                               " FROM connection WHERE name_key = ?");
     case HvxStatement::ManagerByDevice:
         return QStringLiteral("SELECT manager_index, path, command_text FROM manager WHERE device = ?");

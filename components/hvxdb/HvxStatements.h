@@ -54,6 +54,7 @@ enum class HvxStatement
     /// One column: the fields of NodeByNameInColumns, separated by PackedFieldSeparator.
     NodeByName,
     NodeByNameInColumns,
+    NodeExists,
     ConnectionByName,
     ManagerByDevice,
     ManagerList,

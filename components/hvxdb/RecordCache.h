@@ -36,6 +36,8 @@ struct JournalChunk
 struct RecordCache
 {
     std::unordered_map<QString, NodeRow> nodes;
+    /// Of names that were asked for nothing else.
+    std::unordered_map<QString, bool> nodeExists;
     std::unordered_map<QString, ConnectionRow> connections;
     std::unordered_map<QString, ManagerRow> managers;
     std::optional<JournalEnds> journalEnds;
@@ -45,6 +47,7 @@ struct RecordCache
     void Clear()
     {
         nodes.clear();
+        nodeExists.clear();
         connections.clear();
         managers.clear();
         journalEnds.reset();

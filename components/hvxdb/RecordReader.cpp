@@ -103,6 +103,21 @@ NodeRow RecordReader::Node(const QString& name) const
     return node;
 }
 
+bool RecordReader::NodeExists(const QString& name) const
+{
+    const QString key = FoldedName(name);
+    RecordCache& cache = m_store->Cache();
+    if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
+        return known->second.exists;
+    if (const auto known = cache.nodeExists.find(key); known != cache.nodeExists.end())
+        return known->second;
+    SqlRows rows = m_store->Session().Read(HvxStatement::NodeExists, {key});
+    const bool exists = rows.Next();
+    if (m_store->InTransaction())
+        cache.nodeExists.emplace(key, exists);
+    return exists;
+}
+
 ConnectionRow RecordReader::Connection(const QString& name) const
 {
     const QString key = FoldedName(name);

@@ -13,6 +13,8 @@ public:
 
     /// The node of that name; `exists` is false when there is none.
     [[nodiscard]] NodeRow Node(const QString& name) const;
+    /// Whether there is one, for who asks nothing else; reads no more than that.
+    [[nodiscard]] bool NodeExists(const QString& name) const;
     [[nodiscard]] ConnectionRow Connection(const QString& name) const;
     /// The manager of a device; no index when there is none.
     [[nodiscard]] ManagerRow Manager(const QString& device) const;

@@ -22,6 +22,38 @@ HvxStatement BeginStatement(TransactionKind kind)
     return HvxStatement::Begin;
 }
 
+/// No statement of the component has more values.
+constexpr int MostValues = 16;
+
+/// Names of the values of a statement, in order.
+const QStringList& ValueNames()
+{
+    static const QStringList names = [] {
+        QStringList list;
+        for (int i = 0; i < MostValues; ++i)
+            list << QStringLiteral(":v%1").arg(i);
+        return list;
+    }();
+    return names;
+}
+
+/// A statement of the component, in which "?" is nothing but a value, with named values.
+QString NamedText(QString text)
+{
+    int value = 0;
+    for (qsizetype at = text.indexOf(u'?'); at >= 0; at = text.indexOf(u'?', at)) {
+        const QString& name = ValueNames()[value++];
+        text.replace(at, 1, name);
+        at += name.size();
+    }
+    return text;
+}
+
+[[noreturn]] void RaiseUndone()
+{
+    RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
+}
+
 } // namespace
 
 bool SqlRows::Next()
@@ -70,6 +102,7 @@ void SqlSession::Disconnect()
     // Closing undoes an open transaction. The statements go behind it: with the connection open the driver
     // would let go of each one by a statement of its own, which a dead connection answers with a warning.
     const QString name = m_database.connectionName();
+    m_engine->LetGo();
     m_database.close();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
@@ -98,9 +131,19 @@ QVariant SqlSession::BoundValue(const QVariant& value) const
 QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
 {
     std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
-    if (!slot)
-        slot.emplace(Prepare(m_engine->StatementText(statement), m_engine->ReadsRowByRow(statement)));
-    ExecutePrepared(*slot, values);
+    const bool byName = m_engine->BindsByName();
+    if (!slot) {
+        const QString text = m_engine->StatementText(statement);
+        slot.emplace(Prepare(byName ? NamedText(text) : text, m_engine->ReadsRowByRow(statement)));
+    }
+    if (!byName) {
+        ExecutePrepared(*slot, values);
+        return *slot;
+    }
+    const QStringList& names = ValueNames();
+    for (qsizetype i = 0; i < values.size(); ++i)
+        slot->bindValue(names[i], BoundValue(values[i]));
+    Run(*slot);
     return *slot;
 }
 
@@ -223,7 +266,7 @@ std::optional<SessionState> SqlSession::Begin(TransactionKind kind)
 std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
 {
     if (m_engine->PreparesTransactions()) {
-        Execute(statement, {}).finish();
+        ExecutePlain(statement);
         return std::nullopt;
     }
     QSqlQuery query(Database());
@@ -259,10 +302,14 @@ void SqlSession::Commit()
     if (m_levels.empty())
         RaiseRefusal(QStringLiteral("No transaction is open."));
     CheckNotLost();
-    if (m_levels.size() == 1)
+    const size_t level = m_levels.size();
+    const size_t savepoint = m_levels.back().savepoint;
+    if (level == 1)
         EndOutermost(HvxStatement::Commit);
-    else if (m_levels.back().hasSavepoint)
-        ExecuteSavepoint(QStringLiteral("RELEASE"), m_levels.size());
+    else if (savepoint == level)
+        ExecuteSavepoint(SavepointStep::Release, level);
+    else if (savepoint != 0)
+        CheckNotSpoilt();
     m_levels.pop_back();
 }
 
@@ -271,7 +318,7 @@ void SqlSession::Rollback()
     if (m_levels.empty())
         return;
     const size_t level = m_levels.size();
-    const bool hasSavepoint = m_levels.back().hasSavepoint;
+    const size_t savepoint = m_levels.back().savepoint;
     const bool lost = m_lost;
     m_levels.pop_back();
     m_lost = lost && level > 1;
@@ -280,9 +327,10 @@ void SqlSession::Rollback()
     try {
         if (level == 1) {
             EndOutermost(HvxStatement::Rollback);
-        } else if (hasSavepoint) {
-            ExecuteSavepoint(QStringLiteral("ROLLBACK TO"), level);
-            ExecuteSavepoint(QStringLiteral("RELEASE"), level);
+        } else if (savepoint != 0) {
+            ExecuteSavepoint(SavepointStep::Undo, savepoint);
+            if (savepoint == level)
+                ExecuteSavepoint(SavepointStep::Release, level);
         }
     } catch (const ComponentError&) {
         // Who has lost the connection has nothing left to undo.
@@ -295,24 +343,49 @@ void SqlSession::Rollback()
 void SqlSession::EndOutermost(HvxStatement statement)
 {
     if (m_engine->PreparesTransactions())
-        Execute(statement, {}).finish();
+        ExecutePlain(statement);
     else
         RunUnprepared(m_engine->StatementText(statement));
 }
 
-void SqlSession::ExecuteSavepoint(const QString& verb, size_t level)
+void SqlSession::ExecutePlain(HvxStatement statement)
 {
-    const QString text = QStringLiteral("%1 level_%2").arg(verb).arg(level);
-    if (!m_engine->PreparesTransactions()) {
-        RunUnprepared(text);
+    const std::optional<QSqlError> error = m_engine->RunPastDriver(statement);
+    if (!error) {
+        Execute(statement, {}).finish();
         return;
     }
-    auto prepared = m_savepoints.find(text);
+    ++m_statementCount;
+    if (error->isValid())
+        Raise(*error);
+}
+
+QString SqlSession::SavepointText(SavepointStep step, size_t level)
+{
+    const QString name = QStringLiteral(" level_%1").arg(level);
+    switch (step) {
+    case SavepointStep::Set:
+        break;
+    case SavepointStep::Undo:
+        return QStringLiteral("ROLLBACK TO") + name;
+    case SavepointStep::Release:
+        return QStringLiteral("RELEASE") + name;
+    }
+    return QStringLiteral("SAVEPOINT") + name;
+}
+
+void SqlSession::ExecuteSavepoint(SavepointStep step, size_t level)
+{
+    if (!m_engine->PreparesTransactions()) {
+        RunUnprepared(SavepointText(step, level));
+        return;
+    }
+    auto prepared = m_savepoints.find({step, level});
     if (prepared == m_savepoints.end()) {
         QSqlQuery query(Database());
-        if (!query.prepare(text))
+        if (!query.prepare(SavepointText(step, level)))
             Raise(query.lastError());
-        prepared = m_savepoints.emplace(text, std::move(query)).first;
+        prepared = m_savepoints.emplace(std::pair(step, level), std::move(query)).first;
     }
     Run(prepared->second);
     prepared->second.finish();
@@ -321,20 +394,32 @@ void SqlSession::ExecuteSavepoint(const QString& verb, size_t level)
 void SqlSession::EnsureSavepoints()
 {
     CheckNotLost();
-    // Inner levels can have a savepoint only behind the outer ones.
-    for (size_t i = 1; i < m_levels.size(); ++i) {
-        if (!m_levels[i].hasSavepoint) {
-            ExecuteSavepoint(QStringLiteral("SAVEPOINT"), i + 1);
-            m_levels[i].hasSavepoint = true;
-        }
-    }
+    // Inner levels can have a savepoint only behind the outer ones. Between the begins of those that have
+    // none nothing was written, so that one savepoint does for all of them.
+    size_t first = m_levels.size();
+    while (first > 1 && m_levels[first - 1].savepoint == 0)
+        --first;
+    if (first == m_levels.size())
+        return;
+    const size_t savepoint = first + 1;
+    ExecuteSavepoint(SavepointStep::Set, savepoint);
+    for (size_t i = first; i < m_levels.size(); ++i)
+        m_levels[i].savepoint = savepoint;
 }
 
 void SqlSession::CheckNotLost() const
 {
     // What followed would be written outside any transaction, and a spoilt one would end as if committed.
-    if (m_lost || (m_levels.size() == 1 && m_engine->HasSpoiltTransaction(m_database)))
-        RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
+    if (m_lost)
+        RaiseUndone();
+    if (m_levels.size() == 1)
+        CheckNotSpoilt();
+}
+
+void SqlSession::CheckNotSpoilt() const
+{
+    if (m_engine->HasSpoiltTransaction(m_database))
+        RaiseUndone();
 }
 
 void SqlSession::Raise(const QSqlError& error)

@@ -121,29 +121,41 @@ public:
 private:
     struct TransactionLevel
     {
-        bool hasSavepoint = false;
+        /// The level whose savepoint undoes this one: its own, or that of a level around it in which nothing
+        /// had been written when this one began. 0: nothing was written in this one yet.
+        size_t savepoint = 0;
+    };
+    enum class SavepointStep
+    {
+        Set,
+        Undo,
+        Release,
     };
 
     QSqlQuery ExecuteText(const QString& text, const QVariantList& values);
     void ExecutePrepared(QSqlQuery& prepared, const QVariantList& values);
     QSqlQuery& Execute(HvxStatement statement, const QVariantList& values);
     void Run(QSqlQuery& prepared);
+    /// Begin, commit and rollback, where they can be prepared.
+    void ExecutePlain(HvxStatement statement);
     /// Commit and rollback.
     void EndOutermost(HvxStatement statement);
     [[nodiscard]] std::optional<SessionState> BeginOutermost(HvxStatement statement);
     [[nodiscard]] QSqlQuery Prepare(const QString& text, bool rowByRow);
     [[nodiscard]] QVariant BoundValue(const QVariant& value) const;
-    void ExecuteSavepoint(const QString& verb, size_t level);
+    [[nodiscard]] static QString SavepointText(SavepointStep step, size_t level);
+    void ExecuteSavepoint(SavepointStep step, size_t level);
     void EnsureSavepoints();
     [[noreturn]] void Raise(const QSqlError& error);
     void CheckNotLost() const;
+    void CheckNotSpoilt() const;
 
     std::unique_ptr<HvxEngine> m_engine;
     QSqlDatabase m_database;
     int m_busyMs = 2000;
     std::array<std::optional<QSqlQuery>, static_cast<size_t>(HvxStatement::Count)> m_statements;
-    /// Prepared by their text: a save in a dialog's transaction opens and ends many levels.
-    std::map<QString, QSqlQuery> m_savepoints;
+    /// Prepared: a save in a dialog's transaction opens and ends many levels.
+    std::map<std::pair<SavepointStep, size_t>, QSqlQuery> m_savepoints;
     std::vector<TransactionLevel> m_levels;
     /// The engine undid the transaction whose levels are still open here.
     bool m_lost = false;

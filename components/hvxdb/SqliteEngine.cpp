@@ -107,6 +107,11 @@ QString PackedJournalChunk()
 
 } // namespace
 
+SqliteEngine::~SqliteEngine()
+{
+    LetGo();
+}
+
 QString SqliteEngine::Driver() const
 {
     return QStringLiteral("QSQLITE");
@@ -129,10 +134,10 @@ void SqliteEngine::CheckSource(const QString& source) const
 void SqliteEngine::Connect(QSqlDatabase& database, const QString& source, int busyMs)
 {
     Open(database, source, QStringLiteral("rw"), busyMs, *this);
-    m_path = source;
-    m_identity = IdentityOf(source);
-    sqlite3* handle = SharedHandle(database);
-    m_buildsLists = handle && AddListFunctions(handle);
+    m_path = QFile::encodeName(source);
+    m_identity = IdentityOf(m_path);
+    m_handle = SharedHandle(database);
+    m_buildsLists = m_handle && AddListFunctions(m_handle);
 }
 
 void SqliteEngine::ConnectNew(QSqlDatabase& database, const QString& source) const
@@ -152,6 +157,41 @@ void SqliteEngine::Settle(const QSqlDatabase& database) const
     RunPragma(database, QStringLiteral("PRAGMA foreign_keys = ON"));
     // In KiB: enough for the inner pages of a million nodes, so that a look-up reads one page or two.
     RunPragma(database, QStringLiteral("PRAGMA cache_size = -16384"));
+}
+
+std::optional<QSqlError> SqliteEngine::RunPastDriver(HvxStatement statement)
+{
+    if (!m_handle)
+        return std::nullopt;
+    sqlite3_stmt* prepared = Plain(statement);
+    const int result = prepared ? sqlite3_step(prepared) : sqlite3_errcode(m_handle);
+    QSqlError error;
+    if (result != SQLITE_DONE) {
+        error = QSqlError(QStringLiteral("Unable to execute statement"),
+                          QString::fromUtf8(sqlite3_errmsg(m_handle)), QSqlError::StatementError,
+                          QString::number(sqlite3_extended_errcode(m_handle)));
+    }
+    sqlite3_reset(prepared);
+    return error;
+}
+
+sqlite3_stmt* SqliteEngine::Plain(HvxStatement statement)
+{
+    sqlite3_stmt*& prepared = m_plain[statement];
+    if (!prepared) {
+        const QByteArray text = StatementText(statement).toUtf8();
+        sqlite3_prepare_v3(m_handle, text.constData(), static_cast<int>(text.size()),
+                           SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+    }
+    return prepared;
+}
+
+void SqliteEngine::LetGo()
+{
+    for (const auto& [statement, prepared] : m_plain)
+        sqlite3_finalize(prepared);
+    m_plain.clear();
+    m_handle = nullptr;
 }
 
 QString SqliteEngine::StatementText(HvxStatement statement) const
@@ -213,7 +253,7 @@ quint32 SqliteEngine::ErrorNumber(const QSqlError& error) const
 
 std::optional<quint32> SqliteEngine::DataVersion(const QSqlDatabase& database) const
 {
-    sqlite3* handle = SharedHandle(database);
+    sqlite3* handle = Handle(database);
     unsigned int version = 0;
     if (!handle || sqlite3_file_control(handle, "main", SQLITE_FCNTL_DATA_VERSION, &version) != SQLITE_OK)
         return std::nullopt;
@@ -222,7 +262,7 @@ std::optional<quint32> SqliteEngine::DataVersion(const QSqlDatabase& database) c
 
 bool SqliteEngine::HasLostTransaction(const QSqlDatabase& database) const
 {
-    sqlite3* handle = SharedHandle(database);
+    sqlite3* handle = Handle(database);
     return handle && sqlite3_get_autocommit(handle) != 0;
 }
 
@@ -231,10 +271,15 @@ bool SqliteEngine::HasLostSource(const QSqlDatabase&) const
     return IdentityOf(m_path) != m_identity;
 }
 
-std::optional<SqliteEngine::FileIdentity> SqliteEngine::IdentityOf(const QString& path)
+sqlite3* SqliteEngine::Handle(const QSqlDatabase& database) const
+{
+    return m_handle ? m_handle : SharedHandle(database);
+}
+
+std::optional<SqliteEngine::FileIdentity> SqliteEngine::IdentityOf(const QByteArray& path)
 {
     struct stat status;
-    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+    if (stat(path.constData(), &status) != 0)
         return std::nullopt;
     return FileIdentity{status.st_dev, status.st_ino};
 }

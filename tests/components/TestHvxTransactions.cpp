@@ -18,7 +18,9 @@ private Q_SLOTS:
     void Rollback_OuterLevel_UndoesCommittedInnerLevel();
     void Rollback_WithoutTransaction_DoesNothing();
     void Rollback_MiddleLevelWithWritesOfInner_UndoesBoth();
+    void Rollback_InnermostLevelWithFirstWrites_KeepsMiddleLevel();
     void Nesting_WithoutWrites_CostsNoStatement();
+    void Write_InInnermostLevel_CostsOneSavepointForAll();
     void Read_WhileOtherWrites_SeesStateBefore();
     void Write_WithoutTransaction_CommitsByItself();
     void Write_FailsInsideTransaction_KeepsEarlierWrites();
@@ -202,6 +204,27 @@ void TestHvxTransactions::Rollback_MiddleLevelWithWritesOfInner_UndoesBoth()
     QVERIFY(!HasConnection(*component, QStringLiteral("Middle")));
 }
 
+void TestHvxTransactions::Rollback_InnermostLevelWithFirstWrites_KeepsMiddleLevel()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    Begin(*component);
+    component->SaveParent(QStringLiteral("Outer"), QStringLiteral("WP=LAN"));
+    Begin(*component);
+    Begin(*component);
+    component->SaveParent(QStringLiteral("Inner"), QStringLiteral("WP=LAN"));
+
+    component->RollbackTransaction();
+    component->SaveParent(QStringLiteral("Middle"), QStringLiteral("WP=LAN"));
+    Commit(*component);
+    Commit(*component);
+
+    const auto other = fixture.OpenComponent();
+    QVERIFY(HasConnection(*other, QStringLiteral("Outer")));
+    QVERIFY(HasConnection(*other, QStringLiteral("Middle")));
+    QVERIFY(!HasConnection(*other, QStringLiteral("Inner")));
+}
+
 void TestHvxTransactions::Nesting_WithoutWrites_CostsNoStatement()
 {
     const DatabaseFixture fixture;
@@ -215,6 +238,25 @@ void TestHvxTransactions::Nesting_WithoutWrites_CostsNoStatement()
     Commit(*component);
 
     QCOMPARE(component->StatementCount(), before);
+}
+
+void TestHvxTransactions::Write_InInnermostLevel_CostsOneSavepointForAll()
+{
+    const DatabaseFixture fixture;
+    const auto component = fixture.OpenComponent();
+    Begin(*component);
+    // The rights are known from here on.
+    component->SaveParent(QStringLiteral("Outer"), QStringLiteral("WP=LAN"));
+    Begin(*component);
+    Begin(*component);
+    const qint64 before = component->StatementCount();
+
+    component->SaveParent(QStringLiteral("Inner"), QStringLiteral("WP=LAN"));
+    Commit(*component);
+    Commit(*component);
+
+    // The savepoint, the insertion, the end of the savepoint.
+    QCOMPARE(component->StatementCount() - before, 3);
 }
 
 void TestHvxTransactions::Read_WhileOtherWrites_SeesStateBefore()

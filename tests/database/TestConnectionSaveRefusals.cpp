@@ -1,4 +1,6 @@
 #include "database/ConnectionSave.h"
+#include "database/DatabaseState.h"
+#include "model/ModelState.h"
 #include "tests/database/SaveExpectations.h"
 
 /// SaveConnection where it does not save: each box, and that nothing stays behind.
@@ -21,6 +23,8 @@ private Q_SLOTS:
     void ChangedElsewhere_IsPrevented();
     void ChangedElsewhere_WhileTheQuestionStands_IsPrevented_data();
     void ChangedElsewhere_WhileTheQuestionStands_IsPrevented();
+    void DatabaseClosed_WhileTheQuestionStands_WarnsOfNoDamage_data();
+    void DatabaseClosed_WhileTheQuestionStands_WarnsOfNoDamage();
 };
 
 using namespace SaveTexts;
@@ -321,6 +325,31 @@ void TestConnectionSaveRefusals::ChangedElsewhere_WhileTheQuestionStands_IsPreve
     QCOMPARE(fixture.Records(), records);
     QCOMPARE(fixture.Flags(), flags);
     QCOMPARE(fixture.Component.Count("ReplaceParentTarget"), 0);
+}
+
+void TestConnectionSaveRefusals::DatabaseClosed_WhileTheQuestionStands_WarnsOfNoDamage_data()
+{
+    QTest::addColumn<BoxAnswer>("answer");
+    QTest::addColumn<QStringList>("told");
+    QTest::newRow("cancel") << BoxAnswer::Cancel << QStringList();
+    QTest::newRow("ok") << BoxAnswer::Ok << QStringList{Denied};
+}
+
+void TestConnectionSaveRefusals::DatabaseClosed_WhileTheQuestionStands_WarnsOfNoDamage()
+{
+    QFETCH(const BoxAnswer, answer);
+    SaveFixture fixture;
+    fixture.AddConnection();
+    fixture.Con().ConName = "Beta";
+    fixture.Operator.Answers = {answer};
+    fixture.Operator.WhileOpen = [](const RecordedBox&) {
+        Model().Database = nullptr;
+        Database().DbObject.reset();
+    };
+
+    QVERIFY(!fixture.Save("Beta"));
+
+    QTEST(fixture.Operator.Texts().mid(1), "told");
 }
 
 QTEST_GUILESS_MAIN(TestConnectionSaveRefusals)

@@ -7,11 +7,12 @@
 
 #include <memory>
 
-/// A database, opened by the fixture's gateway and by another program.
-class TwoPrograms
+/// A database, opened by the gateway of a fixture and by another program.
+template <typename Fixture>
+class TwoProgramsOn
 {
 public:
-    explicit TwoPrograms(bool mayEdit = true)
+    explicit TwoProgramsOn(bool mayEdit = true)
         : Source(mayEdit ? File.Source() : File.SourceWithoutEditRight()),
           Save([this] { Register(); }),
           Other(File.OpenComponent())
@@ -36,6 +37,21 @@ public:
         return lines.join(u'\n');
     }
 
+    /// What the other program finds: connection, device, command line, target; "none" without a record.
+    [[nodiscard]] QString Record(const QString& node) const
+    {
+        QString id;
+        QString conName;
+        QString target;
+        QString device;
+        QString commandLine;
+        Other->GetNodeID(node, id);
+        if (id.isEmpty())
+            return QStringLiteral("none");
+        Other->GetNodeEx(node, conName, target, device, commandLine);
+        return QStringList{conName, device, commandLine, target}.join(u';');
+    }
+
     [[nodiscard]] QString IndexOf(const QString& node) const
     {
         return File.RunSql(QStringLiteral("SELECT manager_index FROM node WHERE name = '%1'").arg(node))
@@ -44,6 +60,8 @@ public:
 
     DatabaseFixture File;
     QString Source;
-    SaveFixture Save;
+    Fixture Save;
     std::unique_ptr<HvxDatabaseComponent> Other;
 };
+
+using TwoPrograms = TwoProgramsOn<SaveFixture>;

@@ -161,6 +161,7 @@ void TestFrmSaveDirectNodeLoad::Load_Class_IsUnknown_data()
 {
     QTest::addColumn<QString>("call");
     QTest::newRow("long name") << "GetNodeTypeLongName";
+    QTest::newRow("short name") << "GetNodeTypeShortName";
     QTest::newRow("id") << "GetNodeTypeId";
     QTest::newRow("waypoints") << "GetNodeTypeWpList";
     QTest::newRow("parameters") << "GetWpParameters";

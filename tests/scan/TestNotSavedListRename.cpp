@@ -23,7 +23,8 @@ private Q_SLOTS:
     void Rename_AcceptedAnswers_AreTaken();
     void Rename_SearchFails_IsToldAndAskedAgain();
     void Rename_CheckFails_IsTold();
-    void Rename_HostDestroysTheForm_EndsQuietly();
+    void Rename_HostDestroysTheForm_AsksNoMore_data();
+    void Rename_HostDestroysTheForm_AsksNoMore();
     void Rename_ListEmptiedUnderABox_EndsQuietly();
 };
 
@@ -240,19 +241,29 @@ void TestNotSavedListRename::Rename_CheckFails_IsTold()
     QCOMPARE(f.Shown(), (QStringList{"North!", "West"}));
 }
 
-void TestNotSavedListRename::Rename_HostDestroysTheForm_EndsQuietly()
+void TestNotSavedListRename::Rename_HostDestroysTheForm_AsksNoMore_data()
 {
+    QTest::addColumn<bool>("underRefusal");
+    QTest::newRow("question") << false;
+    QTest::newRow("refusal") << true;
+}
+
+void TestNotSavedListRename::Rename_HostDestroysTheForm_AsksNoMore()
+{
+    QFETCH(const bool, underRefusal);
     NotSavedFixture f;
     f.Open({"North", "East"});
     f.Click("cmdSelectAll");
-    f.Type({"Alpha", "West", "Sigma"});
+    f.Type({underRefusal ? "Alpha" : "West", "Sigma"});
     f.Operator.WhileOpen = [&](const RecordedBox&) { f.Form.reset(); };
+    if (!underRefusal)
+        f.Operator.WhileInput = [&] { f.Form.reset(); };
 
     f.Click("cmdRename");
 
     QVERIFY(!f.Form);
-    QCOMPARE(f.Operator.Texts().filter("Rename Node").size(), 2);
-    QCOMPARE(f.Names(), (QStringList{"West", "East"}));
+    QCOMPARE(f.Operator.Boxes.size(), std::size_t(underRefusal ? 2 : 1));
+    QCOMPARE(f.Names(), (QStringList{"North", "East"}));
 }
 
 void TestNotSavedListRename::Rename_ListEmptiedUnderABox_EndsQuietly()

@@ -17,6 +17,9 @@ private Q_SLOTS:
     void Check_ChangedConnection_IsReplaced();
     void Check_DialogCancelled_ChangesNothing();
     void Check_SavedUnderAnotherName_TakesTheName();
+    void Check_SavedAsNew_IsNewNoMore();
+    void Check_AppliedUnderItsStoredName_ReplacesTheRecord();
+    void Check_AppliedUnderItsStoredName_QuestionDeclined_ChangesNothing();
     void Check_SaveRunNamedTheConnection_OffersItWhole();
     void Check_WindowGoneUnderTheQuestion_EndsQuietly();
     void Check_WindowGoneUnderTheDialog_EndsQuietly();
@@ -228,6 +231,69 @@ void TestScanConnectionCheck::Check_SavedUnderAnotherName_TakesTheName()
     QCOMPARE(f.Direct.ConName, "Omega");
     QVERIFY(f.IdOfConnection("Omega") != 0);
     QCOMPARE(f.Direct.ConDbID, f.IdOfConnection("Omega"));
+}
+
+void TestScanConnectionCheck::Check_SavedAsNew_IsNewNoMore()
+{
+    CheckFixture f;
+    f.RemoveElsewhere("Alpha");
+    f.SaveInDialog();
+
+    QVERIFY(f.Check());
+
+    QVERIFY(!f.Direct.NewCon);
+    QVERIFY(!f.Con().NewCon);
+    QVERIFY(f.Check());
+    QCOMPARE(f.Operator.Boxes.size(), std::size_t(1));
+}
+
+/// The stored connection with another bus, as Apply leaves it under its own name.
+static void ApplyOwnName(CheckFixture& f)
+{
+    f.SetBus("7");
+    f.Direct.ConDbID = 0;
+    f.Direct.NewCon = false;
+    f.NewDirect.Copy(f.Direct);
+}
+
+void TestScanConnectionCheck::Check_AppliedUnderItsStoredName_ReplacesTheRecord()
+{
+    CheckFixture f;
+    ApplyOwnName(f);
+    const qint32 before = f.IdOfConnection("Alpha");
+    f.SaveInDialog();
+
+    QVERIFY(f.Check());
+
+    QCOMPARE(f.Operator.Boxes,
+             (std::vector<RecordedBox>{Question(OnlyDirect),
+                                       {"Connection Alpha exists in database. Do you want to replace it ?",
+                                        BoxFlags::OkCancel, "Replace Connection"}}));
+    QVERIFY(f.StoredTarget("Alpha").startsWith("WP=BUST4,ID=7,"));
+    QVERIFY(f.IdOfConnection("Alpha") != before);
+    QCOMPARE(f.Direct.ConDbID, f.IdOfConnection("Alpha"));
+    QCOMPARE(f.NewDirectFlags(), (QStringList{"", QString::number(f.Direct.ConDbID)}));
+    QVERIFY(!f.Direct.NewCon);
+    QCOMPARE(f.Nodes(), (QStringList{"East", "North", "South"}));
+    QCOMPARE(f.TreeContents(), SaveFixture::FreshTreeContents());
+}
+
+void TestScanConnectionCheck::Check_AppliedUnderItsStoredName_QuestionDeclined_ChangesNothing()
+{
+    CheckFixture f;
+    ApplyOwnName(f);
+    const QStringList records = f.Records();
+    const QStringList newDirect = f.NewDirectFlags();
+    f.Operator.Answers = {BoxAnswer::Ok, BoxAnswer::Cancel};
+    f.SaveInDialog();
+
+    QVERIFY(!f.Check());
+
+    QCOMPARE(f.Operator.Boxes.size(), std::size_t(2));
+    QCOMPARE(f.Records(), records);
+    QCOMPARE(f.NewDirectFlags(), newDirect);
+    QCOMPARE(f.Direct.ConDbID, 0);
+    QCOMPARE(f.Direct.GetWpData(1).GetWpParam(1, 2), "7");
 }
 
 void TestScanConnectionCheck::Check_SaveRunNamedTheConnection_OffersItWhole()

@@ -50,6 +50,8 @@ public:
     std::deque<std::optional<QString>> Inputs;
     /// Runs while a message box stands open, before it is answered.
     std::function<void(const RecordedBox& box)> WhileOpen;
+    /// The same for input boxes.
+    std::function<void()> WhileInput;
 
     static constexpr int InputBoxFlags = -1;
 
@@ -77,6 +79,8 @@ public:
     bool ShowInputBox(const QString& prompt, const QString& title, QString& value) override
     {
         Boxes.push_back({prompt, InputBoxFlags, title});
+        if (WhileInput)
+            WhileInput();
         if (Inputs.empty())
             return false;
         const std::optional<QString> answer = Inputs.front();

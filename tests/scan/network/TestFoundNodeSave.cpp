@@ -14,6 +14,7 @@ private Q_SLOTS:
     void LoadFoundNodeType_Type_IsTheNodes();
     void LoadFoundNodeType_FailedCall_IsTold_data();
     void LoadFoundNodeType_FailedCall_IsTold();
+    void LoadFoundNodeType_NoShortName_IsToldByTheLoadToo();
     void FoundNodeRows_Texts_AreTrimmed();
     void FoundNodeRows_NodeWithoutAddress_EndsThem();
     void SaveFoundNode_NewNode_IsUnderTheConnection();
@@ -89,6 +90,16 @@ void TestFoundNodeSave::LoadFoundNodeType_FailedCall_IsTold()
 
     QCOMPARE(f.Operator.Boxes.back(), RecordedBox::Plain(told));
     QVERIFY(f.Direct.NodeDbID != 77);
+}
+
+void TestFoundNodeSave::LoadFoundNodeType_NoShortName_IsToldByTheLoadToo()
+{
+    SaveListFixture f;
+    f.Component.Fail("GetNodeTypeShortName");
+
+    QVERIFY(!LoadFoundNodeType(f.Direct));
+
+    QCOMPARE(f.Operator.Texts(), (QStringList{"Error: Unknown node type.", "Unknown node type:NET4"}));
 }
 
 void TestFoundNodeSave::FoundNodeRows_Texts_AreTrimmed()

@@ -1,10 +1,7 @@
-#include "components/hvxdb/HvxDatabaseComponent.h"
-#include "database/DatabaseState.h"
-#include "platform/Components.h"
 #include "scan/network/NameUse.h"
 #include "scan/network/SaveRun.h"
-#include "tests/components/DatabaseFixture.h"
 #include "tests/database/SaveExpectations.h"
+#include "tests/database/TwoPrograms.h"
 #include "tests/scan/network/SaveListFixture.h"
 
 using namespace SaveTexts;
@@ -33,52 +30,18 @@ private Q_SLOTS:
 
 namespace {
 
-/// A database, opened by the fixture's gateway and by another program.
-class FoundOnDatabase
+class FoundOnDatabase : public TwoProgramsOn<SaveListFixture>
 {
 public:
-    explicit FoundOnDatabase(bool mayEdit = true)
-        : Source(mayEdit ? File.Source() : File.SourceWithoutEditRight()),
-          Found([this] { Register(); }),
-          Other(File.OpenComponent())
-    {}
+    using TwoProgramsOn::TwoProgramsOn;
 
-    void Register() const
-    {
-        RegisterComponent(HvxDatabaseId, [source = Source] {
-            auto component = std::make_unique<HvxDatabaseComponent>(source);
-            component->SetBusyTimeout(0);
-            return component;
-        });
-    }
-
-    /// What the other program finds: connection, device, target; "none" without a record.
-    [[nodiscard]] QString Record(const QString& name) const
-    {
-        QString id;
-        QString conName;
-        QString target;
-        QString device;
-        QString commandLine;
-        Other->GetNodeID(name, id);
-        if (id.isEmpty())
-            return QStringLiteral("none");
-        Other->GetNodeEx(name, conName, target, device, commandLine);
-        return QStringList{conName, device, commandLine, target}.join(u';');
-    }
-    [[nodiscard]] QStringList Contents() const
-    {
-        return File.Rows(QStringLiteral("SELECT name || '|' || target FROM node ORDER BY id")) +
-               File.Rows(QStringLiteral("SELECT name || '|' || target FROM connection ORDER BY id")) +
-               File.Rows(QStringLiteral("SELECT max(id) FROM journal"));
-    }
     /// Saves the whole list until something ends the run.
     SaveRun::Step RunAll(bool plain = true, const std::function<void(int saved)>& between = {})
     {
         Scan().ScanSelSaveRows.clear();
-        Found.Select();
+        Save.Select();
         Scan().ScanSelSaveMode = plain;
-        SaveRun run(Found.Direct, Found.NewDirect);
+        SaveRun run(Save.Direct, Save.NewDirect);
         SaveRun::Step step = SaveRun::Step::More;
         while (step == SaveRun::Step::More) {
             step = run.SaveNext();
@@ -87,11 +50,6 @@ public:
         }
         return step;
     }
-
-    DatabaseFixture File;
-    QString Source;
-    SaveListFixture Found;
-    std::unique_ptr<HvxDatabaseComponent> Other;
 };
 
 QString TargetAt(int address)
@@ -107,19 +65,19 @@ void TestSaveListOnDatabase::Run_FreeNames_AreSavedForAll()
     QStringList names;
     for (int node = 1; node <= 40; ++node)
         names << QStringLiteral("Hub,%1").arg(node);
-    s.Found.FindNodes(names);
-    s.Found.Direct.NodeType = "NET4";
-    s.Found.Direct.CommandLine = "-port 9";
+    s.Save.FindNodes(names);
+    s.Save.Direct.NodeType = "NET4";
+    s.Save.Direct.CommandLine = "-port 9";
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
-    QCOMPARE(s.Found.States(), QStringList(40, "free"));
+    QCOMPARE(s.Save.States(), QStringList(40, "free"));
     QCOMPARE(s.RunAll(), SaveRun::Step::Done);
 
-    QCOMPARE(s.Found.States(), QStringList(40, "saved"));
+    QCOMPARE(s.Save.States(), QStringList(40, "saved"));
     QCOMPARE(s.Record("Hub,1"), "Alpha;NET4;-port 9;" + TargetAt(101));
     QCOMPARE(s.Record("Hub,40"), "Alpha;NET4;-port 9;" + TargetAt(140));
-    QCOMPARE(s.Found.TreeContents(), SaveFixture::FreshTreeContents());
-    QVERIFY(s.Found.Operator.Boxes.empty());
+    QCOMPARE(s.Save.TreeContents(), SaveFixture::FreshTreeContents());
+    QVERIFY(s.Save.Operator.Boxes.empty());
 }
 
 void TestSaveListOnDatabase::Run_ExistingNames_AreReplacedOrStay_data()
@@ -133,28 +91,28 @@ void TestSaveListOnDatabase::Run_ExistingNames_AreReplacedOrStay()
 {
     QFETCH(bool, plain);
     FoundOnDatabase s;
-    s.Found.FindNodes({"North", "West", "EAST"});
+    s.Save.FindNodes({"North", "West", "EAST"});
     const QString before = s.Record("East");
 
     QCOMPARE(s.RunAll(plain), SaveRun::Step::Done);
 
     const QString others = plain ? "exists" : "saved";
-    QCOMPARE(s.Found.States(), (QStringList{others, "saved", others}));
+    QCOMPARE(s.Save.States(), (QStringList{others, "saved", others}));
     QCOMPARE(s.Record("East") == before, plain);
     QCOMPARE(s.Record("East") == "Alpha;;;" + TargetAt(103), !plain);
     QCOMPARE(s.File.RunSql("SELECT count(*) FROM node").toInt(), 4);
-    QCOMPARE(s.Found.TreeContents(), SaveFixture::FreshTreeContents());
-    QVERIFY(s.Found.Operator.Boxes.empty());
+    QCOMPARE(s.Save.TreeContents(), SaveFixture::FreshTreeContents());
+    QVERIFY(s.Save.Operator.Boxes.empty());
 }
 
 void TestSaveListOnDatabase::Check_Names_AreFoundByTheirFolding()
 {
     FoundOnDatabase s;
-    s.Found.FindNodes({"NORTH", " South", "Alpha", "West", "O'Hara", ""});
+    s.Save.FindNodes({"NORTH", " South", "Alpha", "West", "O'Hara", ""});
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
 
-    QCOMPARE(s.Found.States(), (QStringList{"exists", "exists", "free", "free", "free", "free"}));
+    QCOMPARE(s.Save.States(), (QStringList{"exists", "exists", "free", "free", "free", "free"}));
 }
 
 void TestSaveListOnDatabase::Check_LongName_IsSearchedByItsBeginning()
@@ -162,18 +120,18 @@ void TestSaveListOnDatabase::Check_LongName_IsSearchedByItsBeginning()
     FoundOnDatabase s;
     const QString name(32, 'x');
     s.Other->SaveNode(name, "", TargetAt(1), "Alpha", "");
-    s.Found.FindNodes({name, name + 'y'});
+    s.Save.FindNodes({name, name + 'y'});
 
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
 
-    QCOMPARE(s.Found.States(), QStringList(2, "exists"));
+    QCOMPARE(s.Save.States(), QStringList(2, "exists"));
 }
 
 void TestSaveListOnDatabase::NameUse_Names_AreFound()
 {
     FoundOnDatabase s;
-    s.Found.FindNodes({"West", "North", "South", "East", "Gamma"});
-    s.Found.Row(2).address = "17";
+    s.Save.FindNodes({"West", "North", "South", "East", "Gamma"});
+    s.Save.Row(2).address = "17";
     QStringList findings;
     for (const ScanSaveRow& row : Scan().ScanSaveList) {
         NameFinding finding;
@@ -182,13 +140,13 @@ void TestSaveListOnDatabase::NameUse_Names_AreFound()
     }
 
     QCOMPARE(findings, (QStringList{"0  ", "1 Alpha 17", "2 Alpha 18", "3 Beta 4094", "4  "}));
-    QVERIFY(s.Found.Operator.Boxes.empty());
+    QVERIFY(s.Save.Operator.Boxes.empty());
 }
 
 void TestSaveListOnDatabase::Run_NodeSavedElsewhereMeanwhile_Stays()
 {
     FoundOnDatabase s;
-    s.Found.FindNodes({"One", "Two", "Three"});
+    s.Save.FindNodes({"One", "Two", "Three"});
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
 
     QCOMPARE(s.RunAll(true,
@@ -198,7 +156,7 @@ void TestSaveListOnDatabase::Run_NodeSavedElsewhereMeanwhile_Stays()
                       }),
              SaveRun::Step::Done);
 
-    QCOMPARE(s.Found.States(), (QStringList{"saved", "exists", "saved"}));
+    QCOMPARE(s.Save.States(), (QStringList{"saved", "exists", "saved"}));
     QCOMPARE(s.Record("Two"), "Beta;;;" + TargetAt(9));
 }
 
@@ -217,9 +175,9 @@ void TestSaveListOnDatabase::Run_ConnectionTouchedElsewhere_EndsThere()
     QFETCH(QString, change);
     QFETCH(int, after);
     FoundOnDatabase s;
-    s.Found.FindNodes({"One", "Two", "Three"});
+    s.Save.FindNodes({"One", "Two", "Three"});
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
-    QStringList before;
+    QString before;
     const auto touch = [&](int saved) {
         if (saved != after)
             return;
@@ -237,21 +195,21 @@ void TestSaveListOnDatabase::Run_ConnectionTouchedElsewhere_EndsThere()
 
     QCOMPARE(s.RunAll(true, touch), SaveRun::Step::Failed);
 
-    QCOMPARE(s.Found.Operator.Boxes, std::vector{RecordedBox::Plain(
-                                         "Node saving is prevented, because another application has changed "
-                                         "(deleted) connection Alpha.")});
-    QCOMPARE(s.Found.States(), QStringList(after, "saved") + QStringList(3 - after, "free"));
+    QCOMPARE(s.Save.Operator.Boxes, std::vector{RecordedBox::Plain(
+                                        "Node saving is prevented, because another application has changed "
+                                        "(deleted) connection Alpha.")});
+    QCOMPARE(s.Save.States(), QStringList(after, "saved") + QStringList(3 - after, "free"));
     QCOMPARE(s.Contents(), before);
-    QCOMPARE(s.Found.NewDirect.ConName, "Alpha");
+    QCOMPARE(s.Save.NewDirect.ConName, "Alpha");
 }
 
 void TestSaveListOnDatabase::Run_DatabaseHeldElsewhere_IsDeniedAndGoesOnLater()
 {
     FoundOnDatabase s;
-    s.Found.FindNodes({"One", "Two", "Three"});
+    s.Save.FindNodes({"One", "Two", "Three"});
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
     qint32 started = 0;
-    s.Found.Operator.Answers = {BoxAnswer::Cancel};
+    s.Save.Operator.Answers = {BoxAnswer::Cancel};
 
     QCOMPARE(s.RunAll(true,
                       [&](int saved) {
@@ -262,50 +220,50 @@ void TestSaveListOnDatabase::Run_DatabaseHeldElsewhere_IsDeniedAndGoesOnLater()
                       }),
              SaveRun::Step::Denied);
 
-    QCOMPARE(s.Found.Operator.Boxes.back(), RecordedBox::Error(Denied));
-    QCOMPARE(s.Found.States(), (QStringList{"saved", "free", "free"}));
+    QCOMPARE(s.Save.Operator.Boxes.back(), RecordedBox::Error(Denied));
+    QCOMPARE(s.Save.States(), (QStringList{"saved", "free", "free"}));
     s.Other->RollbackTransaction();
     QVERIFY(s.Record("One") != "none");
     Scan().ScanSaveList.erase(Scan().ScanSaveList.begin());
     QCOMPARE(s.RunAll(), SaveRun::Step::Done);
-    QCOMPARE(s.Found.States(), QStringList(2, "saved"));
+    QCOMPARE(s.Save.States(), QStringList(2, "saved"));
 }
 
 void TestSaveListOnDatabase::Check_DatabaseHeldElsewhere_WaitsOnlyWhereReadersMust()
 {
     FoundOnDatabase s;
-    s.Found.FindNodes({"One", "North"});
+    s.Save.FindNodes({"One", "North"});
     qint32 started = 0;
     s.Other->BeginTransaction(started);
     s.Other->DeleteNode("East");
 
-    s.Found.Operator.Answers = {BoxAnswer::Cancel};
+    s.Save.Operator.Answers = {BoxAnswer::Cancel};
 
     // A server keeps readers and writers apart; a file has room for one of them.
     QCOMPARE(CheckNamesInDatabase(Scan().ScanSaveList), s.File.OnServer());
 
     if (s.File.OnServer())
-        QVERIFY(s.Found.Operator.Boxes.empty());
+        QVERIFY(s.Save.Operator.Boxes.empty());
     else
-        QCOMPARE(s.Found.Operator.Boxes.back(), RecordedBox::Error(Denied));
+        QCOMPARE(s.Save.Operator.Boxes.back(), RecordedBox::Error(Denied));
     s.Other->RollbackTransaction();
     QVERIFY(CheckNamesInDatabase(Scan().ScanSaveList));
-    QCOMPARE(s.Found.States(), (QStringList{"free", "exists"}));
+    QCOMPARE(s.Save.States(), (QStringList{"free", "exists"}));
 }
 
 void TestSaveListOnDatabase::Run_WithoutTheRight_ChangesNothing()
 {
     FoundOnDatabase s(false);
-    s.Found.FindNodes({"One", "North"});
-    const QStringList before = s.Contents();
-    const QStringList trees = s.Found.Trees();
+    s.Save.FindNodes({"One", "North"});
+    const QString before = s.Contents();
+    const QStringList trees = s.Save.Trees();
 
     (void)s.RunAll(false);
 
-    QVERIFY(!s.Found.Operator.Boxes.empty());
-    QVERIFY(!s.Found.States().contains("saved"));
+    QVERIFY(!s.Save.Operator.Boxes.empty());
+    QVERIFY(!s.Save.States().contains("saved"));
     QCOMPARE(s.Contents(), before);
-    QCOMPARE(s.Found.Trees(), trees);
+    QCOMPARE(s.Save.Trees(), trees);
 }
 
 QTEST_GUILESS_MAIN(TestSaveListOnDatabase)
