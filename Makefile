@@ -1,4 +1,4 @@
-# make run | test | lint | bench | asan | fuzz | pictures
+# make run | test | lint | bench | asan | fuzz | pictures | translations
 JOBS ?= $(shell nproc)
 # Many tests wait for a server or a clock most of their time.
 TEST_JOBS ?= $(shell expr $(JOBS) + 1)
@@ -6,7 +6,7 @@ TEST_JOBS ?= $(shell expr $(JOBS) + 1)
 FUZZ_SECONDS ?= 60
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan fuzz pictures deps clean
+.PHONY: run test lint bench asan fuzz pictures translations deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -45,6 +45,10 @@ pictures: deps
 	cmake --preset release >/dev/null
 	cmake --build build/release -j $(JOBS) --target zelka zelka-pictures
 	packaging/make-pictures build/release/bin docs/pictures
+
+# Adds the new texts of the sources to the catalogues, unfinished, and drops those that are gone.
+translations: deps
+	packaging/update-translations
 
 deps:
 	@packaging/install-build-deps

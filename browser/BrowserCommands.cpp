@@ -138,14 +138,14 @@ bool BrowserControl::ReadConnection(Entry connection)
     return RunOnEntries(
         {{*m_conTree, connection, false}},
         [&] { return Model().ConObject && Model().ConObject->SetConDataFromNode(*m_conTree, connection); },
-        QStringLiteral("Failure to get connection data from database."));
+        tr("Failure to get connection data from database."));
 }
 
 bool BrowserControl::ReadNode(Entry node, bool withConnection)
 {
     const TreeEntries& tree = ShownEntries();
     const auto read = [&] { return Model().ConObject && Model().ConObject->SetNodeDataFromNode(tree, node); };
-    const QString failure = QStringLiteral("Failure to get node data from database.");
+    const QString failure = tr("Failure to get node data from database.");
     if (withConnection)
         return RunOnEntries({{tree, tree.Parent(node), false}, {tree, node, true}}, read, failure);
     return RunOnEntries({{tree, node, true}}, read, failure);
@@ -237,8 +237,8 @@ bool BrowserControl::RemoveSelectedNode(Entry node)
     const QPointer<BrowserControl> alive(this);
     const TreeEntries& tree = ShownEntries();
     const QString name = tree.Text(node);
-    if (MsgBox(QStringLiteral("Do you want to remove Node ") + name + QStringLiteral(" from database ?"),
-               BoxFlags::OkCancel) != BoxAnswer::Ok ||
+    if (MsgBox(tr("Do you want to remove Node %1 from database ?").arg(name), BoxFlags::OkCancel) !=
+            BoxAnswer::Ok ||
         !alive)
         return false;
     const bool inNodeView = &tree == m_nodesTree;
@@ -248,21 +248,20 @@ bool BrowserControl::RemoveSelectedNode(Entry node)
             return RemoveNodeEntry(name, *m_conTree, *m_nodesTree, inNodeView,
                                    SelectedEntry(*m_ui->tvwConTree));
         },
-        QStringLiteral("Failure in removing Node ") + name + QLatin1Char('.'));
+        tr("Failure in removing Node %1.").arg(name));
 }
 
 bool BrowserControl::RemoveSelectedConnection(Entry connection)
 {
     const QPointer<BrowserControl> alive(this);
     const QString name = m_conTree->Text(connection);
-    if (MsgBox(QStringLiteral("Do you want to remove Connection ") + name +
-                   QStringLiteral(" and all its nodes from database ?"),
+    if (MsgBox(tr("Do you want to remove Connection %1 and all its nodes from database ?").arg(name),
                BoxFlags::OkCancel) != BoxAnswer::Ok ||
         !alive)
         return false;
     if (!RunOnEntries(
             {{*m_conTree, connection, false}}, [&] { return RemoveConnection(name); },
-            QStringLiteral("Failure in removing Connection ") + name + QLatin1Char('.')))
+            tr("Failure in removing Connection %1.").arg(name)))
         return false;
     // The entry goes with what the Journal tells.
     cmdRefresh_Click();
@@ -276,9 +275,9 @@ void BrowserControl::LaunchSelectedManager()
     const Entry selected = SelectedEntry(ShownView());
     ManagerCommand command;
     if (selected == 0)
-        MsgBox(QStringLiteral("Nothing is selected, select a node from the tree."));
+        MsgBox(tr("Nothing is selected, select a node from the tree."));
     else if (ShownEntries().Kind(selected) != QLatin1Char('N'))
-        MsgBox(QStringLiteral("Only nodes can be used to launch a manager, select a node from the tree."));
+        MsgBox(tr("Only nodes can be used to launch a manager, select a node from the tree."));
     else if (ReadManagerCommand(ShownEntries().Text(selected), command))
         LaunchManager(command);
 }

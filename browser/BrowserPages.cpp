@@ -56,7 +56,7 @@ void BrowserControl::tabMain_Click(int)
         SetTabStops(DirectPage, false);
         SetTabStops(DatabasePage, true);
     } else {
-        MsgBox(QStringLiteral("No database, access to database tab is denied."));
+        MsgBox(tr("No database, access to database tab is denied."));
         tabMain.setCurrentIndex(DirectPage);
     }
 }

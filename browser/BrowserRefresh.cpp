@@ -12,6 +12,7 @@
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/IntervalTimer.h"
 #include "platform/controls/ModalForm.h"
 
@@ -37,9 +38,8 @@ QString OutdatedText()
 {
     const QDateTime& asOf = Load().AsOf;
     if (!asOf.isValid())
-        return QStringLiteral("The database cannot be read now.");
-    return QStringLiteral("As of %1; the database cannot be read now.")
-        .arg(TimeText(asOf, Machine().WallClock()));
+        return Words::tr("The database cannot be read now.");
+    return Words::tr("As of %1; the database cannot be read now.").arg(TimeText(asOf, Machine().WallClock()));
 }
 
 /// The controls whose trees follow the Journal together; each may go while a box or a form stands open.
@@ -96,8 +96,8 @@ void BrowserControl::cmdRefresh_Click()
         restoresTimer = true;
         break;
     case JournalRefresh::Outcome::RecordsMissed:
-        MsgBox(QStringLiteral("Connections and nodes must be reloaded, because of changes made by another "
-                              "application. Automatic reload follows."));
+        MsgBox(tr("Connections and nodes must be reloaded, because of changes made by another "
+                  "application. Automatic reload follows."));
         ReloadAll();
         break;
     case JournalRefresh::Outcome::LoadDue:
@@ -199,10 +199,9 @@ bool BrowserControl::ReloadConnections()
     int count = 0;
     const bool converted = ConvertItemListToArray(list, true, items, count);
     if (converted)
-        FillConnectionTree(QStringLiteral("Connections"), QStringLiteral("C"), count, items, *m_conTree,
-                           true);
+        FillConnectionTree(tr("Connections"), QStringLiteral("C"), count, items, *m_conTree, true);
     else
-        MsgBox(QStringLiteral("ConvertItemListToArray Error"));
+        MsgBox(tr("ConvertItemListToArray Error"));
     return converted;
 }
 
@@ -214,7 +213,7 @@ bool BrowserControl::ReloadNodes()
     if (!Gateway().GetNodeCountDb(load.NodeCount))
         load.NodeCount = LoadState::FirstLimit;
     load.LoadMoreId = 0;
-    load.LoadRootKey = QStringLiteral("Nodes");
+    load.LoadRootKey = tr("Nodes");
     load.LoadKeySuffix = QStringLiteral("N");
     load.LoadTree = m_nodesTree;
     load.LoadAddRoot = true;
@@ -231,7 +230,7 @@ void BrowserControl::ReadJournalPosition()
 {
     if (Gateway().GetJournalLastIdDb(Load().JournalLastId))
         return;
-    MsgBox(QStringLiteral("Journal table access failure."));
+    MsgBox(tr("Journal table access failure."));
     Load().JournalLastId = 1;
 }
 

@@ -124,13 +124,13 @@ void BrowserControl::ScanSelectedEntry()
     if (!Database().ScanRight)
         return;
     if (!m_ui->optCon->isChecked()) {
-        MsgBox(QStringLiteral("First select a connection in the connection tree."));
+        MsgBox(tr("First select a connection in the connection tree."));
         return;
     }
     const Entry selected = SelectedEntry(*m_ui->tvwConTree);
     const QChar kind = m_conTree->Kind(selected);
     if (selected == 0 || kind == QLatin1Char('R')) {
-        MsgBox(QStringLiteral("First select a connection in the tree."));
+        MsgBox(tr("First select a connection in the tree."));
         return;
     }
     if (!ReadConnection(kind == QLatin1Char('C') ? selected : m_conTree->Parent(selected)))
@@ -154,7 +154,7 @@ void BrowserControl::ScanSelectedConnection()
     m_ui->tabNode->setCurrentIndex(DirectNodePages::Net4Page);
     const int position = m_direct->FindDirectCon(name);
     if (position < 0)
-        MsgBox(QStringLiteral("Connection name not found."));
+        MsgBox(tr("Connection name not found."));
     else if (m_direct->ChooseForScan(position))
         ScanDirectConnection();
 }

@@ -90,7 +90,7 @@ void BrowserControl::tvwConTree_Click()
         ShowConPicture(NoConType);
         ClearTarget();
         EnableCmdLoadMore(selected);
-        m_ui->fraConData->SetCaption(QStringLiteral("Connections"));
+        m_ui->fraConData->SetCaption(tr("Connections"));
         break;
     }
 }
@@ -108,7 +108,7 @@ void BrowserControl::tvwNodesTree_Click()
         EnableCmdLoadMore(selected);
         ShowConPicture(NoConType);
         ClearTarget();
-        m_ui->fraConData->SetCaption(QStringLiteral("Nodes"));
+        m_ui->fraConData->SetCaption(tr("Nodes"));
         return;
     }
     QString parentName;

@@ -9,6 +9,7 @@
 #include "model/ModelState.h"
 #include "model/TreeFilling.h"
 #include "platform/MachineSeams.h"
+#include "platform/Words.h"
 #include "platform/controls/IntervalTimer.h"
 #include "platform/controls/ModalForm.h"
 
@@ -18,8 +19,16 @@
 
 namespace {
 
-const QString ConnectionsText = QStringLiteral("Connections");
-const QString NodesText = QStringLiteral("Nodes");
+QString ConnectionsText()
+{
+    return Words::tr("Connections");
+}
+
+QString NodesText()
+{
+    return Words::tr("Nodes");
+}
+
 const QString NodeKeySuffix = QStringLiteral("N");
 
 } // namespace
@@ -30,7 +39,7 @@ void BrowserControl::optCon_Click()
 {
     if (!m_ui->optCon->isChecked())
         return;
-    m_ui->fraConData->SetCaption(ConnectionsText);
+    m_ui->fraConData->SetCaption(ConnectionsText());
     m_ui->chkViewNodes->setVisible(true);
     m_ui->stkTrees->setCurrentWidget(m_ui->pagConTree);
     if (!Model().ConObject)
@@ -49,7 +58,7 @@ void BrowserControl::optNodes_Click()
 {
     if (m_ui->optCon->isChecked())
         return;
-    m_ui->fraConData->SetCaption(NodesText);
+    m_ui->fraConData->SetCaption(NodesText());
     m_ui->chkViewNodes->setVisible(false);
     m_ui->stkTrees->setCurrentWidget(m_ui->pagNodesTree);
     if (!Model().ConObject)
@@ -70,7 +79,7 @@ bool BrowserControl::FillConnections()
     int count = 0;
     if (!Gateway().QueryParentsDb(list) || !ConvertItemListToArray(list, true, items, count))
         return false;
-    FillConnectionTree(ConnectionsText, QStringLiteral("C"), count, items, *m_conTree, true);
+    FillConnectionTree(ConnectionsText(), QStringLiteral("C"), count, items, *m_conTree, true);
     return true;
 }
 
@@ -124,7 +133,7 @@ bool BrowserControl::LoadConNodes(Entry connection)
 bool BrowserControl::ShowConNodesProgress(Entry connection)
 {
     LoadState& load = Load();
-    load.LoadRootKey = ConnectionsText;
+    load.LoadRootKey = ConnectionsText();
     load.LoadKeySuffix = NodeKeySuffix;
     load.LoadTree = m_conTree;
     load.LoadAddRoot = false;
@@ -174,7 +183,7 @@ bool BrowserControl::LoadMoreNodesOfConnection()
 bool BrowserControl::LoadMoreNodes()
 {
     LoadState& load = Load();
-    load.LoadRootKey = NodesText;
+    load.LoadRootKey = NodesText();
     load.LoadKeySuffix = NodeKeySuffix;
     load.LoadTree = m_nodesTree;
     load.LoadAddRoot = false;

@@ -3,6 +3,7 @@
 #include "database/Gateway.h"
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
+#include "platform/Words.h"
 #include "platform/controls/LongList.h"
 
 #include <QComboBox>
@@ -45,7 +46,7 @@ bool LoadConNames(QComboBox& combo, TreeEntries* tree)
         names << item.first;
     SetNames(combo, names);
     if (tree && tree->Count() == 0)
-        FillConnectionTree(QStringLiteral("Connections"), QStringLiteral("C"), count, items, *tree, true);
+        FillConnectionTree(Words::tr("Connections"), QStringLiteral("C"), count, items, *tree, true);
     return true;
 }
 

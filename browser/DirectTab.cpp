@@ -13,6 +13,7 @@
 #include "model/TextHelpers.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 #include <QPointer>
 
@@ -116,7 +117,7 @@ bool DirectTab::TakeStoredConnection(const QString& name, bool keepsHeld)
             if (!Gateway().GetConTypeLongNameDb(typeName, longName))
                 longName.clear();
             if (!loaded.SetParentConData(name, true)) {
-                ErrorBox(QStringLiteral("Failure to set connection data."));
+                ErrorBox(Words::tr("Failure to set connection data."));
                 UnitOfWork::GiveUp();
             }
         }

@@ -6,6 +6,7 @@
 #include "database/UnitOfWork.h"
 #include "model/ItemList.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 #include <QScopeGuard>
 
@@ -22,12 +23,12 @@ constexpr qint32 NoRecord = 0;
 
 [[noreturn]] void TellJournalAccess()
 {
-    TellAndGiveUp(QStringLiteral("Error in access to Journal table."));
+    TellAndGiveUp(Words::tr("Error in access to Journal table."));
 }
 
 [[noreturn]] void TellPosition()
 {
-    TellAndGiveUp(QStringLiteral("Browser refresh error, incorrect value as reference to Journal table."));
+    TellAndGiveUp(Words::tr("Browser refresh error, incorrect value as reference to Journal table."));
 }
 
 qint32 LatestId()
@@ -62,7 +63,7 @@ std::vector<qint32> IdsAfter(qint32 id)
     PairTable items;
     int count = 0;
     if (!ConvertItemListToArray(list, false, items, count))
-        TellAndGiveUp(QStringLiteral("Error in item list conversion."));
+        TellAndGiveUp(Words::tr("Error in item list conversion."));
     std::vector<qint32> ids;
     ids.reserve(items.size());
     for (const ItemPair& item : items)
@@ -177,8 +178,7 @@ bool JournalRefresh::JournalClean() const
 {
     if (m_limits.recordLimit > 0 &&
         !Gateway().JournalClearByRecordLimitDb(m_limits.recordLimit, m_limits.recordsToKeep)) {
-        MsgBox(
-            QStringLiteral("Error in Journal table cleaning, in database method JournalClearByRecordLimit."));
+        MsgBox(Words::tr("Error in Journal table cleaning, in database method JournalClearByRecordLimit."));
         return false;
     }
     if (m_limits.dayLimit > 0)

@@ -4,6 +4,7 @@
 #include "database/DatabaseError.h"
 #include "database/Gateway.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 #include <exception>
 
@@ -23,7 +24,7 @@ bool LoadingProcedure::BeginTransaction()
     m_transactionOpen = false;
     if (Gateway().BeginTransactionDb(m_transactionOpen))
         return true;
-    ErrorBox(QStringLiteral("Database access is denied, because another application is using it."));
+    ErrorBox(Words::tr("Database access is denied, because another application is using it."));
     return false;
 }
 
@@ -31,13 +32,13 @@ void LoadingProcedure::CommitTransaction()
 {
     if (Gateway().CommitTransactionDb(m_transactionOpen))
         return;
-    ErrorBox(QStringLiteral("Failure to commit database operations."));
+    ErrorBox(Words::tr("Failure to commit database operations."));
     throw DatabaseFailure(DbError::Reported);
 }
 
 void LoadingProcedure::FailLoading()
 {
-    ErrorBox(QStringLiteral("Database loading failure."));
+    ErrorBox(Words::tr("Database loading failure."));
     throw DatabaseFailure(DbError::Reported);
 }
 
@@ -52,14 +53,12 @@ LoadStep LoadingProcedure::ReportFailure(quint32 errorNumber)
     const bool unreported = errorNumber == DbError::Unreported;
 
     if (wasOpen && unreported && rolledBack) {
-        ErrorBox(
-            QStringLiteral("Failure in database operation. All modifications rolled back successfully."));
+        ErrorBox(Words::tr("Failure in database operation. All modifications rolled back successfully."));
     } else if (wasOpen && unreported) {
-        ErrorBox(QStringLiteral("Failure in a database operation and database also failed to roll back its "
-                                "changes. Warning, database may be corrupted."));
+        ErrorBox(Words::tr("Failure in a database operation and database also failed to roll back its "
+                           "changes. Warning, database may be corrupted."));
     } else if (wasOpen && !rolledBack) {
-        ErrorBox(
-            QStringLiteral("Failure to roll back database changes. Warning, database may be corrupted."));
+        ErrorBox(Words::tr("Failure to roll back database changes. Warning, database may be corrupted."));
     }
     return unreported || errorNumber == DbError::Reported ? LoadStep::Done : LoadStep::GivenUp;
 }

@@ -2,6 +2,7 @@
 
 #include "browser/LoadState.h"
 #include "database/Gateway.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ constexpr int RowsBetweenEvents = 100;
 LoadStep NodesLoading::Prepare()
 {
     LoadState& load = Load();
-    Display().ShowLabel(QStringLiteral("Loading Nodes."));
+    Display().ShowLabel(Words::tr("Loading Nodes."));
     // What is loaded anew can be read until its rows are here: the database may be away.
     m_replaces = load.LoadAddRoot && load.LoadTree->Count() > 1;
     if (m_replaces)

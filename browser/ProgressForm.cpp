@@ -73,8 +73,8 @@ void ProgressForm::cmdLoadStop_Click()
         return;
     m_asking = true;
     const QPointer<ProgressForm> alive(this);
-    const BoxAnswer answer = MsgBox(QStringLiteral("Do you want to interrupt database loading ?"),
-                                    BoxFlags::OkCancel, QStringLiteral("Interrupt Loading"));
+    const BoxAnswer answer = MsgBox(tr("Do you want to interrupt database loading ?"), BoxFlags::OkCancel,
+                                    tr("Interrupt Loading"));
     if (!alive)
         return;
     m_asking = false;

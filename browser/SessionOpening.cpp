@@ -7,6 +7,7 @@
 #include "model/ModelState.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ LoadStep SessionOpening::Step()
     switch (m_step++) {
     case 0:
         Display().ShowRange(1, 100);
-        Display().ShowLabel(QStringLiteral("Opening Database."));
+        Display().ShowLabel(Words::tr("Opening Database."));
         return LoadStep::More;
     case 1:
         CreateGateway();
@@ -30,7 +31,7 @@ LoadStep SessionOpening::Step()
     case 2:
         OpenSession();
         Display().ShowValue(20);
-        Display().ShowLabel(QStringLiteral("Checking security options."));
+        Display().ShowLabel(Words::tr("Checking security options."));
         return LoadStep::More;
     case 3:
         ReadRights();
@@ -39,7 +40,7 @@ LoadStep SessionOpening::Step()
     case 4:
         ReadConnectionTypes();
         Display().ShowValue(50);
-        Display().ShowLabel(QStringLiteral("Reading journal table."));
+        Display().ShowLabel(Words::tr("Reading journal table."));
         return LoadStep::More;
     case 5:
         ReadJournalPosition();
@@ -52,7 +53,7 @@ LoadStep SessionOpening::Step()
     default:
         SetLoadState();
         Display().ShowValue(100);
-        Display().ShowLabel(QStringLiteral("Loading Nodes."));
+        Display().ShowLabel(Words::tr("Loading Nodes."));
         return LoadStep::Done;
     }
 }
@@ -83,7 +84,7 @@ void SessionOpening::ReadRights()
 {
     if (Gateway().SetUserSecurityDb())
         return;
-    MsgBox(QStringLiteral("Failure in fetching RMX/30 privileges."));
+    MsgBox(Words::tr("Failure in fetching RMX/30 privileges."));
     Database().ScanRight = false;
     Database().EditRight = false;
 }
@@ -106,7 +107,7 @@ void SessionOpening::ReadJournalPosition()
     const qint32 seen = Load().JournalLastId;
     Load().JournalLastRecord = {};
     if (!Gateway().GetJournalLastIdDb(Load().JournalLastId)) {
-        MsgBox(QStringLiteral("Journal table access failure."));
+        MsgBox(Words::tr("Journal table access failure."));
         Load().JournalLastId = 1;
     } else if (!Browser().Loaded.empty()) {
         // Other controls have not seen more.
@@ -125,7 +126,7 @@ void SessionOpening::SetLoadState()
 {
     LoadState& load = Load();
     load.LoadMoreId = 0;
-    load.LoadRootKey = QStringLiteral("Nodes");
+    load.LoadRootKey = Words::tr("Nodes");
     load.LoadKeySuffix = QStringLiteral("N");
     load.LoadTree = Model().ConObject ? Model().ConObject->NodesTree : nullptr;
     load.LoadAddRoot = true;

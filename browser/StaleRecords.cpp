@@ -2,15 +2,9 @@
 
 #include "database/Gateway.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 namespace {
-
-const QString ConnectionKind = QStringLiteral("Connection ");
-const QString NodeKind = QStringLiteral("Node ");
-
-const QString ChangedSentence =
-    QStringLiteral(" cannot be accessed, because another application has changed it.");
-const QString UpdateSentence = QStringLiteral(" Automatic update follows, try again.");
 
 /// An id in the database equals the one in an entry's key, whose sign is the continuation mark.
 bool SameId(const QString& databaseId, qint32 id)
@@ -23,21 +17,25 @@ bool HasId(const TreeEntries& tree, TreeEntries::Index entry)
     return !GetItem(tree.Key(entry), 2, QLatin1Char(',')).isEmpty();
 }
 
-QString TwiceAnnounced(const QString& kind, const QString& name)
+QString TwiceAnnounced(const QString& text)
 {
-    return kind + name + ChangedSentence + UpdateSentence + UpdateSentence;
+    return text + u' ' + Words::tr("Automatic update follows, try again.");
 }
 
 } // namespace
 
 QString ConnectionChangedText(const QString& name)
 {
-    return ConnectionKind + name + ChangedSentence + UpdateSentence;
+    return Words::tr("Connection %1 cannot be accessed, because another application has changed it. "
+                     "Automatic update follows, try again.")
+        .arg(name);
 }
 
 QString NodeChangedText(const QString& name)
 {
-    return NodeKind + name + ChangedSentence + UpdateSentence;
+    return Words::tr("Node %1 cannot be accessed, because another application has changed it. "
+                     "Automatic update follows, try again.")
+        .arg(name);
 }
 
 void ConEntryChanged(const TreeEntries& tree, TreeEntries::Index entry, bool& hasId, bool& changed)
@@ -77,7 +75,7 @@ bool CheckConEntry(const TreeEntries& tree, TreeEntries::Index entry, StaleRecor
     const QString name = tree.Text(entry);
     ConEntryChanged(tree, entry, hasId, changed);
     if (!hasId)
-        stale = {QStringLiteral("Missing connection index."), false};
+        stale = {Words::tr("Missing connection index."), false};
     else if (changed)
         stale = {ConnectionChangedText(name), true};
     return hasId && !changed;
@@ -90,7 +88,7 @@ bool CheckNodeEntry(const TreeEntries& tree, TreeEntries::Index entry, StaleReco
     const QString name = tree.Text(entry);
     NodeEntryChanged(tree, entry, hasId, changed);
     if (!hasId)
-        stale = {QStringLiteral("Missing node index."), false};
+        stale = {Words::tr("Missing node index."), false};
     else if (changed)
         stale = {NodeChangedText(name), true};
     return hasId && !changed;
@@ -101,7 +99,7 @@ bool CheckConName(const QString& name, qint32 id, StaleRecord& stale)
     QString databaseId;
     if (Gateway().GetParentIDDb(name, databaseId) && SameId(databaseId, id))
         return true;
-    stale = {TwiceAnnounced(ConnectionKind, name), true};
+    stale = {TwiceAnnounced(ConnectionChangedText(name)), true};
     return false;
 }
 
@@ -109,7 +107,7 @@ bool CheckNodeName(const QString& name, qint32 id, StaleRecord& stale)
 {
     QString databaseId;
     if (!Gateway().GetNodeIDDb(name, databaseId)) {
-        stale = {TwiceAnnounced(NodeKind, name), true};
+        stale = {TwiceAnnounced(NodeChangedText(name)), true};
         return false;
     }
     if (SameId(databaseId, id))

@@ -105,7 +105,7 @@ QString T4ZelkaBrowser::ConvertWordsBeginningUpperCase(const QString& text, cons
 
 bool T4ZelkaBrowser::testi()
 {
-    MsgBox(QStringLiteral("heippa"));
+    MsgBox(tr("heippa"));
     return false;
 }
 

@@ -50,7 +50,7 @@ std::vector<frmMngrInfo::Manager> frmMngrInfo::ReadManagers()
     const bool done = UnitOfWork({}).Run([&](UnitOfWork& unit) {
         unit.Begin();
         if (!Gateway().GetNMANamesDb(list))
-            unit.Refuse(QStringLiteral("Failure in loading data to combo box."));
+            unit.Refuse(tr("Failure in loading data to combo box."));
         unit.Commit();
     });
     std::vector<Manager> managers;

@@ -21,7 +21,7 @@ if(ZELKA_MOLD AND NOT ZELKA_SANITIZE)
   add_link_options(-fuse-ld=mold)
 endif()
 
-set(ZELKA_QT Core Network Sql Test)
+set(ZELKA_QT Core LinguistTools Network Sql Test)
 if(ZELKA_GUI)
   list(APPEND ZELKA_QT Gui Widgets Svg Help)
 endif()

@@ -6,6 +6,7 @@
 #include "database/UnitOfWork.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -63,8 +64,8 @@ void ConnectionSaving::CheckConnectionName()
     if (!exists)
         return;
     if (m_name != m_con.ConName)
-        m_unit.Refuse(QStringLiteral("Connection %1 already exists. Give a new name.").arg(m_name),
-                      BoxFlags::Plain, QStringLiteral("Information"));
+        m_unit.Refuse(Words::tr("Connection %1 already exists. Give a new name.").arg(m_name),
+                      BoxFlags::Plain, Words::tr("Information"));
     if (m_con.NewCon)
         AskForReplacement();
 }
@@ -75,8 +76,8 @@ void ConnectionSaving::AskForReplacement()
     if (!Gateway().GetParentIDDb(m_name, id))
         m_unit.Refuse(SaveText::ConnectionUnread());
     AskToReplace(m_unit,
-                 QStringLiteral("Connection %1 exists in database. Do you want to replace it ?").arg(m_name),
-                 QStringLiteral("Replace Connection"));
+                 Words::tr("Connection %1 exists in database. Do you want to replace it ?").arg(m_name),
+                 Words::tr("Replace Connection"));
     // Only what the operator has been asked about is replaced.
     RequireUnchanged(m_name, ValInt(id));
     m_replace = true;
@@ -89,8 +90,8 @@ void ConnectionSaving::RefuseNodeName()
     if (!Gateway().NodeNameExistDb(m_name, exists))
         m_unit.Refuse(SaveText::SearchFailure());
     if (exists)
-        m_unit.Refuse(QStringLiteral("Node name %1 already exists in the database. No saving, because "
-                                     "connections and nodes cannot share the same name.")
+        m_unit.Refuse(Words::tr("Node name %1 already exists in the database. No saving, because "
+                                "connections and nodes cannot share the same name.")
                           .arg(m_name));
 }
 
@@ -119,8 +120,8 @@ void ConnectionSaving::RequireUnchanged(const QString& name, qint32 id)
 {
     QString current;
     if (!Gateway().GetParentIDDb(name, current) || ValInt(current) != id)
-        m_unit.Refuse(QStringLiteral("Save is prevented, because another application has changed this "
-                                     "connection. Close dialog and try again."));
+        m_unit.Refuse(Words::tr("Save is prevented, because another application has changed this "
+                                "connection. Close dialog and try again."));
 }
 
 void ConnectionSaving::TakeRecord(qint32 position)

@@ -6,7 +6,7 @@ bool DatabaseClass::GetNMAInfoDb(const QString& name, QString& path, QString& co
     return Database().DatabaseOpen &&
            RunInTransaction(
                [&](HvxDatabase& component) { component.GetNMAInfo(name, path, commandText, index); },
-               QStringLiteral("GetNMAInfoDb,failure to commit database operations."));
+               tr("GetNMAInfoDb,failure to commit database operations."));
 }
 
 bool DatabaseClass::GetNMANamesDb(QString& list)

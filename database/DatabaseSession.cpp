@@ -5,6 +5,7 @@
 #include "platform/Components.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 #include <QPointer>
 
@@ -29,17 +30,25 @@ struct FatalOpenError
 
 constexpr std::array<FatalOpenError, 6> FatalOpenErrors{{
     {DatabaseErrorNumber::UpgradeFailed,
-     "Unable to open HVX Database, because upgrading it to latest format failed."},
+     QT_TRANSLATE_NOOP("Words",
+                       "Unable to open HVX Database, because upgrading it to latest format failed.")},
     {DatabaseErrorNumber::SourceMissing,
-     "Unable to open HVX Database, because the database file (Dbs.mdb) is missing or ODBC DSN DBS32 is not "
-     "set to the database."},
-    {DatabaseErrorNumber::CamAccess, "Unable to open HVX Database, because of CAM access error."},
+     QT_TRANSLATE_NOOP("Words", "Unable to open HVX Database, because the database file (Dbs.mdb) is missing "
+                                "or ODBC DSN DBS32 is not "
+                                "set to the database.")},
+    {DatabaseErrorNumber::CamAccess,
+     QT_TRANSLATE_NOOP("Words", "Unable to open HVX Database, because of CAM access error.")},
     {DatabaseErrorNumber::ReadOnly,
-     "Unable to open HVX Database, because the database file (Dbs.mdb) is in read-only mode."},
+     QT_TRANSLATE_NOOP(
+         "Words", "Unable to open HVX Database, because the database file (Dbs.mdb) is in read-only mode.")},
     {DatabaseErrorNumber::TablesMissing,
-     "Unable to open HVX Database, because the database file (Dbs.mdb) is missing one or more tables."},
+     QT_TRANSLATE_NOOP(
+         "Words",
+         "Unable to open HVX Database, because the database file (Dbs.mdb) is missing one or more tables.")},
     {DatabaseErrorNumber::UnusableFile,
-     "Unable to open HVX Database, because of unknown table problem in the database file (Dbs.mdb)."},
+     QT_TRANSLATE_NOOP(
+         "Words",
+         "Unable to open HVX Database, because of unknown table problem in the database file (Dbs.mdb).")},
 }};
 
 const char* FatalOpenText(quint32 number)
@@ -60,7 +69,7 @@ HvxDatabase& DatabaseClass::Component()
 {
     if (!m_component)
         throw ComponentError(DatabaseErrorNumber::Refused, QStringLiteral("DatabaseClass"),
-                             QStringLiteral("There is no database component."));
+                             tr("There is no database component."));
     return *m_component;
 }
 
@@ -83,9 +92,8 @@ bool DatabaseClass::OpenDb()
     if (!alive)
         return false;
     if (!attempt.stopTrying && Database().DatabaseOpen)
-        ErrorBox(
-            QStringLiteral("Unable to open HVX Database, another application has either locked the database "
-                           "or ODBC setting DSN=DBS32 does not exist."));
+        ErrorBox(tr("Unable to open HVX Database, another application has either locked the database "
+                    "or ODBC setting DSN=DBS32 does not exist."));
     Database().EditRight = false;
     Database().DatabaseOpen = false;
     return false;
@@ -137,7 +145,7 @@ bool DatabaseClass::TryOpenDatabase(OpenAttempt& attempt)
     if (number == DatabaseErrorNumber::TablesMissing &&
         RunDirect([](HvxDatabase& component) { component.OpenDatabase(); }))
         return true;
-    ErrorBox(QString::fromLatin1(text));
+    ErrorBox(Words::tr(text));
     return false;
 }
 
@@ -148,8 +156,7 @@ void DatabaseClass::CheckBusyDatabase()
         qint32 locked = 0;
         Component().IsCAMlocked(locked);
         if (locked == 0) {
-            ErrorBox(
-                QStringLiteral("Access to HVX Database is denied, another application might be using it."));
+            ErrorBox(tr("Access to HVX Database is denied, another application might be using it."));
             throw DatabaseFailure(DbError::Reported);
         }
         Component().FreeCAMlock();
@@ -162,7 +169,7 @@ void DatabaseClass::CheckBusyDatabase()
     // The session ends here, so nobody else would give the database back to the other applications.
     RollbackTransactionDb();
     Database().DatabaseOpen = false;
-    ErrorBox(QStringLiteral("Failure to commit HVX Database operations."));
+    ErrorBox(tr("Failure to commit HVX Database operations."));
     throw DatabaseFailure(DbError::Reported);
 }
 
@@ -179,7 +186,7 @@ void DatabaseClass::RequireFormat()
     if (read && versionText.contains(FormatMark, Qt::CaseInsensitive))
         return;
     RollbackTransactionDb();
-    MsgBox(QStringLiteral("In correct HVX Database format, at least HVX Database version 4.2 is required."));
+    MsgBox(tr("In correct HVX Database format, at least HVX Database version 4.2 is required."));
     if (alive) {
         Component().CloseDb();
         Database().DatabaseOpen = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Words.h"
+
 #include <QString>
 
 /// Words that every unit of work on the database shows alike.
@@ -7,12 +9,12 @@ namespace DatabaseText {
 
 inline QString AccessDenied()
 {
-    return QStringLiteral("Database access is denied, because another application is using it.");
+    return Words::tr("Database access is denied, because another application is using it.");
 }
 
 inline QString CommitFailure()
 {
-    return QStringLiteral("Failure to commit database operations.");
+    return Words::tr("Failure to commit database operations.");
 }
 
 } // namespace DatabaseText

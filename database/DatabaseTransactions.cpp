@@ -3,18 +3,21 @@
 #include "database/DatabaseState.h"
 #include "database/DatabaseTexts.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 #include <QPointer>
 
 namespace {
 
-const QString RollbackFailure =
-    QStringLiteral("Failure to roll back database changes. Warning, database may be corrupted.");
+QString RollbackFailure()
+{
+    return Words::tr("Failure to roll back database changes. Warning, database may be corrupted.");
+}
 
 bool OperatorWantsAnotherTry()
 {
-    return MsgBox(QStringLiteral("Database is in use by another application, do you want to try again ?"),
-                  BoxFlags::OkCancel, QStringLiteral("Database sharing problem")) == BoxAnswer::Ok;
+    return MsgBox(Words::tr("Database is in use by another application, do you want to try again ?"),
+                  BoxFlags::OkCancel, Words::tr("Database sharing problem")) == BoxAnswer::Ok;
 }
 
 } // namespace
@@ -107,15 +110,13 @@ void DatabaseClass::ReportDatabaseFailure(quint32 errorNumber, bool& transaction
     const bool reported = errorNumber == DbError::Reported;
     if (transactionOpen && !RollbackTransactionDb()) {
         LeaveTransaction();
-        ErrorBox(unreported
-                     ? QStringLiteral("Failure in a database operation and database also failed to roll "
-                                      "back its changes. Warning, database may be corrupted.")
-                     : RollbackFailure);
+        ErrorBox(unreported ? tr("Failure in a database operation and database also failed to roll "
+                                 "back its changes. Warning, database may be corrupted.")
+                            : RollbackFailure());
     } else if (!unreported && !reported) {
-        ErrorBox(QStringLiteral("Unknown error in access to database."));
+        ErrorBox(tr("Unknown error in access to database."));
     } else if (unreported && transactionOpen) {
-        ErrorBox(
-            QStringLiteral("Failure in database operation. All modifications rolled back successfully."));
+        ErrorBox(tr("Failure in database operation. All modifications rolled back successfully."));
     }
 }
 

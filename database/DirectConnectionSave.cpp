@@ -10,6 +10,7 @@
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ void DirectConnectionSaving::Run(UnitOfWork& unit, const QString& typeLongName)
     unit.Begin();
     bool exists = false;
     if (!Gateway().ConNameExistDb(m_saved.name, exists))
-        unit.Refuse(QStringLiteral("Database search error."));
+        unit.Refuse(Words::tr("Database search error."));
     if (exists && !m_isNew)
         Change(unit);
     else

@@ -8,29 +8,27 @@
 #include "database/UnitOfWork.h"
 #include "model/ConData.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 namespace {
 
 QString ConnectionSaveFailure()
 {
-    return QStringLiteral("Error in connection database saving.");
-}
-
-QString ConnectionLost(const QString& name, const QString& how)
-{
-    return QStringLiteral("Connection %1 is %2 by another application. Nodes cannot be saved without "
-                          "connection. Select another connection and scan again.")
-        .arg(name, how);
+    return Words::tr("Error in connection database saving.");
 }
 
 QString ConnectionDeleted(const QString& name)
 {
-    return ConnectionLost(name, QStringLiteral("deleted from database"));
+    return Words::tr("Connection %1 is deleted from database by another application. Nodes cannot be saved "
+                     "without connection. Select another connection and scan again.")
+        .arg(name);
 }
 
 QString ConnectionChanged(const QString& name)
 {
-    return ConnectionLost(name, QStringLiteral("changed"));
+    return Words::tr("Connection %1 is changed by another application. Nodes cannot be saved without "
+                     "connection. Select another connection and scan again.")
+        .arg(name);
 }
 
 /// Ends the work without what was done; the text is told where there is one. What failed in the database has
@@ -135,9 +133,9 @@ void DirectNodeSaving::ReplaceConnection(const QString& name)
         QString id;
         if (!Gateway().GetParentIDDb(name, id))
             GiveUpSave(m_unit, ConnectionSaveFailure());
-        AskToReplace(
-            m_unit, QStringLiteral("Connection %1 exists in database. Do you want to replace it?").arg(name),
-            QStringLiteral("Replace Connection"), QStringLiteral("Connection and node saving canceled."));
+        AskToReplace(m_unit,
+                     Words::tr("Connection %1 exists in database. Do you want to replace it?").arg(name),
+                     Words::tr("Replace Connection"), Words::tr("Connection and node saving canceled."));
         m_replacedConnection = ValInt(id);
     }
     // Only what the operator has been asked about is replaced.

@@ -4,6 +4,7 @@
 #include "database/UnitOfWork.h"
 #include "model/TextHelpers.h"
 #include "platform/MachineSeams.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -27,17 +28,15 @@ void ReadManager(UnitOfWork& unit, const QString& nodeName, ManagerCommand& comm
     QString commandLine;
     // A node that is gone is answered with empty texts.
     if (!Gateway().GetNodeExDb(nodeName, conName, target, device, commandLine) || conName.isEmpty())
-        unit.Refuse(QStringLiteral("Failure to get node data from database."), ErrorBoxFlags(),
-                    ErrorBoxTitle());
+        unit.Refuse(Words::tr("Failure to get node data from database."), ErrorBoxFlags(), ErrorBoxTitle());
     QString path;
     QString commandText;
     QString index;
     const bool answered = Gateway().GetNMAInfoDb(device, path, commandText, index);
     if (TrimBlanks(device).isEmpty())
-        unit.Refuse(QStringLiteral("Missing Device Name, manager cannot be launched."));
+        unit.Refuse(Words::tr("Missing Device Name, manager cannot be launched."));
     if (!answered || TrimBlanks(path).isEmpty())
-        unit.Refuse(QStringLiteral("Device Name ") + device +
-                    QStringLiteral(" not found, manager cannot be launched."));
+        unit.Refuse(Words::tr("Device Name %1 not found, manager cannot be launched.").arg(device));
     command = ComposeManagerCommand(path, nodeName, commandText);
 }
 
@@ -91,6 +90,6 @@ bool LaunchManager(const ManagerCommand& command)
 {
     if (Machine().StartProgram(command.program, command.arguments))
         return true;
-    MsgBox(QStringLiteral("Manager Launch Error with Command Line:") + command.Text());
+    MsgBox(Words::tr("Manager Launch Error with Command Line:%1").arg(command.Text()));
     return false;
 }

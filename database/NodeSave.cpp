@@ -7,6 +7,7 @@
 #include "model/ConData.h"
 #include "model/GridChecks.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -138,7 +139,7 @@ void NodeSaving::RemoveOldNode()
 void NodeSaving::RemoveNode(const QString& nodeName)
 {
     if (!RemoveNodeEntry(nodeName, *m_con.ConTree, *m_con.NodesTree, true))
-        m_unit.Refuse(QStringLiteral("Failure in removing Node %1.").arg(m_request.name));
+        m_unit.Refuse(Words::tr("Failure in removing Node %1.").arg(m_request.name));
 }
 
 void NodeSaving::TakeRecord(qint32 position)

@@ -9,6 +9,7 @@
 #include "model/GridChecks.h"
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -30,14 +31,14 @@ void TakeNodeName(UnitOfWork& unit, QString& name)
 {
     name = Trim(name);
     if (name.isEmpty())
-        unit.Refuse(QStringLiteral("Give node name."));
+        unit.Refuse(Words::tr("Give node name."));
 }
 
 void RequireMandatoryValues(UnitOfWork& unit, const WpData& waypoint)
 {
     if (!CheckWpMandatory(waypoint))
-        unit.Refuse(QStringLiteral("T4 Node mandatory parameter without value (check parameter names with "
-                                   "bold font)."));
+        unit.Refuse(Words::tr("T4 Node mandatory parameter without value (check parameter names with "
+                              "bold font)."));
 }
 
 void RefuseNameOfConnection(UnitOfWork& unit, const QString& name)
@@ -46,8 +47,8 @@ void RefuseNameOfConnection(UnitOfWork& unit, const QString& name)
     if (!Gateway().ConNameExistDb(name, exists))
         unit.Refuse(SaveText::SearchFailure());
     if (exists)
-        unit.Refuse(QStringLiteral("Node name %1 already exists in the database. No saving, because nodes "
-                                   "and connections cannot share the same name.")
+        unit.Refuse(Words::tr("Node name %1 already exists in the database. No saving, because nodes "
+                              "and connections cannot share the same name.")
                         .arg(name));
 }
 
@@ -71,8 +72,8 @@ qint32 AskToReplaceNode(UnitOfWork& unit, const QString& name)
     QString id;
     if (!Gateway().GetNodeIDDb(name, id))
         FailAfterRollback(unit);
-    AskToReplace(unit, QStringLiteral("Node %1 exists in database. Do you want to replace it ?").arg(name),
-                 QStringLiteral("Replace Node"));
+    AskToReplace(unit, Words::tr("Node %1 exists in database. Do you want to replace it ?").arg(name),
+                 Words::tr("Replace Node"));
     return ValInt(id);
 }
 
@@ -80,8 +81,8 @@ void RequireUnchangedNode(UnitOfWork& unit, const QString& name, qint32 id)
 {
     QString current;
     if (!Gateway().GetNodeIDDb(name, current) || ValInt(current) != id)
-        unit.Refuse(QStringLiteral("Save is prevented, because another application has changed this node. "
-                                   "Close dialog and try again."));
+        unit.Refuse(Words::tr("Save is prevented, because another application has changed this node. "
+                              "Close dialog and try again."));
 }
 
 // Records ---------------------------------------------------------------------------------------------------
@@ -98,13 +99,13 @@ bool SaveNewNodeWithManager(const ConData& con, const QString& name, const QStri
     if (index.isEmpty())
         return true;
     if (!Gateway().UpdateNodeNmaidxDb(name, index)) {
-        MsgBox(QStringLiteral("Manager index doesn't exist."), BoxFlags::Exclamation);
+        MsgBox(Words::tr("Manager index doesn't exist."), BoxFlags::Exclamation);
         return true;
     }
     // Each write gives a record a new id.
     QString id;
     if (!Gateway().GetNodeIDDb(name, id)) {
-        errorText = QStringLiteral("Database error, Node ID missing.");
+        errorText = Words::tr("Database error, Node ID missing.");
         return false;
     }
     RenewNodeKey(nodesTree, name, id);

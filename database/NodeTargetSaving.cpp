@@ -9,6 +9,7 @@
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -85,8 +86,8 @@ bool SaveNodeWithTarget(ConData& con, const QString& nodeName, bool mayReplace)
 {
     con.NodeName = nodeName;
     if (!con.SetTargetString(true)) {
-        MsgBox(QStringLiteral("No saving, because of an error in waypoint parameters or mandatory waypoint "
-                              "is missing all its parameters."));
+        MsgBox(Words::tr("No saving, because of an error in waypoint parameters or mandatory waypoint "
+                         "is missing all its parameters."));
         return false;
     }
     bool exists = false;

@@ -3,6 +3,7 @@
 #include "platform/ComponentError.h"
 #include "platform/ComponentFailure.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ QString CauseOf(ComponentWithLastError& component)
     try {
         component.GetLastError(failure.major, failure.minor, third, failure.text);
     } catch (const std::exception& error) {
-        return QStringLiteral("Error with HVX component") + LineEnd + DescriptionWithNumber(error);
+        return Words::tr("Error with HVX component") + LineEnd + DescriptionWithNumber(error);
     }
     return failure.text + LineEnd + failure.Codes();
 }

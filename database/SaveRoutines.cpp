@@ -6,6 +6,7 @@
 #include "model/TextHelpers.h"
 #include "model/TreeFilling.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -21,12 +22,12 @@ QString KeyOf(QChar kind, const QString& id)
 
 QString ConnectionIdMissing()
 {
-    return QStringLiteral("Database error, Connection ID missing.");
+    return Words::tr("Database error, Connection ID missing.");
 }
 
 QString NodeIdMissing()
 {
-    return QStringLiteral("Database error, Node ID missing.");
+    return Words::tr("Database error, Node ID missing.");
 }
 
 /// The connection's entry, with its children. False: it cannot stand there, or they cannot be read.
@@ -96,16 +97,16 @@ bool ReplaceNodeRecord(const QString& oldName, const QString& newName, const QSt
                        QString& errorText)
 {
     if (!Gateway().DeleteNodeFromBrowserDb(oldName)) {
-        errorText = QStringLiteral("Node ") + oldName + QStringLiteral(" not found from database.");
+        errorText = Words::tr("Node %1 not found from database.").arg(oldName);
         return false;
     }
     if (!Gateway().SaveNodeDb(newName, nodeType, target, conName, ManagerTailOf(commandLine))) {
-        errorText = QStringLiteral("Failure in saving node ") + newName + QStringLiteral(" into database.");
+        errorText = Words::tr("Failure in saving node %1 into database.").arg(newName);
         return false;
     }
     const QString index = ManagerIndexOf(commandLine);
     if (!index.isEmpty() && !Gateway().UpdateNodeNmaidxDb(newName, index))
-        MsgBox(QStringLiteral("Manager index doesn't exist."), BoxFlags::Exclamation);
+        MsgBox(Words::tr("Manager index doesn't exist."), BoxFlags::Exclamation);
     return true;
 }
 
@@ -123,8 +124,7 @@ bool SaveConnectionChanges(const QString& oldName, const QString& newName, const
         if (!Gateway().ConNameExistDb(name, exists))
             return false;
         if (exists) {
-            MsgBox(QStringLiteral("Connection ") + name +
-                   QStringLiteral(" already exists. Give a new name."));
+            MsgBox(Words::tr("Connection %1 already exists. Give a new name.").arg(name));
             return false;
         }
         if (!Gateway().ReplaceParentNameDb(before, name))
@@ -152,15 +152,14 @@ bool SaveNewConnection(const QString& name, const QString& target, TreeEntries& 
     };
     errorText.clear();
     if (trimmed.isEmpty())
-        return refuse(QStringLiteral("Error: Connection name is empty."));
+        return refuse(Words::tr("Error: Connection name is empty."));
     bool exists = false;
     if (!Gateway().ConNameExistDb(trimmed, exists))
-        return refuse(QStringLiteral("Error: Database search error."));
+        return refuse(Words::tr("Error: Database search error."));
     if (exists)
-        return refuse(QStringLiteral("Error: Connection name ") + trimmed +
-                      QStringLiteral(" alredy exists in database."));
+        return refuse(Words::tr("Error: Connection name %1 alredy exists in database.").arg(trimmed));
     if (!Gateway().SaveParentDb(trimmed, target))
-        return refuse(QStringLiteral("Database error, failure in SaveParent."));
+        return refuse(Words::tr("Database error, failure in SaveParent."));
     QString id;
     if (!Gateway().GetParentIDDb(trimmed, id))
         return refuse(ConnectionIdMissing());
@@ -215,14 +214,14 @@ bool SaveNewNode(const QString& name, const QString& conName, const QString& nod
     const QString connection = Trim(conName);
     errorText.clear();
     if (trimmed.isEmpty()) {
-        errorText = QStringLiteral("Node name is empty.");
+        errorText = Words::tr("Node name is empty.");
         return false;
     }
     bool exists = false;
     if (!Gateway().NodeNameExistDb(trimmed, exists))
         return false;
     if (exists) {
-        errorText = QStringLiteral("Node ") + trimmed + QStringLiteral(" already exists. Give a new name.");
+        errorText = Words::tr("Node %1 already exists. Give a new name.").arg(trimmed);
         return false;
     }
     if (!Gateway().SaveNodeDb(trimmed, nodeType, target, connection, ManagerTailOf(commandLine)))

@@ -2,6 +2,7 @@
 
 #include "database/UnitOfWork.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 SaveFlags::SaveFlags(ConData& con)
     : m_con(con),
@@ -31,29 +32,29 @@ SaveFlags::~SaveFlags()
 
 QString SaveText::ParametersRefused()
 {
-    return QStringLiteral(
+    return Words::tr(
         "No saving, because of an error in waypoint parameters or mandatory waypoint is missing all its "
         "parameters.");
 }
 
 QString SaveText::SearchFailure()
 {
-    return QStringLiteral("Failure in database search.");
+    return Words::tr("Failure in database search.");
 }
 
 QString SaveText::ReservedName()
 {
-    return QStringLiteral("'New Connection' cannot be used as a connection name, give a new name.");
+    return Words::tr("'New Connection' cannot be used as a connection name, give a new name.");
 }
 
 QString SaveText::ConnectionFailure()
 {
-    return QStringLiteral("Error in connection database saving.");
+    return Words::tr("Error in connection database saving.");
 }
 
 QString SaveText::ConnectionUnread()
 {
-    return QStringLiteral("Failure to get connection data from database.");
+    return Words::tr("Failure to get connection data from database.");
 }
 
 void AskToReplace(UnitOfWork& unit, const QString& question, const QString& title, const QString& cancelText)

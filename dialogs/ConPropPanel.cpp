@@ -11,6 +11,7 @@
 #include "model/TextHelpers.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/ModalForm.h"
 
 #include <QShowEvent>
@@ -26,27 +27,29 @@ const QString UnknownType = QStringLiteral("Unknown");
 
 QString CountFailed(const QString& name)
 {
-    return QStringLiteral("Nodes count for connection ") + name +
-           QStringLiteral("failed. Close the dialog and try again. ");
+    return Words::tr("Nodes count for connection %1failed. Close the dialog and try again. ").arg(name);
 }
 
 QString TypeIsFixed(const QString& type)
 {
-    return QStringLiteral("Connection type cannot be changed, because the ") + type +
-           QStringLiteral(" connection already has node(s).");
+    return Words::tr("Connection type cannot be changed, because the %1 connection already has node(s).")
+        .arg(type);
 }
 
 QString TypeForbidsNodes(const QString& type)
 {
-    return type + QStringLiteral(" cannot be used, because the connection already has node(s).");
+    return Words::tr("%1 cannot be used, because the connection already has node(s).").arg(type);
 }
 
 QString TypeForbidsScan(const QString& type)
 {
-    return type + QStringLiteral(" cannot be used as a connection type for the scanned nodes.");
+    return Words::tr("%1 cannot be used as a connection type for the scanned nodes.").arg(type);
 }
 
-const QString NothingSelected = QStringLiteral("Select connection part name or parameter from the listbox.");
+QString NothingSelected()
+{
+    return Words::tr("Select connection part name or parameter from the listbox.");
+}
 
 } // namespace
 
@@ -269,7 +272,7 @@ void ConPropPanel::cmdProperties_Click()
 {
     const QString key = m_ui->lvWPlist->SelectedKey();
     if (key.isEmpty()) {
-        MsgBox(NothingSelected);
+        MsgBox(NothingSelected());
         return;
     }
     const int waypoint = ValInt(GetItem(key, 1, KeySeparator));

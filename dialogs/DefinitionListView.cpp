@@ -1,6 +1,7 @@
 #include "dialogs/DefinitionListView.h"
 
 #include "model/ItemList.h"
+#include "platform/Words.h"
 #include "platform/controls/TreeRowDelegate.h"
 
 #include <QEvent>
@@ -25,7 +26,7 @@ bool IsParameterKey(const QString& key)
 
 QString MarkerTitle()
 {
-    return QStringLiteral("M/D");
+    return Words::tr("M/D");
 }
 
 /// Widens columns towards what they need, at the cost of those that have more.
@@ -73,7 +74,7 @@ void DefinitionListView::AddColumn(const QString& title, double share)
     setColumnCount(column + 1);
     headerItem()->setText(column, title);
     if (title == MarkerTitle())
-        headerItem()->setToolTip(column, QStringLiteral("M: mandatory, D: default value in use"));
+        headerItem()->setToolTip(column, tr("M: mandatory, D: default value in use"));
     FitColumns();
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/GridCells.h"
 
 #include "dialogs/GridEdit.h"
+#include "platform/Words.h"
 #include "platform/controls/FlexGrid.h"
 
 void GridCells::MoveTo(int row, int column)
@@ -34,9 +35,9 @@ void GridCells::SetFont(bool bold, bool italic)
     // Weight and slant are hard to tell apart in some fonts, and are not read out.
     if (bold && italic) {
         grid->SetCellMark(m_row, m_column, QStringLiteral("**"),
-                          FlexGrid::tr("One of several parameters that exclude each other"));
+                          Words::tr("One of several parameters that exclude each other"));
     } else if (bold) {
-        grid->SetCellMark(m_row, m_column, QStringLiteral("*"), FlexGrid::tr("Mandatory parameter"));
+        grid->SetCellMark(m_row, m_column, QStringLiteral("*"), Words::tr("Mandatory parameter"));
     } else {
         grid->SetCellMark(m_row, m_column, QString(), QString());
     }

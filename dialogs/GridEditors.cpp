@@ -5,6 +5,7 @@
 #include "dialogs/GridKeys.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/UpDown.h"
 
@@ -141,8 +142,9 @@ void GridOpenCombo()
     comboBox.clear();
     comboBox.setPlaceholderText(QString());
     const QString defaultText = Trim(state.GridParameter.text);
+    // The first of the list, as GridComboValue takes it.
     comboBox.addItem(
-        QStringLiteral("Default (%1)").arg(defaultText.isEmpty() ? QStringLiteral("No value") : defaultText));
+        Words::tr("Default (%1)").arg(defaultText.isEmpty() ? Words::tr("No value") : defaultText));
     const std::size_t count = qMin(state.GridParameter.values.size(),
                                    static_cast<std::size_t>(qMax(0, state.GridParameter.valueCount)));
     for (std::size_t index = 0; index < count; ++index)
@@ -221,7 +223,7 @@ QString GridOutOfRangeText()
     if (value >= GridLow() && value <= GridHigh())
         return {};
     const std::vector<QString>& bounds = GridEdit().GridParameter.values;
-    return QStringLiteral("Value %1 out of range [%2,%3]. Give a new value.")
+    return Words::tr("Value %1 out of range [%2,%3]. Give a new value.")
         .arg(QString::number(value, 'f', 0), bounds[0], bounds[1]);
 }
 
@@ -252,8 +254,15 @@ QString GridComboText()
     return comboBox.currentIndex() < 0 ? comboBox.placeholderText() : comboBox.currentText();
 }
 
-void GridStoreCombo()
+QString GridComboValue()
 {
     const QString text = GridComboText();
-    SetCellText(TextContains(text, u"Default") ? GridEdit().GridParameter.text : text);
+    // A stored text may tell of the default too, but in no other language.
+    const bool isDefault = GridEdit().GridComboBox->currentIndex() == 0 || TextContains(text, u"Default");
+    return isDefault ? GridEdit().GridParameter.text : text;
+}
+
+void GridStoreCombo()
+{
+    SetCellText(GridComboValue());
 }

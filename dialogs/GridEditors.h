@@ -42,3 +42,5 @@ void GridStoreCombo();
 
 /// Text that the combo box shows.
 [[nodiscard]] QString GridComboText();
+/// Value that the combo box stands for: the parameter's default or the text that is shown.
+[[nodiscard]] QString GridComboValue();

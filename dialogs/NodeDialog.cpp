@@ -96,7 +96,7 @@ void NodeDialog::cmdSave_Click()
     }
     QString name = m_controls.name->text();
     if (IsReservedNodeName(name)) {
-        MsgBox(QStringLiteral("'New Node' cannot be used as a node name, give a new name."));
+        MsgBox(tr("'New Node' cannot be used as a node name, give a new name."));
         return;
     }
     const QPointer<NodeDialog> alive(this);

@@ -97,7 +97,7 @@ void NodePages::ClearGrid()
     }
     m_rowCount = 0;
     GridEdit().GridLastRow = 0;
-    m_ui->lblParameterHeader->setText(QStringLiteral("Parameters:"));
+    m_ui->lblParameterHeader->setText(tr("Parameters:"));
 }
 
 // Pages -----------------------------------------------------------------------------------------------------
@@ -182,10 +182,8 @@ QString NodePages::ShownValue(int row) const
     const bool isCurrent = m_ui->grdNodeParam->Row() == row;
     if (isCurrent && GridTextOpen())
         return m_ui->txtGridEdit->text();
-    if (isCurrent && GridComboOpen()) {
-        const QString text = GridComboText();
-        return TextContains(text, u"Default") ? GridEdit().GridParameter.text : text;
-    }
+    if (isCurrent && GridComboOpen())
+        return GridComboValue();
     return m_ui->grdNodeParam->TextMatrix(row, ParameterGrid::ValueColumn);
 }
 

@@ -14,6 +14,7 @@
 #include "model/TextHelpers.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/LongList.h"
 #include "platform/controls/ModalForm.h"
 
@@ -23,8 +24,8 @@ namespace {
 
 QString EmptyDatabaseText()
 {
-    return QStringLiteral("Database is empty. In addition, before a node can be defined there must be at "
-                          "least one connection in the database.");
+    return Words::tr("Database is empty. In addition, before a node can be defined there must be at "
+                     "least one connection in the database.");
 }
 
 } // namespace

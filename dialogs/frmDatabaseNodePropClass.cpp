@@ -10,6 +10,7 @@
 #include "model/ModelState.h"
 #include "model/ParameterLists.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 #include <QSignalBlocker>
 
@@ -60,7 +61,7 @@ bool frmDatabaseNodeProp::ShowConnectionType()
         longName.clear();
     m_ui->imgConArray->setProperty("picture", picture);
     m_ui->imgConArray->setPixmap(ConPicturePixmap(picture, *this));
-    m_ui->lblConnectionType->setText(QStringLiteral("Connection Type: ") + longName);
+    m_ui->lblConnectionType->setText(Words::tr("Connection Type: %1").arg(longName));
     return IsSnmpConType(type, shortName);
 }
 

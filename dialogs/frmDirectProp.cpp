@@ -9,6 +9,7 @@
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/HelpKey.h"
 
 #include <QPointer>
@@ -20,9 +21,15 @@ constexpr int SavedColumn = 3;
 
 // Words ---------------------------------------------------------------------------------------------------
 
-const QString NameMissing = QStringLiteral("Give Connection Name.");
-const QString ParametersRefused =
-    QStringLiteral("Error in waypoint parameters or mandatory waypoint is missing all its parameters.");
+QString NameMissing()
+{
+    return Words::tr("Give Connection Name.");
+}
+
+QString ParametersRefused()
+{
+    return Words::tr("Error in waypoint parameters or mandatory waypoint is missing all its parameters.");
+}
 
 // Values --------------------------------------------------------------------------------------------------
 
@@ -107,11 +114,11 @@ void frmDirectProp::cmdApply_Click()
 {
     const QString name = Trim(m_ui->panConnection->Name());
     if (name.isEmpty()) {
-        MsgBox(NameMissing);
+        MsgBox(NameMissing());
         return;
     }
     if (!m_direct.SetTargetString(true)) {
-        MsgBox(ParametersRefused);
+        MsgBox(ParametersRefused());
         return;
     }
     TakeType();

@@ -63,7 +63,7 @@ bool frmSaveDirectNode::ShowClass()
     ShowText(*m_ui->txtNodeType, known ? longName : typeName);
     if (known && Pages().ChangeClass(longName, [this] { PutNodeValues(Con()); }))
         return true;
-    MsgBox(QStringLiteral("Unknown node type:") + typeName);
+    MsgBox(tr("Unknown node type:%1").arg(typeName));
     return false;
 }
 

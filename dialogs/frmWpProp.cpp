@@ -10,6 +10,7 @@
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/HelpKey.h"
 
 #include <QHeaderView>
@@ -25,7 +26,7 @@ constexpr int LongestNameWidth = 240;
 
 QString HeaderText(const QString& longName)
 {
-    return TextContains(longName, u"param") ? longName : longName + QStringLiteral(" Parameters");
+    return TextContains(longName, u"param") ? longName : Words::tr("%1 Parameters").arg(longName);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "model/TextHelpers.h"
 #include "platform/IndexError.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ const QString& ItemAt(const std::vector<QString>& items, int number)
 
 void TellUnknownNodeType()
 {
-    MsgBox(QStringLiteral("Error: Unknown node type."));
+    MsgBox(Words::tr("Error: Unknown node type."));
 }
 
 } // namespace
@@ -96,7 +97,7 @@ bool ConData::OverlayValues(const QString& target)
         for (int parameter = 0; parameter < parameters; ++parameter) {
             const QString& keyword = ItemAt(items, position);
             if (!GetWpData(i).SetWpParamByName(keyword, ItemAt(items, position + 1)))
-                MsgBox(QStringLiteral("Unknown parameter:") + keyword);
+                MsgBox(Words::tr("Unknown parameter:%1").arg(keyword));
             position += 2;
         }
     }
@@ -248,7 +249,7 @@ bool ConData::GetNodeWithoutDefaults(const QString& nodeName, QString& target)
 {
     ConData* con = Model().ConObject.get();
     if (!con || !con->SetNodeDataFromNodeName(nodeName))
-        ErrorBox(QStringLiteral("Failure to get node data from database."));
+        ErrorBox(Words::tr("Failure to get node data from database."));
     SetNodeTargetWithoutDefaults(target);
     return true;
 }

@@ -3,6 +3,7 @@
 #include "model/ConData.h"
 #include "model/ParameterGrid.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 #include <algorithm>
 
@@ -78,9 +79,9 @@ bool CheckWpMandatory(const WpData& waypoint)
 QString GridRefusalText(bool exclusiveFailure)
 {
     return exclusiveFailure
-               ? QStringLiteral("Mandatory and mutually exclusive parameters are set incorrectly (check "
-                                "parameters with bold and italic font).")
-               : QStringLiteral("Mandatory parameter without value (check parameter names with bold font).");
+               ? Words::tr("Mandatory and mutually exclusive parameters are set incorrectly (check "
+                           "parameters with bold and italic font).")
+               : Words::tr("Mandatory parameter without value (check parameter names with bold font).");
 }
 
 int ReducedParameterCount(int waypoint, int waypointCount)

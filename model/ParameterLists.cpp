@@ -4,6 +4,7 @@
 #include "model/GridChecks.h"
 #include "model/ParameterGrid.h"
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 #include <algorithm>
 
@@ -28,8 +29,8 @@ void WriteCell(ParameterGrid& grid, int row, int column, const QString& text)
 
 void WriteHeaders(ParameterGrid& grid)
 {
-    WriteCell(grid, 0, ParameterGrid::NameColumn, QStringLiteral("Parameter"));
-    WriteCell(grid, 0, ParameterGrid::ValueColumn, QStringLiteral("Value"));
+    WriteCell(grid, 0, ParameterGrid::NameColumn, Words::tr("Parameter"));
+    WriteCell(grid, 0, ParameterGrid::ValueColumn, Words::tr("Value"));
 }
 
 QString ShownValue(ParameterGrid& grid, const WpData& waypoint, int row)
@@ -82,7 +83,7 @@ void ShowWpRows(ParameterGrid& grid, const ConData& con, int waypoint, int rowCo
 
 void FillWpGrid(ParameterGrid& grid, const ConData& con, QString& title, int& rowCount)
 {
-    title = con.GetConWpName(con.SelectedWpIndx) + QStringLiteral("-waypoint parameters:");
+    title = Words::tr("%1-waypoint parameters:").arg(con.GetConWpName(con.SelectedWpIndx));
     rowCount = ShownParameterCount(con.GetWpData(con.SelectedWpIndx), 0);
     ShowWpRows(grid, con, con.SelectedWpIndx, rowCount);
     for (int row = rowCount + 1; row <= NodeGridRows; ++row) {
@@ -133,10 +134,10 @@ void FillConListView(const ConData& con, DefinitionList& list, bool showParamete
     constexpr int Indent = 5;
 
     list.Clear();
-    list.AddColumn(QStringLiteral("Connection Definition"), showParameters ? 0.45 : 0.91);
+    list.AddColumn(Words::tr("Connection Definition"), showParameters ? 0.45 : 0.91);
     if (showParameters) {
-        list.AddColumn(QStringLiteral("Value"), 0.19);
-        list.AddColumn(QStringLiteral("M/D"), 0.06);
+        list.AddColumn(Words::tr("Value"), 0.19);
+        list.AddColumn(Words::tr("M/D"), 0.06);
     }
     for (int i = 1; i <= std::min(con.ConWpCount, ConData::MaxWaypoints); ++i) {
         const QString& name = con.GetConWpLongName(i);

@@ -1,13 +1,14 @@
 #include "platform/ComponentFailure.h"
 
 #include "platform/ComponentWithLastError.h"
+#include "platform/Words.h"
 
 #include <exception>
 
 QString ComponentFailure::Codes() const
 {
-    return QStringLiteral("(Major code = ") + QString::number(major) + QStringLiteral(", Minor code = ") +
-           QString::number(minor) + u')';
+    return Words::tr("(Major code = %1, Minor code = %2)")
+        .arg(QString::number(major), QString::number(minor));
 }
 
 QString ComponentFailure::Told(const QString& otherwise) const

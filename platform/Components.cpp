@@ -1,6 +1,7 @@
 #include "platform/Components.h"
 
 #include "platform/ComponentError.h"
+#include "platform/Words.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -89,8 +90,7 @@ std::unique_ptr<Component> Create(const FactoryTable<Component>& factories, cons
     if (const auto factory = factories.value(id.toUpper())) {
         if (std::unique_ptr<Component> component = factory())
             return component;
-        throw ComponentError(CreationFailed, Source,
-                             QStringLiteral("Component %1 cannot be created.").arg(id));
+        throw ComponentError(CreationFailed, Source, Words::tr("Component %1 cannot be created.").arg(id));
     }
     const QStringList folders = Folders();
     for (const QString& folder : folders) {
@@ -100,8 +100,7 @@ std::unique_ptr<Component> Create(const FactoryTable<Component>& factories, cons
                 return component;
         }
     }
-    throw ComponentError(ClassNotRegistered, Source,
-                         QStringLiteral("Component %1 is not registered.").arg(id));
+    throw ComponentError(ClassNotRegistered, Source, Words::tr("Component %1 is not registered.").arg(id));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "platform/MsgBox.h"
 
+#include "platform/Words.h"
+
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -133,7 +135,7 @@ QString ApplicationTitle()
 
 QString ErrorBoxTitle()
 {
-    return ApplicationTitle() + QStringLiteral(" - Error");
+    return Words::tr("%1 - Error").arg(ApplicationTitle());
 }
 
 void ErrorBox(const QString& text)

@@ -1,6 +1,7 @@
 #include "scan/FoundNodesGrid.h"
 
 #include "model/TextHelpers.h"
+#include "platform/Words.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -19,11 +20,16 @@ constexpr int NarrowColumnTwips = 1000;
 /// Around the text of a row, in pixels.
 constexpr int RowMargin = 6;
 
-const std::array<QString, FoundNodesGrid::ColumnCount> Headers{
-    QStringLiteral("Address"), QStringLiteral("Type"), QStringLiteral("Identification")};
+constexpr std::array<const char*, FoundNodesGrid::ColumnCount> Headers{
+    QT_TRANSLATE_NOOP("Words", "Address"), QT_TRANSLATE_NOOP("Words", "Type"),
+    QT_TRANSLATE_NOOP("Words", "Identification")};
 
 const QString NoAnswerMark = QStringLiteral("?");
-const QString NoAnswer = QStringLiteral("no answer");
+
+QString NoAnswer()
+{
+    return Words::tr("no answer");
+}
 
 } // namespace
 
@@ -43,7 +49,7 @@ void FoundNodesGrid::InitFoundNodesGrid()
     clear();
     SetGridSize(m_gridRows, ColumnCount);
     for (int column = AddressColumn; column < ColumnCount; ++column) {
-        SetTextMatrix(0, column, Headers[static_cast<std::size_t>(column)]);
+        SetTextMatrix(0, column, Words::tr(Headers[static_cast<std::size_t>(column)]));
         SetCellFont(0, column, true, false);
     }
     const int narrow = qRound(double(NarrowColumnTwips) * logicalDpiX() / TwipsPerInch);
@@ -126,7 +132,7 @@ void FoundNodesGrid::SortFoundRows()
 
 void FoundNodesGrid::MarkNodeRow(qint16 row, bool mark)
 {
-    const QString meaning = mark ? NoAnswer : QString();
+    const QString meaning = mark ? NoAnswer() : QString();
     for (int column = AddressColumn; column < ColumnCount; ++column) {
         SetCellFont(row, column, false, mark);
         SetCellMark(row, column, mark && column == AddressColumn ? NoAnswerMark : QString(), meaning);

@@ -3,6 +3,7 @@
 #include "model/ConData.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/DirectObjectKeeper.h"
 #include "scan/frmScanSaveAll.h"
@@ -13,8 +14,10 @@
 
 namespace {
 
-const QString NothingFound =
-    QStringLiteral("The nodes list is empty. First scan network and then save the found nodes.");
+QString NothingFound()
+{
+    return Words::tr("The nodes list is empty. First scan network and then save the found nodes.");
+}
 
 /// False: the type of the nodes is not known; the operator has been told.
 bool FillSaveList(const SaveAllRequest& request)
@@ -43,7 +46,7 @@ bool SaveAllFound(const SaveAllRequest& request)
         return isThere();
     if (Scan().ScanSaveList.empty()) {
         select(0);
-        MsgBox(NothingFound);
+        MsgBox(NothingFound());
         select(0);
         return isThere();
     }

@@ -6,6 +6,7 @@
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/ModalForm.h"
 
 #include <QPointer>
@@ -13,11 +14,17 @@
 
 namespace {
 
-const QString OnlyDirect =
-    QStringLiteral("Connection used in scanning must be saved before the found nodes can be saved.");
-const QString ChangedElsewhere =
-    QStringLiteral("Another application has changed the scanned connection in the database. It must be saved "
-                   "before the found nodes can be saved.");
+QString OnlyDirect()
+{
+    return Words::tr("Connection used in scanning must be saved before the found nodes can be saved.");
+}
+
+QString ChangedElsewhere()
+{
+    return Words::tr(
+        "Another application has changed the scanned connection in the database. It must be saved "
+        "before the found nodes can be saved.");
+}
 
 /// False as well when the window has gone while the operator was asked.
 bool MaySave(const QString& question, const QPointer<QWidget>& window)
@@ -39,7 +46,7 @@ bool CheckScanConnection(ConData& direct, ConData& newDirect, QWidget* window)
 {
     const QPointer<QWidget> parent(window);
     if (!newDirect.ConName.isEmpty()) {
-        if (!MaySave(OnlyDirect, parent))
+        if (!MaySave(OnlyDirect(), parent))
             return false;
         // Under its own name the scanned connection is whole in `direct`, bus included, while the other copy
         // may hold nothing but that name.
@@ -50,7 +57,7 @@ bool CheckScanConnection(ConData& direct, ConData& newDirect, QWidget* window)
     if (window && !parent)
         return false;
     return unchanged ||
-           (MaySave(ChangedElsewhere, parent) && SaveScanConnection(direct, direct, newDirect, parent));
+           (MaySave(ChangedElsewhere(), parent) && SaveScanConnection(direct, direct, newDirect, parent));
 }
 
 bool SaveScanConnection(const ConData& connection, ConData& direct, ConData& newDirect, QWidget* window)

@@ -8,6 +8,7 @@
 #include "platform/HelpLinks.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/ScanRun.h"
@@ -29,16 +30,47 @@ constexpr qint32 NoBus = -1;
 
 // Words ---------------------------------------------------------------------------------------------------
 
-const QString Scanning = QStringLiteral("Scanning ...");
-const QString NoBusFound = QStringLiteral("No Bus found");
-const QString NoBusSelected = QStringLiteral("No bus selected.");
-const QString NotScanned = QStringLiteral("Buses could not be scanned.");
-const QString NoConnection = QStringLiteral("HVXSyncConn component creation failure");
-const QString NoUtility = QStringLiteral("HVXUtility component creation failure");
-const QString ScanFailed = QStringLiteral("Scan failed due to component HVXSyncConn or HVXUtility.");
-const QString MissingComponents =
-    QStringLiteral("Bus scanning failed, because of missing components (either HVXSyncConn or HVXUtility is "
-                   "missing).");
+QString Scanning()
+{
+    return Words::tr("Scanning ...");
+}
+
+QString NoBusFound()
+{
+    return Words::tr("No Bus found");
+}
+
+QString NoBusSelected()
+{
+    return Words::tr("No bus selected.");
+}
+
+QString NotScanned()
+{
+    return Words::tr("Buses could not be scanned.");
+}
+
+QString NoConnection()
+{
+    return Words::tr("HVXSyncConn component creation failure");
+}
+
+QString NoUtility()
+{
+    return Words::tr("HVXUtility component creation failure");
+}
+
+QString ScanFailed()
+{
+    return Words::tr("Scan failed due to component HVXSyncConn or HVXUtility.");
+}
+
+QString MissingComponents()
+{
+    return Words::tr(
+        "Bus scanning failed, because of missing components (either HVXSyncConn or HVXUtility is "
+        "missing).");
+}
 
 } // namespace
 
@@ -78,7 +110,7 @@ void frmBusSelection::Form_Load()
     Scan().SelectedBus = NoBus;
     m_busListValid = false;
     m_ui->lstBusses->clear();
-    m_ui->lstBusses->addItem(Scanning);
+    m_ui->lstBusses->addItem(Scanning());
     m_ui->lstBusses->setCurrentRow(0);
     m_ui->cmdOK->setEnabled(false);
 }
@@ -97,7 +129,7 @@ void frmBusSelection::Timer1_Timer()
     } catch (const std::exception&) {
         if (run->ended)
             return;
-        ErrorBox(ScanFailed);
+        ErrorBox(ScanFailed());
         if (!run->ended)
             Abandon(run);
     }
@@ -109,7 +141,7 @@ void frmBusSelection::ScanBus(const std::shared_ptr<ScanRun>& run)
     if (run->ended)
         return;
     if (!composed) {
-        ErrorBox(NotScanned);
+        ErrorBox(NotScanned());
         if (!run->ended)
             Abandon(run);
         return;
@@ -129,9 +161,9 @@ void frmBusSelection::ScanBus(const std::shared_ptr<ScanRun>& run)
         if (run->ended)
             return;
         if (run->connection)
-            ReportComponentError(NotScanned, *connection);
+            ReportComponentError(NotScanned(), *connection);
         else
-            ErrorBox(MissingComponents);
+            ErrorBox(MissingComponents());
         if (!run->ended)
             AbandonAndClose(run);
     }
@@ -139,10 +171,10 @@ void frmBusSelection::ScanBus(const std::shared_ptr<ScanRun>& run)
 
 bool frmBusSelection::CreateComponents(const std::shared_ptr<ScanRun>& run)
 {
-    QString failure = NoConnection;
+    QString failure = NoConnection();
     try {
         run->connection = CreateSyncConnection(HvxSyncConnId);
-        failure = NoUtility;
+        failure = NoUtility();
         run->utility = CreateHvxUtility(HvxUtilityId);
         return true;
     } catch (const std::exception&) {
@@ -168,7 +200,7 @@ bool frmBusSelection::OpenConnection(const std::shared_ptr<ScanRun>& run, const 
         return false;
     if (opened)
         return true;
-    ReportComponentError(NotScanned, *connection);
+    ReportComponentError(NotScanned(), *connection);
     if (!run->ended)
         AbandonAndClose(run);
     return false;
@@ -188,7 +220,7 @@ void frmBusSelection::ListBuses(const std::shared_ptr<ScanRun>& run)
     int count = 0;
     QStringList buses;
     if (!ParseBusList(answer, count, buses)) {
-        ErrorBox(NotScanned);
+        ErrorBox(NotScanned());
         if (!run->ended)
             Abandon(run);
         return;
@@ -209,7 +241,7 @@ void frmBusSelection::ShowBuses(const QStringList& buses)
     if (m_busListValid)
         m_ui->lstBusses->setCurrentRow(0);
     else
-        m_ui->lstBusses->addItem(NoBusFound);
+        m_ui->lstBusses->addItem(NoBusFound());
 }
 
 void frmBusSelection::Abandon(const std::shared_ptr<ScanRun>& run)
@@ -246,7 +278,7 @@ void frmBusSelection::CmdOk_Click()
 {
     const QListWidgetItem* const selected = m_ui->lstBusses->currentItem();
     if (!m_busListValid || !selected) {
-        MsgBox(NoBusSelected);
+        MsgBox(NoBusSelected());
         return;
     }
     Scan().SelectedBus = ValInt(selected->text());

@@ -108,7 +108,7 @@ void frmScan::Form_Load()
 
 void frmScan::ShowTitle()
 {
-    setWindowTitle(ScanTexts::Title + m_direct.ConName);
+    setWindowTitle(ScanTexts::Title().arg(m_direct.ConName));
 }
 
 void frmScan::showEvent(QShowEvent* event)
@@ -145,17 +145,17 @@ bool frmScan::HasCaption(const QString& caption) const
 
 bool frmScan::IsIdle() const
 {
-    return HasCaption(ScanTexts::Start);
+    return HasCaption(ScanTexts::Start());
 }
 
 bool frmScan::IsScanning() const
 {
-    return HasCaption(ScanTexts::Stop);
+    return HasCaption(ScanTexts::Stop());
 }
 
 bool frmScan::IsStopRequested() const
 {
-    return HasCaption(ScanTexts::StopRequested);
+    return HasCaption(ScanTexts::StopRequested());
 }
 
 // Enabling ------------------------------------------------------------------------------------------------

@@ -66,11 +66,11 @@ void frmScan::txtBus_Change()
             m_ui->txtBus->setText(text);
         }
         m_ui->txtBus->setFocus();
-        TellLater(ScanTexts::LargestBus + text + u'.');
+        TellLater(ScanTexts::LargestBus().arg(text));
     }
     try {
         if (!SetBus(text))
-            TellLater(ScanTexts::BusNotSet);
+            TellLater(ScanTexts::BusNotSet());
     } catch (const std::exception& error) {
         TellLater(DescriptionOf(error), ErrorBoxFlags(), ErrorBoxTitle());
     }

@@ -5,6 +5,7 @@
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "platform/controls/HelpKey.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/frmScanSelSaveProgress.h"
@@ -25,8 +26,15 @@
 
 namespace {
 
-const QString DatabaseBroken = QStringLiteral("Database error, connection to database broken.");
-const QString NothingSelected = QStringLiteral("Nothing is selectd. Select node(s) from the above listbox.");
+QString DatabaseBroken()
+{
+    return Words::tr("Database error, connection to database broken.");
+}
+
+QString NothingSelected()
+{
+    return Words::tr("Nothing is selectd. Select node(s) from the above listbox.");
+}
 
 /// Sizes between which the labels are fitted to the columns, in points.
 constexpr qreal SmallestLabel = 6;
@@ -86,7 +94,9 @@ void frmScanNotSavedList::AlignLabels()
     const int existsEnd = columnAt(SaveLine::Width - SaveLine::TooLongWidth);
     const int end = columnAt(SaveLine::Width);
     QLabel& columns = *m_ui->Label1;
-    const QString beforeName = columns.text().section(QStringLiteral("Node"), 0, 0);
+    // Two blanks part the headings.
+    const QString headings = columns.text();
+    const QString beforeName = headings.left(headings.lastIndexOf(QStringLiteral("  ")) + 2);
     QFont font = columns.font();
     while (QFontMetrics(font).horizontalAdvance(beforeName) > name && font.pointSizeF() > SmallestLabel)
         font.setPointSizeF(font.pointSizeF() - LabelStep);
@@ -137,7 +147,7 @@ void frmScanNotSavedList::CheckNames()
     if (checked)
         FillNotSavedList();
     else
-        MsgBox(DatabaseBroken);
+        MsgBox(DatabaseBroken());
 }
 
 void frmScanNotSavedList::FillNotSavedList()
@@ -212,7 +222,7 @@ bool frmScanNotSavedList::RequireSelectedRows()
 {
     if (GetSelectedRows())
         return true;
-    MsgBox(NothingSelected);
+    MsgBox(NothingSelected());
     return false;
 }
 

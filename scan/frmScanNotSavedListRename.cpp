@@ -2,6 +2,7 @@
 #include "database/NodeSave.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "scan/frmScanNotSavedList.h"
 #include "scan/network/ScanState.h"
 
@@ -11,29 +12,43 @@
 
 namespace {
 
-const QString Title = QStringLiteral("Rename Node");
-const QString InvalidCharacters = QStringLiteral("Invalid characters in node name.");
-const QString ReservedName = QStringLiteral("Node name 'New Node' cannot be used as a node name.");
-const QString SearchFailure = QStringLiteral("Failure in database search.");
+QString Title()
+{
+    return Words::tr("Rename Node");
+}
+
+QString InvalidCharacters()
+{
+    return Words::tr("Invalid characters in node name.");
+}
+
+QString ReservedName()
+{
+    return Words::tr("Node name 'New Node' cannot be used as a node name.");
+}
+
+QString SearchFailure()
+{
+    return Words::tr("Failure in database search.");
+}
 
 QString Prompt(const ScanSaveRow& row)
 {
-    return QStringLiteral("Rename Node ") + row.name + QStringLiteral(" (at address ") + row.shownAddress +
-           QStringLiteral(").");
+    return Words::tr("Rename Node %1 (at address %2).").arg(row.name, row.shownAddress);
 }
 
 QString TooLong(const QString& name)
 {
-    return QStringLiteral("Node name \"") + name + QStringLiteral("\" length is ") +
-           QString::number(name.size()) + QStringLiteral(" characters, ") + QString::number(LongestNodeName) +
-           QStringLiteral(" is allowed maximum length.");
+    return Words::tr("Node name \"%1\" length is %2 characters, %3 is allowed maximum length.")
+        .arg(name, QString::number(name.size()), QString::number(LongestNodeName));
 }
 
 QString ConnectionHasName(const QString& name)
 {
-    return QStringLiteral("Connection name ") + name +
-           QStringLiteral(" already exists in the database. Give a new name, because nodes and connections "
-                          "cannot share the same name.");
+    return Words::tr("Connection name %1 already exists in the database. Give a new name, because nodes and "
+                     "connections "
+                     "cannot share the same name.")
+        .arg(name);
 }
 
 /// Why a node cannot have this name; empty when it can.
@@ -42,14 +57,14 @@ QString Refusal(const QString& name)
     if (name.size() > LongestNodeName)
         return TooLong(name);
     if (!NameCharactersValid(name))
-        return InvalidCharacters;
+        return InvalidCharacters();
     if (name.isEmpty())
         return {};
     if (IsReservedNodeName(name))
-        return ReservedName;
+        return ReservedName();
     bool exists = false;
     if (!Gateway().ConNameExistDb(name, exists))
-        return SearchFailure;
+        return SearchFailure();
     return exists ? ConnectionHasName(name) : QString();
 }
 
@@ -92,7 +107,7 @@ void frmScanNotSavedList::RenameRow(int row)
         if (!asked)
             return;
         QString answer = asked->name;
-        if (!InputBox(Prompt(*asked), Title, answer) || !alive)
+        if (!InputBox(Prompt(*asked), Title(), answer) || !alive)
             return;
         answer = Trim(answer);
         refusal = Refusal(answer);

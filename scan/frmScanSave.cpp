@@ -37,7 +37,7 @@ void frmScan::cmdSave_Click()
     const QPointer<frmScan> alive(this);
     if (selected < 1 || selected > grid.FoundCount() || node.address.isEmpty()) {
         grid.SelectGridRow(selected);
-        MsgBox(ScanTexts::NothingSelected);
+        MsgBox(ScanTexts::NothingSelected());
         if (alive)
             grid.SelectGridRow(selected);
         return;

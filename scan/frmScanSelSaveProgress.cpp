@@ -1,6 +1,7 @@
 #include "scan/frmScanSelSaveProgress.h"
 
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "scan/network/ScanState.h"
 #include "scan/ui_frmScanSelSaveProgress.h"
 
@@ -18,8 +19,8 @@ constexpr int SmallestMaximum = 2;
 
 QString InterruptQuestion(int saved, int all)
 {
-    return QString::number(saved) + QStringLiteral(" of ") + QString::number(all) +
-           QStringLiteral(" nodes are saved. Do you want to interrupt nodes saving to database ?");
+    return Words::tr("%1 of %2 nodes are saved. Do you want to interrupt nodes saving to database ?")
+        .arg(QString::number(saved), QString::number(all));
 }
 
 } // namespace
@@ -115,7 +116,7 @@ void frmScanSelSaveProgress::cmdLoadStop_Click()
     m_asking = true;
     const QPointer<frmScanSelSaveProgress> alive(this);
     const BoxAnswer answer = MsgBox(InterruptQuestion(m_run.SavedCount(), Scan().ScanSelSaveCount()),
-                                    BoxFlags::OkCancel, QStringLiteral("Interrupt Saving"));
+                                    BoxFlags::OkCancel, tr("Interrupt Saving"));
     if (!alive)
         return;
     m_asking = false;

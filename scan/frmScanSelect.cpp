@@ -17,7 +17,7 @@ void frmScan::cmdSelect_Click()
     const int selected = grid.Row();
     const QString address = Trim(grid.TextMatrix(selected, FoundNodesGrid::AddressColumn));
     if (selected < 1 || selected > grid.FoundCount() || address.isEmpty()) {
-        MsgBox(ScanTexts::NothingSelected);
+        MsgBox(ScanTexts::NothingSelected());
         return;
     }
     const QPointer<frmScan> alive(this);

@@ -76,13 +76,13 @@ bool frmScan::Refuse(const QString& message, DigitBox* box)
 bool frmScan::CheckStart()
 {
     if (IsBlank(*m_ui->txtAddrBegin) || IsBlank(*m_ui->txtAddrEnd))
-        return Refuse(ScanTexts::NoRange);
+        return Refuse(ScanTexts::NoRange());
     const QPointer<frmScan> alive(this);
     const TimingLimits retries = RetryLimits();
-    if (!alive || !CheckTiming(*m_ui->txtTimingRetries, retries, ScanTexts::RetriesRefused))
+    if (!alive || !CheckTiming(*m_ui->txtTimingRetries, retries, ScanTexts::RetriesRefused()))
         return false;
     const TimingLimits times = TimeLimits();
-    if (!alive || !CheckTiming(*m_ui->txtTimingTimeout, times, ScanTexts::TimeOutRefused))
+    if (!alive || !CheckTiming(*m_ui->txtTimingTimeout, times, ScanTexts::TimeOutRefused()))
         return false;
     return CheckAddresses();
 }
@@ -91,8 +91,7 @@ bool frmScan::CheckTiming(DigitBox& box, const TimingLimits& limits, const QStri
 {
     if (limits.Allow(box.text()))
         return true;
-    return Refuse(
-        refusal + ScanTexts::OutOfRange + limits.lowest + ScanTexts::To + Trim(limits.highest) + u'.', &box);
+    return Refuse(refusal.arg(limits.lowest, Trim(limits.highest)), &box);
 }
 
 bool frmScan::CheckAddresses()
@@ -100,8 +99,8 @@ bool frmScan::CheckAddresses()
     const double begin = Val(m_ui->txtAddrBegin->text());
     const double end = Val(m_ui->txtAddrEnd->text());
     if (end < begin)
-        return Refuse(ScanTexts::EndBelowBegin, m_ui->txtAddrEnd);
-    const QString accepted = ScanTexts::AcceptedRange + QString::number(HighestScanAddress);
+        return Refuse(ScanTexts::EndBelowBegin(), m_ui->txtAddrEnd);
+    const QString accepted = ScanTexts::AcceptedRange().arg(HighestScanAddress);
     if (!IsScanAddress(begin))
         return Refuse(accepted, m_ui->txtAddrBegin);
     if (!IsScanAddress(end))
@@ -114,7 +113,7 @@ bool frmScan::CheckAddresses()
 void frmScan::cmdStartStop_Click()
 {
     if (IsScanning()) {
-        m_ui->cmdStartStop->setText(ScanTexts::StopRequested);
+        m_ui->cmdStartStop->setText(ScanTexts::StopRequested());
         return;
     }
     if (!IsIdle())
@@ -127,14 +126,14 @@ void frmScan::cmdStartStop_Click()
         m_beginAddress = static_cast<qint16>(ValInt(m_ui->txtAddrBegin->text()));
         m_endAddress = static_cast<qint16>(ValInt(m_ui->txtAddrEnd->text()));
         PrepareProgress(m_beginAddress, m_endAddress);
-        m_ui->cmdStartStop->setText(ScanTexts::Stop);
+        m_ui->cmdStartStop->setText(ScanTexts::Stop());
         SetCommandsEnabled(false);
         InitFoundNodesGrid();
         StartScan();
     } catch (const std::exception&) {
         if (alive && !IsIdle() && !m_run)
             ShowFailedStart();
-        ErrorBox(ScanTexts::Defective);
+        ErrorBox(ScanTexts::Defective());
     }
 }
 
@@ -164,11 +163,11 @@ void frmScan::StartScan()
 
 bool frmScan::CreateComponents(const std::shared_ptr<ScanRun>& run)
 {
-    QString failure = ScanTexts::NoConnection;
+    QString failure = ScanTexts::NoConnection();
     try {
         run->connection = CreateSyncConnection(T4SyncConnId);
         Scan().SyncConnObj = run->connection;
-        failure = ScanTexts::NoUtility;
+        failure = ScanTexts::NoUtility();
         run->utility = CreateHvxUtility(HvxUtilityId);
         Scan().HVXUtilObject = run->utility;
         return true;
@@ -193,7 +192,7 @@ bool frmScan::OpenConnection(const std::shared_ptr<ScanRun>& run)
         return false;
     if (opened)
         return true;
-    ReportComponentError(ScanTexts::NotOpened, *connection);
+    ReportComponentError(ScanTexts::NotOpened(), *connection);
     if (!run->ended)
         AbandonStart(run);
     return false;
@@ -214,7 +213,7 @@ void frmScan::AbandonStart(const std::shared_ptr<ScanRun>& run)
 
 void frmScan::ShowFailedStart()
 {
-    m_ui->cmdStartStop->setText(ScanTexts::Start);
+    m_ui->cmdStartStop->setText(ScanTexts::Start());
     ResetProgress();
     SetCommandsEnabled(true);
     UpdateCommandButtons();
@@ -229,7 +228,7 @@ void frmScan::FailStart(const std::shared_ptr<ScanRun>& run, const std::exceptio
     const auto closing = qScopeGuard([&run] { run->CloseQuietly(); });
     // From here on the window may be gone, or used for another scan.
     if (const std::shared_ptr<SyncConnection> connection = run->connection)
-        ReportComponentError(ScanTexts::NotOpened, *connection);
+        ReportComponentError(ScanTexts::NotOpened(), *connection);
     else
-        ErrorBox(ScanTexts::NotOpened + ScanTexts::LineBreak + DescriptionWithNumber(error));
+        ErrorBox(ScanTexts::NotOpened() + ScanTexts::LineBreak + DescriptionWithNumber(error));
 }

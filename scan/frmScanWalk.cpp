@@ -73,7 +73,7 @@ void frmScan::TakeStep(const std::shared_ptr<ScanRun>& run)
 bool frmScan::QueryNodeAtAddress(const std::shared_ptr<ScanRun>& run, qint16 address, QString& type,
                                  QString& identification)
 {
-    m_ui->lbCurrentAddr->setText(ScanTexts::Scanning + QString::number(address));
+    m_ui->lbCurrentAddr->setText(ScanTexts::Scanning().arg(address));
     Machine().PumpEvents();
     if (!GoesOn(this, run))
         return false;
@@ -96,7 +96,7 @@ void frmScan::FinishScan(const std::shared_ptr<ScanRun>& run)
     EndRun();
     if (m_ui->grdFoundNodes->FoundCount() == 0) {
         const QPointer<frmScan> alive(this);
-        MsgBox(ScanTexts::NoNodes, BoxFlags::Plain, ScanTexts::NoNodesTitle);
+        MsgBox(ScanTexts::NoNodes(), BoxFlags::Plain, ScanTexts::NoNodesTitle());
         if (!alive || m_run)
             return;
     }
@@ -119,12 +119,12 @@ void frmScan::FailScan(const std::shared_ptr<ScanRun>& run, const std::exception
 {
     if (!GoesOn(this, run))
         return;
-    ErrorBox(ScanTexts::NotRunning + ScanTexts::LineBreak + DescriptionWithNumber(error));
+    ErrorBox(ScanTexts::NotRunning() + ScanTexts::LineBreak + DescriptionWithNumber(error));
     if (!GoesOn(this, run))
         return;
     run->Release();
     EndRun();
-    m_ui->cmdStartStop->setText(ScanTexts::Start);
+    m_ui->cmdStartStop->setText(ScanTexts::Start());
     UpdateCommandButtons();
     SetCommandsEnabled(true);
     ResetProgress();
@@ -152,8 +152,8 @@ void frmScan::EndRun()
 
 void frmScan::ShowIdle()
 {
-    m_ui->cmdStartStop->setText(ScanTexts::Start);
-    m_ui->lbCurrentAddr->setText(ScanTexts::Progress);
+    m_ui->cmdStartStop->setText(ScanTexts::Start());
+    m_ui->lbCurrentAddr->setText(ScanTexts::Progress());
     ResetProgress();
 }
 

@@ -4,6 +4,7 @@
 #include "platform/ComponentError.h"
 #include "platform/ComponentFailure.h"
 #include "platform/Components.h"
+#include "platform/Words.h"
 
 #include <utility>
 
@@ -72,7 +73,7 @@ struct NodeTalk::Session
         QString reply;
         try {
             if (state == State::Closed && !Open(over, toTarget))
-                return Failed(over, QStringLiteral("Connection could not be opened."));
+                return Failed(over, Words::tr("Connection could not be opened."));
             Become(State::Asking);
             over->Send(QString(), bytes, reply);
         } catch (const ComponentError& error) {
@@ -110,7 +111,7 @@ NodeTalk::Answer NodeTalk::Ask(const QString& target, const QString& request)
     // This object may be gone when a wait ends.
     const std::shared_ptr<Session> session = m_session;
     if (session->state == State::Opening || session->state == State::Asking)
-        return {false, false, QStringLiteral("A request is under way already.")};
+        return {false, false, Words::tr("A request is under way already.")};
     if (session->target != target)
         session->Close();
 

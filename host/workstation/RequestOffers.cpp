@@ -1,5 +1,7 @@
 #include "host/workstation/RequestOffers.h"
 
+#include "platform/Words.h"
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QStyledItemDelegate>
@@ -30,7 +32,7 @@ void Offer(QComboBox& box, const QString& request, const QString& words)
 
 void OfferRequests(QComboBox& box)
 {
-    Offer(box, QStringLiteral("40"), QComboBox::tr("identification"));
-    Offer(box, QStringLiteral("03"), QComboBox::tr("type"));
+    Offer(box, QStringLiteral("40"), Words::tr("identification"));
+    Offer(box, QStringLiteral("03"), Words::tr("type"));
     box.view()->setItemDelegate(new OfferDelegate(box.view()));
 }

@@ -1,7 +1,10 @@
 #include "host/workstation/WorkstationOptions.h"
 
+#include "platform/Language.h"
+
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <vector>
 
 namespace {
 
@@ -25,6 +28,7 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
 
     std::string database;
     std::string screenshots;
+    std::string language;
     app.add_option("-d,--database", database,
                    "Database to open; else the one that ZELKA_DBS32 or the machine's settings name")
         ->type_name("SOURCE")
@@ -33,6 +37,14 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
                    "Do what is done without a display, writing the pictures to this folder")
         ->type_name("FOLDER")
         ->check(NotEmpty);
+    std::vector<std::string> languages;
+    for (const QString& code : OfferedLanguages())
+        languages.push_back(code.toStdString());
+    app.add_option(
+           "--language", language,
+           "Language of the windows; else the one that ZELKA_LANGUAGE names or that was chosen in the menu")
+        ->type_name("LANGUAGE")
+        ->check(CLI::IsMember(languages));
 
     try {
         app.parse(argc, argv);
@@ -44,5 +56,6 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
     }
     options.database = QString::fromStdString(database);
     options.screenshots = QString::fromStdString(screenshots);
+    options.language = QString::fromStdString(language);
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include "browser/T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
 #include "host/workstation/ConsolePanel.h"
+#include "host/workstation/LanguageMenu.h"
 #include "host/workstation/frmAbout.h"
 #include "host/workstation/ui_WorkstationWindow.h"
 #include "platform/HelpHook.h"
@@ -76,6 +77,7 @@ WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place 
     m_ui->splHost->setSizes({BrowserWidth, PanelWidth});
     if (m_place == Place::Kept)
         RestorePlace();
+    new LanguageMenu(*m_ui->mnuLanguage, m_settings);
     m_ui->mnuSettings->setEnabled(false);
     ConnectHelp();
     connect(m_ui->pnlTarget, &TargetPanel::TargetRead, m_ui->pnlConsole, &ConsolePanel::SetTarget);

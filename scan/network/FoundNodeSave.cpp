@@ -8,13 +8,22 @@
 #include "model/ModelState.h"
 #include "model/TextHelpers.h"
 #include "platform/MsgBox.h"
+#include "platform/Words.h"
 #include "scan/network/SaveList.h"
 
 namespace {
 
 const QString FoundNodeType = QStringLiteral("NET4");
-const QString NoNodeType = QStringLiteral("Node type NET4 not found.");
-const QString UnknownNodeType = QStringLiteral("Unknown node type:");
+
+QString NoNodeType()
+{
+    return Words::tr("Node type NET4 not found.");
+}
+
+QString UnknownNodeType()
+{
+    return Words::tr("Unknown node type:%1").arg(FoundNodeType);
+}
 
 /// The trees that a save patches.
 std::vector<TreeEntries*> PatchedTrees()
@@ -43,7 +52,7 @@ bool TakeFoundNodeType(ConData& direct)
     const bool found = Gateway().GetNodeTypeIdDb(FoundNodeType, id);
     direct.NodeDbID = found ? ValInt(id) : 0;
     if (!found)
-        MsgBox(NoNodeType);
+        MsgBox(NoNodeType());
     return found;
 }
 
@@ -53,13 +62,13 @@ bool LoadFoundNodeType(ConData& direct)
         return false;
     QString longName;
     if (!Gateway().GetNodeTypeLongNameDb(FoundNodeType, longName)) {
-        MsgBox(UnknownNodeType + FoundNodeType);
+        MsgBox(UnknownNodeType());
         return false;
     }
     // Without its rows no node could tell its address.
     if (direct.SetWpDataFromNodeType(longName))
         return true;
-    MsgBox(UnknownNodeType + FoundNodeType);
+    MsgBox(UnknownNodeType());
     return false;
 }
 
@@ -86,9 +95,9 @@ std::vector<ScanSaveRow> FoundNodeRows(const std::vector<FoundNode>& nodes, cons
 
 QString ScannedConnectionChanged(const QString& name)
 {
-    return QStringLiteral("Node saving is prevented, because another application has changed (deleted) "
-                          "connection ") +
-           name + u'.';
+    return Words::tr("Node saving is prevented, because another application has changed (deleted) "
+                     "connection %1.")
+        .arg(name);
 }
 
 FoundNodeOutcome SaveFoundNode(ConData& direct, ConData& newDirect, const ScanSaveRow& row, bool mayReplace)

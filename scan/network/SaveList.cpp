@@ -4,6 +4,7 @@
 #include "database/UnitOfWork.h"
 #include "model/TextHelpers.h"
 #include "platform/MachineSeams.h"
+#include "platform/Words.h"
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ constexpr QChar SingleQuote = u'\'';
 
 QString YesNo(bool yes)
 {
-    return yes ? QStringLiteral("Yes") : QStringLiteral("No");
+    return yes ? Words::tr("Yes") : Words::tr("No");
 }
 
 /// False: failed, the operator has been told.
@@ -123,7 +124,7 @@ QString SaveLineAddress(const QString& line)
 
 bool LineFieldHasYes(const QString& line, int position)
 {
-    return TextContains(QStringView(line).mid(position - 1, FieldWidth), u"Yes");
+    return TextContains(QStringView(line).mid(position - 1, FieldWidth), YesNo(true));
 }
 
 bool LineTellsExisting(const QString& line)

@@ -5,7 +5,8 @@
 QProcessEnvironment EnvironmentWithoutDisplay(const QString& home, const QString& source)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32", "ZELKA_GATEWAY"})
+    for (const char* name :
+         {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "ZELKA_DBS32", "ZELKA_GATEWAY", "ZELKA_LANGUAGE"})
         environment.remove(QLatin1String(name));
     environment.insert(QStringLiteral("HOME"), home);
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));

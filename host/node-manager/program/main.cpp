@@ -1,5 +1,6 @@
 #include "host/node-manager/NodeManagerWindow.h"
 #include "host/node-manager/StartArguments.h"
+#include "platform/Language.h"
 #include "platform/controls/Display.h"
 
 #include <QApplication>
@@ -45,6 +46,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "%s\n", arguments.Text().toUtf8().constData());
         return 0;
     }
+    (void)UseLanguage(ChosenLanguage({}, {}));
     NodeManagerWindow window(arguments);
     window.show();
     return QApplication::exec();

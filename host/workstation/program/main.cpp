@@ -1,9 +1,11 @@
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxutil/HvxUtilityComponent.h"
 #include "components/syncconn/SyncConnectionComponent.h"
+#include "host/workstation/LanguageMenu.h"
 #include "host/workstation/ScriptedRun.h"
 #include "host/workstation/WorkstationOptions.h"
 #include "host/workstation/WorkstationWindow.h"
+#include "platform/Language.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
 #include "platform/controls/WindowBoxPresenter.h"
@@ -27,6 +29,13 @@ QString PictureFolder(const QString& chosen)
     QTemporaryDir folder(QDir::temp().filePath(QStringLiteral("zelka-workstation-XXXXXX")));
     folder.setAutoRemove(false);
     return folder.isValid() ? folder.path() : QString();
+}
+
+/// Before the first window is made, and for the managers that are started from here.
+void SpeakLanguage(const QString& language)
+{
+    qputenv("ZELKA_LANGUAGE", language.toUtf8());
+    (void)UseLanguage(language);
 }
 
 int RunScripted(QSettings& settings, const QString& source, const QString& chosenFolder)
@@ -86,6 +95,7 @@ int main(int argc, char** argv)
 
     QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Zelka"),
                        QStringLiteral("Workstation"));
+    SpeakLanguage(ChosenLanguage(options.language, LanguageMenu::Stored(settings)));
     const QString source = DataSource(options.database);
     if (IsOffscreen() || !options.screenshots.isEmpty())
         return RunScripted(settings, source, options.screenshots);
