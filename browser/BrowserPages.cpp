@@ -8,6 +8,7 @@
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 
 #include <QKeyEvent>
@@ -25,9 +26,6 @@ constexpr int KeyTab = 9;
 constexpr int KeyF1 = 112;
 constexpr int KeyCtrlF = 6;
 constexpr int ShiftDown = 1;
-
-const QString DatabaseTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DatabaseTab1");
-const QString DirectTopic = QStringLiteral("Zelka_Connection_Tool_Overview.htm#DirectTab1");
 
 } // namespace
 
@@ -83,9 +81,15 @@ void BrowserControl::SetTabStops(int page, bool flag)
 
 bool BrowserControl::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease && !isOverride)
         return QWidget::eventFilter(watched, event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (isOverride) {
+        // The tabs have a help of their own, which a window's help key must not take from them.
+        event->setAccepted(key.key() == Qt::Key_F1 && watched != m_ui->cmdScan);
+        return event->isAccepted();
+    }
     const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
     const int code = isTab ? KeyTab : key.key() == Qt::Key_F1 ? KeyF1 : 0;
     const int shift =
@@ -129,7 +133,8 @@ bool BrowserControl::tabMain_KeyDown(int keyCode, int shift)
 void BrowserControl::tabMain_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
-        ShowHelpTopic(m_ui->tabMain->currentIndex() == DatabasePage ? DatabaseTopic : DirectTopic);
+        ShowHelpTopic(m_ui->tabMain->currentIndex() == DatabasePage ? HelpLinks::DatabaseTab
+                                                                    : HelpLinks::DirectTab);
 }
 
 bool BrowserControl::tabNode_KeyDown(int keyCode, int shift)
@@ -149,7 +154,7 @@ bool BrowserControl::tabNode_KeyDown(int keyCode, int shift)
 void BrowserControl::tabNode_KeyUp(int keyCode)
 {
     if (keyCode == KeyF1)
-        ShowHelpTopic(DirectTopic);
+        ShowHelpTopic(HelpLinks::DirectTab);
 }
 
 bool BrowserControl::cmdScan_KeyPress(int keyCode, int shift)
@@ -162,17 +167,17 @@ bool BrowserControl::cmdScan_KeyPress(int keyCode, int shift)
 
 void BrowserControl::cmdDatabaseHelp_Click()
 {
-    ShowHelpTopic(DatabaseTopic);
+    ShowHelpTopic(HelpLinks::DatabaseTab);
 }
 
 void BrowserControl::cmdDirectHelp_Click()
 {
-    ShowHelpTopic(DirectTopic);
+    ShowHelpTopic(HelpLinks::DirectTab);
 }
 
 void BrowserControl::ShowTreeHelp()
 {
-    ShowHelpTopic(DatabaseTopic);
+    ShowHelpTopic(HelpLinks::DatabaseTab);
 }
 
 // Contents --------------------------------------------------------------------------------------------------

@@ -8,6 +8,8 @@
 #include "model/ItemList.h"
 #include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
+#include "platform/controls/HelpKey.h"
 
 namespace {
 
@@ -25,6 +27,7 @@ frmMngrInfo::frmMngrInfo(ConData& con, QWidget* parent)
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmMngrInfo::cmdOK_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmMngrInfo::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 frmMngrInfo::~frmMngrInfo() = default;
@@ -99,5 +102,5 @@ void frmMngrInfo::cmdOK_Click()
 
 void frmMngrInfo::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Add00000034.htm#3b49d612"));
+    ShowHelpTopic(HelpLinks::MngrInfo);
 }

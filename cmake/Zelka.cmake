@@ -23,7 +23,7 @@ endif()
 
 set(ZELKA_QT Core LinguistTools Network Sql Test)
 if(ZELKA_GUI)
-  list(APPEND ZELKA_QT Gui Widgets Svg)
+  list(APPEND ZELKA_QT Gui Widgets Svg Help)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
 # The folder of each test in its definitions would keep the tests from sharing one precompiled header.

@@ -11,11 +11,11 @@
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/FlexGrid.h"
+#include "platform/controls/HelpKey.h"
 
 #include <QEvent>
 #include <QPointer>
 #include <QPushButton>
-#include <QShortcut>
 
 NodeDialog::NodeDialog(ConData& con, const QString& helpTopic, QWidget* parent)
     : QDialog(parent), m_con(con), m_helpTopic(helpTopic)
@@ -37,8 +37,7 @@ void NodeDialog::UseControls(const Controls& controls)
     connect(controls.save, &QPushButton::clicked, this, Guarded(&NodeDialog::cmdSave_Click));
     connect(controls.cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(controls.help, &QPushButton::clicked, this, &NodeDialog::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &NodeDialog::cmdHelp_Click);
+    UseHelpKey(*this, *controls.help);
     controls.pages->Attach(m_con);
 }
 

@@ -5,10 +5,11 @@
 #include "database/SaveSupport.h"
 #include "dialogs/ui_frmDatabaseConProp.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/HelpKey.h"
 
 #include <QPointer>
-#include <QShortcut>
 
 frmDatabaseConProp::frmDatabaseConProp(ConData& con, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmDatabaseConProp>()), m_con(con)
@@ -25,8 +26,7 @@ void frmDatabaseConProp::Connect()
     connect(m_ui->cmdSave, &QPushButton::clicked, this, &frmDatabaseConProp::cmdSave_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmDatabaseConProp::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmDatabaseConProp::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmDatabaseConProp::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmDatabaseConProp::Form_Load()
@@ -54,5 +54,5 @@ void frmDatabaseConProp::cmdSave_Click()
 
 void frmDatabaseConProp::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Properties00000007.htm"));
+    ShowHelpTopic(HelpLinks::DatabaseConProp);
 }

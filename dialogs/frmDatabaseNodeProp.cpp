@@ -12,6 +12,7 @@
 #include "model/ItemList.h"
 #include "model/PacketSizes.h"
 #include "model/TextHelpers.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
 #include "platform/controls/LongList.h"
@@ -30,8 +31,7 @@ QString EmptyDatabaseText()
 } // namespace
 
 frmDatabaseNodeProp::frmDatabaseNodeProp(ConData& con, QWidget* parent)
-    : NodeDialog(con, QStringLiteral("Browser4Properties00000036.htm"), parent),
-      m_ui(std::make_unique<Ui::frmDatabaseNodeProp>())
+    : NodeDialog(con, HelpLinks::DatabaseNodeProp, parent), m_ui(std::make_unique<Ui::frmDatabaseNodeProp>())
 {
     m_ui->setupUi(this);
     PrepareLongList(*m_ui->cboConName, m_conNames);

@@ -7,11 +7,12 @@
 #include "dialogs/ui_frmDirectProp.h"
 #include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/HelpKey.h"
 
 #include <QPointer>
-#include <QShortcut>
 
 namespace {
 
@@ -71,8 +72,7 @@ void frmDirectProp::Connect()
     connect(m_ui->cmdSave, &QPushButton::clicked, this, &frmDirectProp::cmdSave_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmDirectProp::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmDirectProp::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmDirectProp::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmDirectProp::Form_Load()
@@ -166,5 +166,5 @@ void frmDirectProp::cmdSave_Click()
 
 void frmDirectProp::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Connection_Definition.htm"));
+    ShowHelpTopic(HelpLinks::DirectProp);
 }

@@ -9,6 +9,7 @@
 #include "dialogs/ui_frmSaveDirectNode.h"
 #include "model/ConData.h"
 #include "model/LookupHelpers.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 
 namespace {
@@ -23,7 +24,7 @@ void ShowText(QLineEdit& box, const QString& text)
 } // namespace
 
 frmSaveDirectNode::frmSaveDirectNode(ConData& direct, ConData& newDirect, QWidget* parent)
-    : NodeDialog(direct, QStringLiteral("Browser4Save_One_Node.htm#SaveDirect1"), parent),
+    : NodeDialog(direct, HelpLinks::SaveDirectNode, parent),
       m_ui(std::make_unique<Ui::frmSaveDirectNode>()),
       m_newDirect(newDirect)
 {

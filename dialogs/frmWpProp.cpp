@@ -8,11 +8,12 @@
 #include "model/ParameterLists.h"
 #include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/HelpKey.h"
 
 #include <QHeaderView>
-#include <QShortcut>
 
 namespace {
 
@@ -37,8 +38,7 @@ frmWpProp::frmWpProp(ConData& con, QWidget* parent)
     connect(m_ui->CmdOk, &QPushButton::clicked, this, &frmWpProp::CmdOk_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->CmdHelp, &QPushButton::clicked, this, &frmWpProp::CmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmWpProp::CmdHelp_Click);
+    UseHelpKey(*this, *m_ui->CmdHelp);
     Form_Load();
 }
 
@@ -110,5 +110,5 @@ void frmWpProp::CmdOk_Click()
 
 void frmWpProp::CmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Properties00000007.htm#acf22e1c"));
+    ShowHelpTopic(HelpLinks::WpProp);
 }

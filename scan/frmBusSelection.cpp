@@ -5,9 +5,11 @@
 #include "model/TextHelpers.h"
 #include "platform/Components.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/ScanRun.h"
 #include "scan/network/BusList.h"
@@ -15,7 +17,6 @@
 #include "scan/ui_frmBusSelection.h"
 
 #include <QPointer>
-#include <QShortcut>
 
 #include <utility>
 
@@ -101,8 +102,7 @@ void frmBusSelection::Connect()
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmBusSelection::CmdOk_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmBusSelection::cmdCancel_Click);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmBusSelection::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmBusSelection::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmBusSelection::Form_Load()
@@ -301,5 +301,5 @@ void frmBusSelection::done(int result)
 
 void frmBusSelection::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Scan_Busses.htm"));
+    ShowHelpTopic(HelpLinks::ScanBusses);
 }

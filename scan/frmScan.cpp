@@ -6,8 +6,10 @@
 #include "model/ModelState.h"
 #include "platform/ComponentError.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/NamedValues.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/ScanRun.h"
 #include "scan/ScanTexts.h"
@@ -15,7 +17,6 @@
 
 #include <QKeyEvent>
 #include <QPointer>
-#include <QShortcut>
 #include <QShowEvent>
 
 namespace {
@@ -77,8 +78,7 @@ void frmScan::Connect()
     connect(m_ui->cmdSaveAll, &QPushButton::clicked, this, guarded(&frmScan::cmdSaveAll_Click));
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmScan::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmScan::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
     connect(m_tmrScanNodes, &IntervalTimer::Timer, this, &frmScan::tmrScanNodes_Timer);
 }
 
@@ -248,5 +248,5 @@ void frmScan::Form_Unload()
 
 void frmScan::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Scan00000045.htm"));
+    ShowHelpTopic(HelpLinks::Scan);
 }

@@ -3,8 +3,10 @@
 #include "dialogs/ManagerInfo.h"
 #include "model/ConData.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/frmScanSelSaveProgress.h"
 #include "scan/network/ScanState.h"
@@ -15,7 +17,6 @@
 #include <QItemSelection>
 #include <QPointer>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QShowEvent>
 #include <QSignalBlocker>
 
@@ -76,8 +77,7 @@ void frmScanNotSavedList::Connect()
     connect(m_ui->cmdManager, &QPushButton::clicked, this, &frmScanNotSavedList::cmdManager_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmScanNotSavedList::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmScanNotSavedList::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
 }
 
 void frmScanNotSavedList::AlignLabels()
@@ -277,5 +277,5 @@ void frmScanNotSavedList::cmdManager_Click()
 
 void frmScanNotSavedList::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Save_Many_Nodes.htm#SaveManyNodes2"));
+    ShowHelpTopic(HelpLinks::ScanNotSavedList);
 }

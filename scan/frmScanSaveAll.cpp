@@ -2,12 +2,12 @@
 
 #include "model/ConData.h"
 #include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
+#include "platform/controls/HelpKey.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/frmScanNotSavedList.h"
 #include "scan/network/ScanState.h"
 #include "scan/ui_frmScanSaveAll.h"
-
-#include <QShortcut>
 
 frmScanSaveAll::frmScanSaveAll(ConData& direct, ConData& newDirect, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmScanSaveAll>()), m_direct(direct), m_newDirect(newDirect)
@@ -18,8 +18,7 @@ frmScanSaveAll::frmScanSaveAll(ConData& direct, ConData& newDirect, QWidget* par
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmScanSaveAll::CmdOk_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmScanSaveAll::cmdCancel_Click);
     connect(m_ui->cmdHelp, &QPushButton::clicked, this, &frmScanSaveAll::cmdHelp_Click);
-    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
-            &frmScanSaveAll::cmdHelp_Click);
+    UseHelpKey(*this, *m_ui->cmdHelp);
     Form_Load();
 }
 
@@ -77,5 +76,5 @@ void frmScanSaveAll::reject()
 
 void frmScanSaveAll::cmdHelp_Click()
 {
-    ShowHelpTopic(QStringLiteral("Browser4Save_Many_Nodes.htm#SaveManyNodes1"));
+    ShowHelpTopic(HelpLinks::ScanSaveAll);
 }

@@ -6,9 +6,12 @@
 #include "host/workstation/LanguageMenu.h"
 #include "host/workstation/frmAbout.h"
 #include "host/workstation/ui_WorkstationWindow.h"
+#include "platform/HelpHook.h"
+#include "platform/HelpLinks.h"
 #include "platform/controls/SettingsPropertyBag.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QSettings>
 #include <QUrl>
 
@@ -76,6 +79,7 @@ WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place 
         RestorePlace();
     new LanguageMenu(*m_ui->mnuLanguage, m_settings);
     m_ui->mnuSettings->setEnabled(false);
+    ConnectHelp();
     connect(m_ui->pnlTarget, &TargetPanel::TargetRead, m_ui->pnlConsole, &ConsolePanel::SetTarget);
 }
 
@@ -137,6 +141,26 @@ void WorkstationWindow::ConnectMenus()
     connect(m_control, &T4ZelkaBrowser::ManageVisibleChanged, m_ui->mnuManageVisible, &QAction::setChecked);
     connect(m_control, &T4ZelkaBrowser::BrowserTabIndexChanged, m_ui->mnuStartDirect,
             [this](int page) { m_ui->mnuStartDirect->setChecked(page == DirectPage); });
+}
+
+void WorkstationWindow::ConnectHelp()
+{
+    const std::initializer_list<std::pair<QAction*, QString>> pages = {
+        {m_ui->mnuContents, HelpLinks::Contents},
+        {m_ui->mnuHelpWorkstation, HelpLinks::Workstation},
+        {m_ui->mnuHelpDatabaseTab, HelpLinks::DatabaseTab},
+        {m_ui->mnuHelpDirectTab, HelpLinks::DirectTab},
+        {m_ui->mnuHelpFinding, HelpLinks::Finding},
+        {m_ui->mnuHelpOthers, HelpLinks::OtherWorkstations},
+        {m_ui->mnuHelpKeyboard, HelpLinks::Keyboard},
+        {m_ui->mnuHelpMessages, HelpLinks::Messages},
+        {m_ui->mnuHelpCommandLine, HelpLinks::CommandLine},
+    };
+    const bool isThere = Help().HelpFilePath && QFileInfo::exists(Help().HelpFilePath());
+    for (const auto& [action, topic] : pages) {
+        action->setEnabled(isThere);
+        connect(action, &QAction::triggered, this, [topic = topic] { ShowHelpTopic(topic); });
+    }
 }
 
 void WorkstationWindow::mnuAbout_Click()

@@ -52,6 +52,8 @@ protected:
 
 private:
     void ConnectMenus();
+    /// Without a help file its pages are offered in grey.
+    void ConnectHelp();
     void mnuAbout_Click();
     void ReadProperties();
     void WriteProperties();

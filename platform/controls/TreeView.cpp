@@ -111,6 +111,14 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
 
 // Keyboard ----------------------------------------------------------------------------------------------
 
+bool TreeView::event(QEvent* event)
+{
+    // The receivers have a help of their own, which a window's help key must not take from them.
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1)
+        event->accept();
+    return TreeRowsView::event(event);
+}
+
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
     event->accept();

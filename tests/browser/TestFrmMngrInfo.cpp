@@ -38,7 +38,7 @@ private Q_SLOTS:
     void Cancel_ChangesNothing_data();
     void Cancel_ChangesNothing();
     void Enter_IsOk();
-    void Help_ShowsItsTopic();
+    void Help_ButtonOrF1_ShowsItsTopic();
 };
 
 namespace {
@@ -384,7 +384,7 @@ void TestFrmMngrInfo::Enter_IsOk()
     QVERIFY(!fixture.Form->isVisible());
 }
 
-void TestFrmMngrInfo::Help_ShowsItsTopic()
+void TestFrmMngrInfo::Help_ButtonOrF1_ShowsItsTopic()
 {
     FormFixture fixture;
     fixture.Show();
@@ -392,9 +392,11 @@ void TestFrmMngrInfo::Help_ShowsItsTopic()
     Help().ShowHelpTopic = [&](const QString& topic) { topics << topic; };
 
     fixture.Press("cmdHelp");
+    QVERIFY(QTest::qWaitForWindowActive(fixture.Form.get()));
+    QTest::keyClick(&fixture.Path(), Qt::Key_F1);
 
     Help() = {};
-    QCOMPARE(topics, QStringList{"Browser4Add00000034.htm#3b49d612"});
+    QCOMPARE(topics, QStringList(2, QStringLiteral("Browser4Add00000034.htm#3b49d612")));
     QVERIFY(fixture.Form->isVisible());
 }
 

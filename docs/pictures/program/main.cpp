@@ -8,7 +8,10 @@
 #include "components/hvxutil/HvxUtilityComponent.h"
 #include "components/syncconn/SyncConnectionComponent.h"
 #include "dialogs/frmChSelPktSize.h"
+#include "docs/pictures/program/Camera.h"
+#include "host/workstation/WorkstationWindow.h"
 #include "model/TreeEntries.h"
+#include "platform/controls/Display.h"
 #include "platform/controls/TreeView.h"
 #include "tools/netsim/GatewayServer.h"
 #include "tools/netsim/NetworkFile.h"
@@ -18,24 +21,23 @@
 #include <QCheckBox>
 #include <QDeadlineTimer>
 #include <QDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QStyleFactory>
 #include <QTabWidget>
-#include <QTimer>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 
 #include <cstdio>
 #include <functional>
-#include <utility>
 
 namespace {
 
 constexpr int PaintMs = 150;
-
-int failures = 0;
 
 QPalette DarkPalette()
 {
@@ -48,53 +50,6 @@ QPalette DarkPalette()
         palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
     return palette;
 }
-
-/// Writes pictures into one folder, all in one look.
-class Camera
-{
-public:
-    Camera(QString folder, QString look) : m_folder(std::move(folder)), m_look(std::move(look)) {}
-
-    void Take(QWidget& widget, const QString& name) const
-    {
-        const QString file = QStringLiteral("%1/%2-%3.png").arg(m_folder, name, m_look);
-        if (widget.grab().save(file))
-            return;
-        std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
-        ++failures;
-    }
-
-    /// Runs `opening`, which shows a modal dialog, and `work` on that dialog once it has been painted; then,
-    /// behind the picture, `end`, and cancels the dialog.
-    void WithDialog(const std::function<void()>& opening, const QString& name,
-                    const std::function<void(QDialog& dialog)>& work = {},
-                    const std::function<void(QDialog& dialog)>& end = {}) const
-    {
-        bool shown = false;
-        QTimer::singleShot(PaintMs, [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
-            shown = true;
-            if (work)
-                work(*dialog);
-            QApplication::processEvents();
-            Take(*dialog, name);
-            if (end)
-                end(*dialog);
-            dialog->reject();
-        });
-        opening();
-        if (shown)
-            return;
-        std::fprintf(stderr, "%s was not shown\n", qUtf8Printable(name));
-        ++failures;
-    }
-
-private:
-    QString m_folder;
-    QString m_look;
-};
 
 template <typename Widget>
 Widget& Find(QWidget& parent, const char* name)
@@ -247,10 +202,25 @@ void TakeScanDialogs(T4ZelkaBrowser& browser, const Camera& camera)
     qunsetenv("ZELKA_GATEWAY");
 }
 
+/// The operator's window, on a database that it is told by the name of a file that everybody could have.
+void TakeWorkstation(const QString& database, const Camera& camera)
+{
+    const QTemporaryDir folder;
+    QSettings settings(folder.filePath(QStringLiteral("kept.ini")), QSettings::IniFormat);
+    WorkstationWindow window(settings, QFileInfo(database).fileName(), WorkstationWindow::Place::Default);
+    window.resize(960, 600);
+    window.show();
+    window.Start();
+    SelectEntry(*window.Control(), "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
+    QApplication::processEvents();
+    camera.Take(window, QStringLiteral("workstation"));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    UseOffscreenWithoutDisplay();
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 4) {
@@ -284,5 +254,6 @@ int main(int argc, char** argv)
     frmChSelPktSize note(&browser);
     camera.WithDialog([&] { note.exec(); }, QStringLiteral("packet-size"));
     camera.Take(browser, QStringLiteral("browser"));
-    return failures == 0 ? 0 : 1;
+    TakeWorkstation(arguments[1], camera);
+    return camera.AllTaken() ? 0 : 1;
 }

@@ -9,6 +9,7 @@
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
 #include "platform/controls/WindowBoxPresenter.h"
+#include "support/modHTMLHelp.h"
 
 #include <QApplication>
 #include <QDir>
@@ -88,6 +89,7 @@ int main(int argc, char** argv)
     RegisterHvxDatabase();
     RegisterSyncConnections();
     RegisterHvxUtility();
+    OfferHelp();
     if (!options.database.isEmpty())
         SetDataSource(options.database);
 
