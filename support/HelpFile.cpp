@@ -1,6 +1,7 @@
 #include "support/HelpFile.h"
 
 #include "platform/ComponentError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 
@@ -16,11 +17,10 @@ namespace {
 HelpFile::HelpFile(const QString& path)
     : m_path(path), m_folder(QDir::temp().filePath(QStringLiteral("zelka-help-XXXXXX")))
 {
-    const QString words =
-        QStringLiteral("The help file %1 cannot be used.").arg(QDir::toNativeSeparators(path));
+    const QString words = Words::tr("The help file %1 cannot be used.").arg(QDir::toNativeSeparators(path));
     if (!m_folder.isValid())
         Refuse(HelpErrors::NoWorkingFolder,
-               QStringLiteral("There is no room for the help: %1").arg(m_folder.errorString()));
+               Words::tr("There is no room for the help: %1").arg(m_folder.errorString()));
     m_engine = std::make_unique<QHelpEngine>(m_folder.filePath(QStringLiteral("Browser4.qhc")));
     m_engine->setReadOnly(false);
     m_engine->setUsesFilterEngine(true);

@@ -629,6 +629,202 @@
     </message>
 </context>
 <context>
+    <name>HelpBrowser</name>
+    <message>
+        <source>&lt;h1&gt;Not found&lt;/h1&gt;&lt;p&gt;The help has no page &quot;%1&quot;.&lt;/p&gt;</source>
+        <translation>&lt;h1&gt;Nicht gefunden&lt;/h1&gt;&lt;p&gt;Die Hilfe hat keine Seite „%1“.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>HelpFindBar</name>
+    <message>
+        <source>Find in &amp;page:</source>
+        <translation>Auf dieser S&amp;eite suchen:</translation>
+    </message>
+    <message>
+        <source>Enter goes on, Shift+Enter goes back, Escape closes</source>
+        <translation>Eingabetaste sucht weiter, Umschalt+Eingabetaste sucht zurück, Esc schließt</translation>
+    </message>
+    <message>
+        <source>P&amp;revious</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Find the text before (Shift+F3)</source>
+        <translation>Den Text davor suchen (Umschalt+F3)</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>Find the text again (F3)</source>
+        <translation>Den Text weitersuchen (F3)</translation>
+    </message>
+    <message>
+        <source>Outcome of finding in the page</source>
+        <translation>Ergebnis der Suche auf der Seite</translation>
+    </message>
+    <message>
+        <source>Not in this page</source>
+        <translation>Nicht auf dieser Seite</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSearch</name>
+    <message>
+        <source>Words to search for</source>
+        <translation>Gesuchte Wörter</translation>
+    </message>
+    <message>
+        <source>Enter searches all pages of the help</source>
+        <translation>Die Eingabetaste durchsucht alle Seiten der Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Search all pages of the help</source>
+        <translation>Alle Seiten der Hilfe durchsuchen</translation>
+    </message>
+    <message>
+        <source>Outcome of the search</source>
+        <translation>Ergebnis der Suche</translation>
+    </message>
+    <message>
+        <source>Pages found</source>
+        <translation>Gefundene Seiten</translation>
+    </message>
+    <message>
+        <source>Enter shows the page</source>
+        <translation>Die Eingabetaste zeigt die Seite</translation>
+    </message>
+    <message>
+        <source>Searching ...</source>
+        <translation>Suche läuft ...</translation>
+    </message>
+    <message>
+        <source>No page holds &quot;%1&quot;.</source>
+        <translation>Keine Seite enthält „%1“.</translation>
+    </message>
+    <message>
+        <source>Pages found: %1</source>
+        <translation>Gefundene Seiten: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Ways into the help</source>
+        <translation>Wege in die Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>Inde&amp;x</source>
+        <translation>Inde&amp;x</translation>
+    </message>
+    <message>
+        <source>Keyword</source>
+        <translation>Stichwort</translation>
+    </message>
+    <message>
+        <source>Shows the keywords that hold this text; Enter shows the page of the first</source>
+        <translation>Zeigt die Stichwörter, die diesen Text enthalten; die Eingabetaste zeigt die Seite des ersten</translation>
+    </message>
+    <message>
+        <source>Se&amp;arch</source>
+        <translation>S&amp;uche</translation>
+    </message>
+    <message>
+        <source>Help page</source>
+        <translation>Hilfeseite</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Show the page before (Alt+Left)</source>
+        <translation>Die Seite davor zeigen (Alt+Links)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Show the page that you came back from (Alt+Right)</source>
+        <translation>Die Seite zeigen, von der Sie zurückgekehrt sind (Alt+Rechts)</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>Show the first page (Alt+Home)</source>
+        <translation>Die erste Seite zeigen (Alt+Pos1)</translation>
+    </message>
+    <message>
+        <source>Find in Page</source>
+        <translation>Auf der Seite suchen</translation>
+    </message>
+    <message>
+        <source>Find text in this page (Ctrl+F)</source>
+        <translation>Text auf dieser Seite suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Größer</translation>
+    </message>
+    <message>
+        <source>Show the text larger (Ctrl++)</source>
+        <translation>Den Text größer zeigen (Strg++)</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Kleiner</translation>
+    </message>
+    <message>
+        <source>Show the text smaller (Ctrl+-)</source>
+        <translation>Den Text kleiner zeigen (Strg+-)</translation>
+    </message>
+    <message>
+        <source>Normal Size</source>
+        <translation>Normale Größe</translation>
+    </message>
+    <message>
+        <source>Show the text as large as that of the windows (Ctrl+0)</source>
+        <translation>Den Text so groß wie in den Fenstern zeigen (Strg+0)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Stichwörter</translation>
+    </message>
+    <message>
+        <source>%1 is outside of this help and is not opened.</source>
+        <translation>%1 liegt außerhalb dieser Hilfe und wird nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>%1 - Help</source>
+        <translation>%1 - Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>LanguageMenu</name>
     <message>
         <source>The language changes when the workstation is started again.</source>
@@ -1438,6 +1634,14 @@
         <source>type</source>
         <translation>Typ</translation>
     </message>
+    <message>
+        <source>The help file %1 cannot be used.</source>
+        <translation>Die Hilfedatei %1 kann nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>There is no room for the help: %1</source>
+        <translation>Es ist kein Platz für die Hilfe: %1</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationWindow</name>
@@ -1496,6 +1700,46 @@
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>The &amp;Workstation</source>
+        <translation>Die &amp;Workstation</translation>
+    </message>
+    <message>
+        <source>&amp;Database Tab</source>
+        <translation>Seite „&amp;Datenbank“</translation>
+    </message>
+    <message>
+        <source>Di&amp;rect Tab</source>
+        <translation>Seite „Di&amp;rekt“</translation>
+    </message>
+    <message>
+        <source>&amp;Finding Entries</source>
+        <translation>&amp;Einträge finden</translation>
+    </message>
+    <message>
+        <source>&amp;Other Workstations</source>
+        <translation>&amp;Andere Workstations</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard</source>
+        <translation>&amp;Tastatur</translation>
+    </message>
+    <message>
+        <source>&amp;Messages</source>
+        <translation>&amp;Meldungen</translation>
+    </message>
+    <message>
+        <source>Command &amp;Line</source>
+        <translation>Befehls&amp;zeile</translation>
     </message>
 </context>
 <context>
@@ -1929,16 +2173,16 @@
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Show the help on this dialog</source>
-        <translation>Die Hilfe zu diesem Dialogfeld zeigen</translation>
-    </message>
-    <message>
         <source>Help</source>
         <translation>Hilfe</translation>
     </message>
     <message>
         <source>Failure in loading data to combo box.</source>
         <translation>Die Daten des Kombinationsfelds konnten nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Show the help for this window (F1)</source>
+        <translation>Die Hilfe zu diesem Fenster zeigen (F1)</translation>
     </message>
 </context>
 <context>

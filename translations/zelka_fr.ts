@@ -629,6 +629,202 @@
     </message>
 </context>
 <context>
+    <name>HelpBrowser</name>
+    <message>
+        <source>&lt;h1&gt;Not found&lt;/h1&gt;&lt;p&gt;The help has no page &quot;%1&quot;.&lt;/p&gt;</source>
+        <translation>&lt;h1&gt;Introuvable&lt;/h1&gt;&lt;p&gt;L’aide n’a pas de page «&#xa0;%1&#xa0;».&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>HelpFindBar</name>
+    <message>
+        <source>Find in &amp;page:</source>
+        <translation>Chercher dans la &amp;page&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Enter goes on, Shift+Enter goes back, Escape closes</source>
+        <translation>Entrée continue, Maj+Entrée revient, Échap ferme</translation>
+    </message>
+    <message>
+        <source>P&amp;revious</source>
+        <translation>Pré&amp;cédent</translation>
+    </message>
+    <message>
+        <source>Find the text before (Shift+F3)</source>
+        <translation>Chercher le texte avant (Maj+F3)</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>Sui&amp;vant</translation>
+    </message>
+    <message>
+        <source>Find the text again (F3)</source>
+        <translation>Chercher encore le texte (F3)</translation>
+    </message>
+    <message>
+        <source>Outcome of finding in the page</source>
+        <translation>Résultat de la recherche dans la page</translation>
+    </message>
+    <message>
+        <source>Not in this page</source>
+        <translation>Pas dans cette page</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSearch</name>
+    <message>
+        <source>Words to search for</source>
+        <translation>Mots à rechercher</translation>
+    </message>
+    <message>
+        <source>Enter searches all pages of the help</source>
+        <translation>Entrée cherche dans toutes les pages de l’aide</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>&amp;Rechercher</translation>
+    </message>
+    <message>
+        <source>Search all pages of the help</source>
+        <translation>Chercher dans toutes les pages de l’aide</translation>
+    </message>
+    <message>
+        <source>Outcome of the search</source>
+        <translation>Résultat de la recherche</translation>
+    </message>
+    <message>
+        <source>Pages found</source>
+        <translation>Pages trouvées</translation>
+    </message>
+    <message>
+        <source>Enter shows the page</source>
+        <translation>Entrée affiche la page</translation>
+    </message>
+    <message>
+        <source>Searching ...</source>
+        <translation>Recherche ...</translation>
+    </message>
+    <message>
+        <source>No page holds &quot;%1&quot;.</source>
+        <translation>Aucune page ne contient «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Pages found: %1</source>
+        <translation>Pages trouvées&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>Ways into the help</source>
+        <translation>Accès à l’aide</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Sommaire</translation>
+    </message>
+    <message>
+        <source>Inde&amp;x</source>
+        <translation>Inde&amp;x</translation>
+    </message>
+    <message>
+        <source>Keyword</source>
+        <translation>Mot-clé</translation>
+    </message>
+    <message>
+        <source>Shows the keywords that hold this text; Enter shows the page of the first</source>
+        <translation>Affiche les mots-clés qui contiennent ce texte&#xa0;; Entrée affiche la page du premier</translation>
+    </message>
+    <message>
+        <source>Se&amp;arch</source>
+        <translation>Recherc&amp;he</translation>
+    </message>
+    <message>
+        <source>Help page</source>
+        <translation>Page d’aide</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Show the page before (Alt+Left)</source>
+        <translation>Afficher la page précédente (Alt+Gauche)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avancer</translation>
+    </message>
+    <message>
+        <source>Show the page that you came back from (Alt+Right)</source>
+        <translation>Afficher la page d’où vous êtes revenu (Alt+Droite)</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>Show the first page (Alt+Home)</source>
+        <translation>Afficher la première page (Alt+Origine)</translation>
+    </message>
+    <message>
+        <source>Find in Page</source>
+        <translation>Chercher dans la page</translation>
+    </message>
+    <message>
+        <source>Find text in this page (Ctrl+F)</source>
+        <translation>Chercher du texte dans cette page (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Plus grand</translation>
+    </message>
+    <message>
+        <source>Show the text larger (Ctrl++)</source>
+        <translation>Afficher le texte plus grand (Ctrl++)</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Plus petit</translation>
+    </message>
+    <message>
+        <source>Show the text smaller (Ctrl+-)</source>
+        <translation>Afficher le texte plus petit (Ctrl+-)</translation>
+    </message>
+    <message>
+        <source>Normal Size</source>
+        <translation>Taille normale</translation>
+    </message>
+    <message>
+        <source>Show the text as large as that of the windows (Ctrl+0)</source>
+        <translation>Afficher le texte aussi grand que dans les fenêtres (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Sommaire</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Mots-clés</translation>
+    </message>
+    <message>
+        <source>%1 is outside of this help and is not opened.</source>
+        <translation>%1 est en dehors de cette aide et n’est pas ouvert.</translation>
+    </message>
+    <message>
+        <source>%1 - Help</source>
+        <translation>%1 - Aide</translation>
+    </message>
+</context>
+<context>
     <name>LanguageMenu</name>
     <message>
         <source>The language changes when the workstation is started again.</source>
@@ -1438,6 +1634,14 @@
         <source>type</source>
         <translation>type</translation>
     </message>
+    <message>
+        <source>The help file %1 cannot be used.</source>
+        <translation>Le fichier d’aide %1 n’est pas utilisable.</translation>
+    </message>
+    <message>
+        <source>There is no room for the help: %1</source>
+        <translation>Il n’y a pas de place pour l’aide&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationWindow</name>
@@ -1496,6 +1700,46 @@
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Langue</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Sommaire</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>The &amp;Workstation</source>
+        <translation>La s&amp;tation de travail</translation>
+    </message>
+    <message>
+        <source>&amp;Database Tab</source>
+        <translation>Onglet «&#xa0;&amp;Base de données&#xa0;»</translation>
+    </message>
+    <message>
+        <source>Di&amp;rect Tab</source>
+        <translation>Onglet «&#xa0;Di&amp;rect&#xa0;»</translation>
+    </message>
+    <message>
+        <source>&amp;Finding Entries</source>
+        <translation>Recherche d’&amp;entrées</translation>
+    </message>
+    <message>
+        <source>&amp;Other Workstations</source>
+        <translation>&amp;Autres stations de travail</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard</source>
+        <translation>&amp;Clavier</translation>
+    </message>
+    <message>
+        <source>&amp;Messages</source>
+        <translation>&amp;Messages</translation>
+    </message>
+    <message>
+        <source>Command &amp;Line</source>
+        <translation>&amp;Ligne de commande</translation>
     </message>
 </context>
 <context>
@@ -1929,16 +2173,16 @@
         <translation>A&amp;ide</translation>
     </message>
     <message>
-        <source>Show the help on this dialog</source>
-        <translation>Afficher l’aide de cette boîte de dialogue</translation>
-    </message>
-    <message>
         <source>Help</source>
         <translation>Aide</translation>
     </message>
     <message>
         <source>Failure in loading data to combo box.</source>
         <translation>Échec du chargement des données de la liste déroulante.</translation>
+    </message>
+    <message>
+        <source>Show the help for this window (F1)</source>
+        <translation>Afficher l’aide de cette fenêtre (F1)</translation>
     </message>
 </context>
 <context>
