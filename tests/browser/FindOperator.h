@@ -72,10 +72,11 @@ private:
         // The first dialog is there again when nothing was found.
         if (result.objectName() != QLatin1String("frmSelectTreeNode"))
             return;
-        const QPointer<QDialog> alive(&result);
-        const bool ended = QTest::qWaitFor(
-            [&] { return !alive || !alive->isVisible() || alive->property("searching") == false; }, 20000);
-        if (ended && alive && alive->isVisible())
+        if (!result.property("searching").toBool()) {
             work(result);
+            return;
+        }
+        // A wait of its own would keep a search from its next step that lets events run inside of one.
+        QTimer::singleShot(5, &result, [&result, work] { WaitAndWork(result, work); });
     }
 };

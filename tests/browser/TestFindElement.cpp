@@ -149,7 +149,7 @@ void TestFindElement::Done_Hit_IsSelectedAsIfClicked()
     QCOMPARE(f.SelectedText(), QStringLiteral("xNORTHy"));
     QCOMPARE(f.Control->Sobriquet(), QStringLiteral("xNORTHy"));
     QVERIFY(f.TargetText().contains(QLatin1String("ADDR=17")));
-    QVERIFY(f.Find<TreeView>("tvwConTree").hasFocus());
+    QCOMPARE(f.Control->window()->focusWidget(), &f.Find<TreeView>("tvwConTree"));
     QCOMPARE(Browser().Busy, 0);
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
@@ -212,7 +212,7 @@ void TestFindElement::Search_NoHit_TellsAndGoesBack()
     FindFixture f;
     bool focus = false;
     FindOperator::Search(*f.Control, QStringLiteral("nowhere"), nullptr, [&](QDialog& find) {
-        focus = FindOperator::FindIn<QLineEdit>(find, "txtMatch_Patern").hasFocus();
+        focus = find.focusWidget() == &FindOperator::FindIn<QLineEdit>(find, "txtMatch_Patern");
         find.reject();
     });
     QVERIFY(focus);
@@ -244,7 +244,7 @@ void TestFindElement::Back_AnyWay_LeavesTheFirstDialog()
                 result.close();
         },
         [&](QDialog& find) {
-            stays = FindOperator::FindIn<QLineEdit>(find, "txtMatch_Patern").hasFocus();
+            stays = find.focusWidget() == &FindOperator::FindIn<QLineEdit>(find, "txtMatch_Patern");
             QTest::keyClick(&find, Qt::Key_Escape);
         });
     QVERIFY(stays);
