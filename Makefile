@@ -1,4 +1,4 @@
-# make run | test | lint | bench | asan | fuzz | pictures
+# make run | test | lint | bench | asan | fuzz | pictures | api
 JOBS ?= $(shell nproc)
 # Many tests wait for a server or a clock most of their time.
 TEST_JOBS ?= $(shell expr $(JOBS) + 1)
@@ -6,7 +6,7 @@ TEST_JOBS ?= $(shell expr $(JOBS) + 1)
 FUZZ_SECONDS ?= 60
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan fuzz pictures deps clean
+.PHONY: run test lint bench asan fuzz pictures api deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -45,6 +45,12 @@ pictures: deps
 	cmake --preset release >/dev/null
 	cmake --build build/release -j $(JOBS) --target zelka zelka-pictures
 	packaging/make-pictures build/release/bin docs/pictures
+
+api: deps
+	@packaging/install-build-deps packaging/debian-packages-api.txt
+	cmake --preset release >/dev/null
+	cmake --build build/release --target api
+	@echo "The page stands in build/release/api/html/index.html"
 
 deps:
 	@packaging/install-build-deps

@@ -7,9 +7,11 @@
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
 #include "platform/controls/WindowBoxPresenter.h"
+#include "support/ComponentVersion.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -26,6 +28,15 @@ QString PictureFolder(const QString& chosen)
     QTemporaryDir folder(QDir::temp().filePath(QStringLiteral("zelka-workstation-XXXXXX")));
     folder.setAutoRemove(false);
     return folder.isValid() ? folder.path() : QString();
+}
+
+/// The library that is installed beside this program is the control of a user who has none registered.
+void RegisterInstalledControl()
+{
+    const QString file = QDir::cleanPath(
+        QDir(QApplication::applicationDirPath()).filePath(QStringLiteral(ZELKA_CONTROL_FILE)));
+    if (QFileInfo::exists(file))
+        RegisterControlOnce(file);
 }
 
 int RunScripted(QSettings& settings, const QString& source, const QString& chosenFolder)
@@ -79,6 +90,7 @@ int main(int argc, char** argv)
     RegisterHvxDatabase();
     RegisterSyncConnections();
     RegisterHvxUtility();
+    RegisterInstalledControl();
     if (!options.database.isEmpty())
         SetDataSource(options.database);
 
