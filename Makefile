@@ -1,4 +1,4 @@
-# make run | test | lint | bench | asan | fuzz | pictures | translations
+# make run | test | lint | bench | asan | fuzz | pictures | api | translations
 JOBS ?= $(shell nproc)
 # Many tests wait for a server or a clock most of their time.
 TEST_JOBS ?= $(shell expr $(JOBS) + 1)
@@ -6,7 +6,7 @@ TEST_JOBS ?= $(shell expr $(JOBS) + 1)
 FUZZ_SECONDS ?= 60
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan fuzz pictures translations deps clean
+.PHONY: run test lint bench asan fuzz pictures api translations deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -49,6 +49,12 @@ pictures: deps
 # Adds the new texts of the sources to the catalogues, unfinished, and drops those that are gone.
 translations: deps
 	packaging/update-translations
+
+api: deps
+	@packaging/install-build-deps packaging/debian-packages-api.txt
+	cmake --preset release >/dev/null
+	cmake --build build/release --target api
+	@echo "The page stands in build/release/api/html/index.html"
 
 deps:
 	@packaging/install-build-deps

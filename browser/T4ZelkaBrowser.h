@@ -3,6 +3,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <ZelkaBrowser/Export.h>
+
 class BrowserControl;
 class PropertyBag;
 
@@ -14,28 +16,43 @@ class PropertyBag;
 /// control raises no events to its host but the notifications of its properties.
 /// Thread: the one of the user interface. The start shows a modal form while the database opens and loads.
 /// All controls of a process share one database session and one set of working objects.
-class T4ZelkaBrowser : public QWidget
+class ZELKA_EXPORT T4ZelkaBrowser : public QWidget
 {
     Q_OBJECT
+    /// False inside a form editor: the control then never starts and touches no database.
     Q_PROPERTY(bool UserMode READ UserMode WRITE SetUserMode DESIGNABLE false STORED false)
+    /// The Refresh command is shown.
     Q_PROPERTY(bool RefreshVisible READ RefreshVisible WRITE SetRefreshVisible NOTIFY RefreshVisibleChanged)
+    /// The trees follow by themselves what other programs change.
     Q_PROPERTY(bool RefreshTimer READ RefreshTimer WRITE SetRefreshTimer NOTIFY RefreshTimerChanged)
+    /// Milliseconds between two refreshes by the timer; 0 or less: none ever falls due.
     Q_PROPERTY(
         int RefreshInterval READ RefreshInterval WRITE SetRefreshInterval NOTIFY RefreshIntervalChanged)
+    /// The Manage command is shown.
     Q_PROPERTY(bool ManageVisible READ ManageVisible WRITE SetManageVisible NOTIFY ManageVisibleChanged)
+    /// Name of the selected node or connection.
     Q_PROPERTY(QString Sobriquet READ Sobriquet WRITE SetSobriquet NOTIFY SobriquetChanged)
+    /// Command line of the selected node's manager.
     Q_PROPERTY(QString CommandLine READ CommandLine WRITE SetCommandLine NOTIFY CommandLineChanged)
+    /// Device name of the selected node: the key of its manager.
     Q_PROPERTY(QString NodeType READ NodeType WRITE SetNodeType NOTIFY NodeTypeChanged)
+    /// Age in days beyond which a refresh trims the Journal; 0: never.
     Q_PROPERTY(
         int JournalDayLimit READ JournalDayLimit WRITE SetJournalDayLimit NOTIFY JournalDayLimitChanged)
+    /// Days that a Journal trimmed by its age keeps.
     Q_PROPERTY(int JournalDaysToKeep READ JournalDaysToKeep WRITE SetJournalDaysToKeep NOTIFY
                    JournalDaysToKeepChanged)
+    /// Records beyond which a refresh trims the Journal; 0: never.
     Q_PROPERTY(int JournalRecordLimit READ JournalRecordLimit WRITE SetJournalRecordLimit NOTIFY
                    JournalRecordLimitChanged)
+    /// Records that a Journal trimmed by their number keeps.
     Q_PROPERTY(int JournalRecordsToKeep READ JournalRecordsToKeep WRITE SetJournalRecordsToKeep NOTIFY
                    JournalRecordsToKeepChanged)
+    /// The page that the control opens with: 1 the direct one, any other the database. Shared by all
+    /// controls.
     Q_PROPERTY(
         int BrowserTabIndex READ BrowserTabIndex WRITE SetBrowserTabIndex NOTIFY BrowserTabIndexChanged)
+    /// The fields of the first node page can be used. Shared by all controls; not stored.
     Q_PROPERTY(bool DirectNodeTabEnabled READ DirectNodeTabEnabled WRITE SetDirectNodeTabEnabled
                    DESIGNABLE false STORED false)
 
@@ -50,8 +67,9 @@ public:
     void SetUserMode(bool value);
     /// Starts a new control: all properties at their defaults. On one that runs: starts it anew.
     Q_INVOKABLE void UserControl_InitProperties();
-    /// Starts a stored control.
+    /// Starts a stored control: with the properties that a bag holds, the others at their defaults.
     void UserControl_ReadProperties(const PropertyBag& bag);
+    /// Stores the properties; those at their defaults are left out, but for RefreshInterval.
     void UserControl_WriteProperties(PropertyBag& bag) const;
 
     // Results for the host ----------------------------------------------------------------------------------
@@ -74,31 +92,27 @@ public:
     Q_INVOKABLE QString DoubleAnyChar(QString& text, const QString& character);
     /// First character, and each behind a character of `separators`, in upper case; all others in lower case.
     Q_INVOKABLE QString ConvertWordsBeginningUpperCase(const QString& text, const QString& separators);
+    /// Shows a box and gives False; for a first try of a host's way to the control.
     Q_INVOKABLE bool testi();
     /// Repaints the control.
     Q_INVOKABLE void Refresh();
 
-    // Properties --------------------------------------------------------------------------------------------
+    // Properties; what they mean stands above ---------------------------------------------------------------
 
     [[nodiscard]] bool RefreshVisible() const;
     void SetRefreshVisible(bool value);
     [[nodiscard]] bool RefreshTimer() const;
     void SetRefreshTimer(bool value);
-    /// Milliseconds; 0 or less: no refresh ever falls due.
     [[nodiscard]] int RefreshInterval() const;
     void SetRefreshInterval(int value);
     [[nodiscard]] bool ManageVisible() const;
     void SetManageVisible(bool value);
-    /// Name of the selected node or connection.
     [[nodiscard]] QString Sobriquet() const;
     void SetSobriquet(const QString& value);
-    /// Command line of the selected node's manager.
     [[nodiscard]] QString CommandLine() const;
     void SetCommandLine(const QString& value);
-    /// Device name of the selected node: the key of its manager.
     [[nodiscard]] QString NodeType() const;
     void SetNodeType(const QString& value);
-    /// Days and records beyond which a refresh trims the Journal, and what it keeps; a limit of 0: never.
     [[nodiscard]] int JournalDayLimit() const;
     void SetJournalDayLimit(int value);
     [[nodiscard]] int JournalDaysToKeep() const;
@@ -107,11 +121,8 @@ public:
     void SetJournalRecordLimit(int value);
     [[nodiscard]] int JournalRecordsToKeep() const;
     void SetJournalRecordsToKeep(int value);
-    /// The page that the control opens with: 1 the direct one, any other the database. Shared by all
-    /// controls.
     [[nodiscard]] int BrowserTabIndex() const;
     void SetBrowserTabIndex(int value);
-    /// The fields of the first node page can be used. Shared by all controls; not stored.
     [[nodiscard]] bool DirectNodeTabEnabled() const;
     void SetDirectNodeTabEnabled(bool value);
 

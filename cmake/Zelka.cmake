@@ -4,6 +4,10 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# What libraries offer to others is marked in their headers; all else is their own.
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
@@ -23,7 +27,7 @@ endif()
 
 set(ZELKA_QT Core LinguistTools Network Sql Test)
 if(ZELKA_GUI)
-  list(APPEND ZELKA_QT Gui Widgets Svg Help)
+  list(APPEND ZELKA_QT Gui Widgets Svg Help Designer UiPlugin)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS ${ZELKA_QT})
 # The folder of each test in its definitions would keep the tests from sharing one precompiled header.
@@ -44,13 +48,13 @@ find_package(CLI11 REQUIRED)
 
 # One interface target for flags and include paths; warnings are errors.
 add_library(zelka_flags INTERFACE)
-target_include_directories(zelka_flags INTERFACE "${CMAKE_SOURCE_DIR}")
+target_include_directories(zelka_flags INTERFACE "${CMAKE_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/include")
 target_compile_options(zelka_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow
                                              $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Woverloaded-virtual>
                                              $<$<BOOL:${ZELKA_CCACHE}>:-fpch-preprocess>)
 target_compile_definitions(
   zelka_flags INTERFACE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
-                        QT_STRICT_ITERATORS ZELKA_VERSION="${PROJECT_VERSION}")
+                        QT_STRICT_ITERATORS ZELKA_BUILD ZELKA_VERSION="${PROJECT_VERSION}")
 if(ZELKA_SANITIZE)
   target_compile_options(zelka_flags INTERFACE -fsanitize=${ZELKA_SANITIZE} -fno-omit-frame-pointer
                                                -fno-sanitize-recover=all)

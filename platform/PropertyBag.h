@@ -3,11 +3,13 @@
 #include <QString>
 #include <QVariant>
 
+#include <ZelkaBrowser/Export.h>
+
 /// Where a host keeps the persisted properties of a control, by name.
 ///
 /// Thread: the control's. Reading and writing never fail; a bag that cannot keep a value loses it, and the
 /// next read gives the default.
-class PropertyBag
+class ZELKA_EXPORT PropertyBag
 {
 public:
     virtual ~PropertyBag() = default;

@@ -1,6 +1,8 @@
 #include "host/workstation/frmAbout.h"
 
 #include "host/workstation/ui_frmAbout.h"
+#include "platform/controls/ModalForm.h"
+#include "support/frmSplash.h"
 
 #include <QIcon>
 
@@ -18,7 +20,13 @@ frmAbout::frmAbout(const QString& database, QWidget* parent)
     m_ui->lblVersion->setText(QStringLiteral(ZELKA_VERSION));
     m_ui->lblQt->setText(QString::fromLatin1(qVersion()));
     m_ui->lblDatabase->setText(database);
+    connect(m_ui->cmdVersion, &QPushButton::clicked, this, &frmAbout::cmdVersion_Click);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 frmAbout::~frmAbout() = default;
+
+void frmAbout::cmdVersion_Click()
+{
+    ShowModalForm<frmSplash>(this);
+}

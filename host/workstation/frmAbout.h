@@ -18,5 +18,7 @@ public:
     ~frmAbout() override;
 
 private:
+    void cmdVersion_Click();
+
     std::unique_ptr<Ui::frmAbout> m_ui;
 };

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "platform/PropertyBag.h"
-
 #include <QSettings>
+
+#include <ZelkaBrowser/Export.h>
+#include <ZelkaBrowser/PropertyBag.h>
 
 /// Keeps properties in a group of a settings store.
 ///
 /// Stores that keep text are read back in the kind of the default; a text that is not of that kind counts as
 /// not stored. The store writes at its own time; its owner calls sync() where that matters.
-class SettingsPropertyBag : public PropertyBag
+class ZELKA_EXPORT SettingsPropertyBag : public PropertyBag
 {
 public:
     /// `settings` is not owned and must live as long as the bag.

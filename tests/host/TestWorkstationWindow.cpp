@@ -3,7 +3,9 @@
 #include "host/workstation/ConsolePanel.h"
 #include "host/workstation/TargetPanel.h"
 #include "host/workstation/WorkstationWindow.h"
+#include "support/ComponentVersion.h"
 #include "tests/components/DatabaseFixture.h"
+#include "tests/support/ModalForms.h"
 #include "tests/support/RecordingPresenter.h"
 #include "tests/support/ScriptedNetwork.h"
 
@@ -56,6 +58,7 @@ private Q_SLOTS:
     void Place_Kept_ComesBack();
     void Place_Default_IsNotStored();
     void About_Opened_TellsVersionAndDatabase();
+    void About_Version_ShowsTheRegisteredOne();
     void Quit_Chosen_ClosesTheWindow();
 
 private:
@@ -426,6 +429,26 @@ void TestWorkstationWindow::About_Opened_TellsVersionAndDatabase()
     QVERIFY(texts.contains(QStringLiteral(ZELKA_VERSION)));
     QVERIFY(texts.contains(QString::fromLatin1(qVersion())));
     QVERIFY(texts.contains(m_database->Source()));
+}
+
+void TestWorkstationWindow::About_Version_ShowsTheRegisteredOne()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder->path());
+    RegisterControl(QStringLiteral("/gone/libzelkabrowser.so.4"));
+    Open(m_database->Source());
+    QString version;
+    ModalForms::InNextDialog([&version](QDialog& about) {
+        ModalForms::InNextDialog([&version](QDialog& splash) {
+            version = ModalForms::FindIn<QLabel>(splash, "lblVersion").text();
+            splash.accept();
+        });
+        ModalForms::ClickIn(about, "cmdVersion");
+        about.accept();
+    });
+
+    Menu("mnuAbout").trigger();
+
+    QCOMPARE(version, QStringLiteral("Version No Version Info available!"));
 }
 
 void TestWorkstationWindow::Quit_Chosen_ClosesTheWindow()

@@ -9,10 +9,12 @@
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
 #include "platform/controls/WindowBoxPresenter.h"
+#include "support/ComponentVersion.h"
 #include "support/modHTMLHelp.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -36,6 +38,15 @@ void SpeakLanguage(const QString& language)
 {
     qputenv("ZELKA_LANGUAGE", language.toUtf8());
     (void)UseLanguage(language);
+}
+
+/// The library that is installed beside this program is the control of a user who has none registered.
+void RegisterInstalledControl()
+{
+    const QString file = QDir::cleanPath(
+        QDir(QApplication::applicationDirPath()).filePath(QStringLiteral(ZELKA_CONTROL_FILE)));
+    if (QFileInfo::exists(file))
+        RegisterControlOnce(file);
 }
 
 int RunScripted(QSettings& settings, const QString& source, const QString& chosenFolder)
@@ -90,6 +101,7 @@ int main(int argc, char** argv)
     RegisterSyncConnections();
     RegisterHvxUtility();
     OfferHelp();
+    RegisterInstalledControl();
     if (!options.database.isEmpty())
         SetDataSource(options.database);
 
