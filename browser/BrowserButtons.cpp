@@ -1,5 +1,6 @@
 #include "browser/BrowserControl.h"
 #include "browser/ConnectionTypes.h"
+#include "browser/EntryIcons.h"
 #include "browser/LoadState.h"
 #include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
@@ -38,29 +39,6 @@ int ShiftState(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) == Qt::NoModifier ? 0 : 1;
 }
-
-/// Icons of the entries, by kind.
-struct EntryIcons
-{
-    QIcon root{QStringLiteral(":/zelka/pictures/root.svg")};
-    QIcon connection{QStringLiteral(":/zelka/pictures/connection.svg")};
-    QIcon waypoint{QStringLiteral(":/zelka/pictures/waypoint.svg")};
-    QIcon node{QStringLiteral(":/zelka/pictures/node.svg")};
-
-    QIcon operator()(const QModelIndex& index) const
-    {
-        switch (index.data(TreeEntries::KindRole).toChar().unicode()) {
-        case u'C':
-            return connection;
-        case u'W':
-            return waypoint;
-        case u'N':
-            return node;
-        default:
-            return root;
-        }
-    }
-};
 
 } // namespace
 

@@ -75,6 +75,7 @@ void BrowserControl::ConnectControls()
     onClick(m_ui->cmdLoadMore, &BrowserControl::cmdLoadMore_Click);
     onClick(m_ui->cmdRefresh, &BrowserControl::cmdRefresh_Click);
     onClick(m_ui->cmdDirectConProp, &BrowserControl::cmdDirectConProp_Click);
+    onClick(m_ui->FindElement, &BrowserControl::FindElement_Click);
     onClick(m_ui->cmdDatabaseHelp, &BrowserControl::cmdDatabaseHelp_Click);
     onClick(m_ui->cmdDirectHelp, &BrowserControl::cmdDirectHelp_Click);
 

@@ -18,7 +18,9 @@ class QDateTime;
 class ReadBracket;
 class TreeEntries;
 class TreeView;
+struct FoundEntry;
 struct StaleRecord;
+struct UnloadedEntry;
 
 namespace Ui {
 class BrowserControl;
@@ -270,6 +272,15 @@ private:
     void AddNewNode();
     void ShowNewNode();
 
+    // Find (BrowserFind.cpp) --------------------------------------------------------------------------------
+    void FindElement_Click();
+    void FindInTree();
+    /// False: the control is gone.
+    [[nodiscard]] bool GoToFound(const FoundEntry& found);
+    /// Brings an entry into the shown tree that it has not. False: the control is gone.
+    [[nodiscard]] bool LoadFound(const UnloadedEntry& found, Entry& entry);
+    [[nodiscard]] bool LoadFoundBelow(Entry connection, const UnloadedEntry& found, Entry& entry);
+
     // Scan (BrowserScan.cpp) --------------------------------------------------------------------------------
     void cmdScan_Click();
     void cmdDbScan_Click();
@@ -299,6 +310,8 @@ private:
 
     QMetaObject::Connection m_cursor;
 
+    /// What was searched for last.
+    QString m_searched;
     QString m_targetText;
     QString m_sobriquet;
     QString m_commandLine;

@@ -69,6 +69,8 @@ public:
     bool GetParentNodesDb(const QString& name, QString& list) override;
     bool GetParentNodesExDb(const QString& name, QString& list, qint32& position);
     bool GetParentNodesCountDb(const QString& name, qint32& count);
+    /// Where and how: HvxDatabase::FindWaypointsWithIdEx.
+    bool FindWaypointsDb(const QString& searched, QString& list, qint32& position);
     bool GetParentDb(const QString& name, QString& target) override;
     bool GetParentIDDb(const QString& name, QString& id) override;
     bool ConNameExistDb(const QString& name, bool& exists);
@@ -82,6 +84,8 @@ public:
 
     bool GetNodeCountDb(qint32& count);
     bool QueryNodesDb(const QString& filter1, const QString& filter2, QString& list, qint32& position);
+    /// Where and how: HvxDatabase::FindNodesWithIdEx.
+    bool FindNodesDb(const QString& searched, QString& list, qint32& position);
     bool GetNodeDb(const QString& nodeName, QString& conName, QString& target);
     bool GetNodeExDb(const QString& nodeName, QString& conName, QString& target, QString& nodeType,
                      QString& commandLine) override;

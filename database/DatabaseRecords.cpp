@@ -43,6 +43,12 @@ bool DatabaseClass::GetParentNodesCountDb(const QString& name, qint32& count)
     return RunInSession([&](HvxDatabase& component) { component.GetParentNodesCount(name, count); });
 }
 
+bool DatabaseClass::FindWaypointsDb(const QString& searched, QString& list, qint32& position)
+{
+    return RunInSession(
+        [&](HvxDatabase& component) { component.FindWaypointsWithIdEx(searched, list, position); });
+}
+
 bool DatabaseClass::GetParentDb(const QString& name, QString& target)
 {
     return Database().DatabaseOpen &&
@@ -95,6 +101,12 @@ bool DatabaseClass::QueryNodesDb(const QString& filter1, const QString& filter2,
 {
     return RunInSession(
         [&](HvxDatabase& component) { component.QueryNodesWithIdEx(filter1, filter2, list, position); });
+}
+
+bool DatabaseClass::FindNodesDb(const QString& searched, QString& list, qint32& position)
+{
+    return RunInSession(
+        [&](HvxDatabase& component) { component.FindNodesWithIdEx(searched, list, position); });
 }
 
 bool DatabaseClass::GetNodeDb(const QString& nodeName, QString& conName, QString& target)

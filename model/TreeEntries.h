@@ -12,6 +12,7 @@
 
 class TreeChanges;
 class TreeName;
+class TreePattern;
 struct TreeKey;
 
 /// One new entry of a batch: id of the record and its name.
@@ -114,6 +115,18 @@ public:
     /// large tree each look-up alone waits for the memory several times. A few hundred at once; they must not
     /// push each other out again.
     void Fetch(std::span<const quint32> nameHashes) const;
+    /// How far a search by FindContaining has come.
+    struct SearchPlace
+    {
+        int child = 0;
+        /// 0: the child itself is next; k: the child's own child k - 1 is.
+        int below = 0;
+    };
+    /// Looks at `most` more entries below the first top entry, in display order, two levels deep, and puts
+    /// those behind `found` in whose text the pattern occurs. False: it has come to the end. A change of the
+    /// tree leaves a place without meaning.
+    [[nodiscard]] bool FindContaining(const TreePattern& pattern, SearchPlace& place, int most,
+                                      std::vector<Index>& found) const;
     /// The first child (display order) that carries the continuation mark; 0 when there is none.
     [[nodiscard]] Index FindContinued(Index parent) const;
     /// All entries that have a parent and at least one child, in collection order.

@@ -113,3 +113,9 @@ QModelIndex TreeEntries::FindVisibleByPrefix(const QModelIndex& from, const QStr
     return ModelIndex(
         Index(FindTreePrefix(m_store->entries, m_store->siblings, quint32(start), QStringView(prefix))));
 }
+
+bool TreeEntries::FindContaining(const TreePattern& pattern, SearchPlace& place, int most,
+                                 std::vector<Index>& found) const
+{
+    return FindTreeMatches(m_store->entries, m_store->siblings, pattern, place, most, found);
+}

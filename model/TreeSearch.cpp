@@ -1,5 +1,7 @@
 #include "model/TreeSearch.h"
 
+#include <algorithm>
+
 namespace {
 
 using Handle = TreeStore::Handle;
@@ -70,6 +72,74 @@ private:
     const TreeTextView& m_prefix;
 };
 
+/// One step of a search for what contains a text.
+class MatchSearch
+{
+public:
+    MatchSearch(const TreeStore& entries, const TreeSiblings& siblings, const TreePattern& pattern, int most,
+                std::vector<TreeEntries::Index>& found)
+        : m_entries(entries), m_siblings(siblings), m_pattern(pattern), m_most(most), m_found(found)
+    {}
+
+    [[nodiscard]] bool Run(TreeEntries::SearchPlace& place)
+    {
+        const Handle root = m_siblings.At(0, 0);
+        while (root != 0 && m_most > 0) {
+            const std::span<const Handle> run = m_siblings.RunFrom(root, place.child);
+            if (run.empty())
+                return false;
+            for (size_t at = 0; at < run.size(); ++at) {
+                if (m_most <= 0)
+                    return true;
+                if (place.below == 0)
+                    LookAt(run, at);
+                if (!LookBelow(run[at], place.below))
+                    return true;
+                ++place.child;
+                place.below = 0;
+            }
+        }
+        return root != 0;
+    }
+
+private:
+    /// So far ahead the entries are brought near the processor.
+    static constexpr size_t Ahead = 12;
+
+    void LookAt(std::span<const Handle> run, size_t at)
+    {
+        if (at + Ahead < run.size())
+            __builtin_prefetch(&m_entries[run[at + Ahead]]);
+        --m_most;
+        if (m_pattern.OccursIn(m_entries[run[at]].text.View()))
+            m_found.push_back(TreeEntries::Index(run[at]));
+    }
+
+    /// False: it has looked at enough.
+    [[nodiscard]] bool LookBelow(Handle owner, int& below)
+    {
+        below = std::max(below, 1);
+        if (m_entries[owner].children == 0)
+            return true;
+        for (;;) {
+            const std::span<const Handle> run = m_siblings.RunFrom(owner, below - 1);
+            if (run.empty())
+                return true;
+            for (size_t at = 0; at < run.size(); ++at, ++below) {
+                if (m_most <= 0)
+                    return false;
+                LookAt(run, at);
+            }
+        }
+    }
+
+    const TreeStore& m_entries;
+    const TreeSiblings& m_siblings;
+    const TreePattern& m_pattern;
+    int m_most;
+    std::vector<TreeEntries::Index>& m_found;
+};
+
 } // namespace
 
 Handle FindTreePrefix(const TreeStore& entries, const TreeSiblings& siblings, Handle from,
@@ -85,4 +155,10 @@ Handle FindTreePrefix(const TreeStore& entries, const TreeSiblings& siblings, Ha
             return found;
     }
     return search.Below(0, 0);
+}
+
+bool FindTreeMatches(const TreeStore& entries, const TreeSiblings& siblings, const TreePattern& pattern,
+                     TreeEntries::SearchPlace& place, int most, std::vector<TreeEntries::Index>& found)
+{
+    return MatchSearch(entries, siblings, pattern, most, found).Run(place);
 }

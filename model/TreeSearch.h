@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/TreeEntries.h"
+#include "model/TreePattern.h"
 #include "model/TreeSiblings.h"
 
 /// The next entry after `from` (itself last) that can be seen and whose text begins with `prefix`, ignoring
@@ -7,3 +9,8 @@
 /// the search begins at the top. Sorted lists are searched by halving; what costs time are expanded entries.
 [[nodiscard]] TreeStore::Handle FindTreePrefix(const TreeStore& entries, const TreeSiblings& siblings,
                                                TreeStore::Handle from, const TreeTextView& prefix);
+
+/// See TreeEntries::FindContaining.
+[[nodiscard]] bool FindTreeMatches(const TreeStore& entries, const TreeSiblings& siblings,
+                                   const TreePattern& pattern, TreeEntries::SearchPlace& place, int most,
+                                   std::vector<TreeEntries::Index>& found);

@@ -35,6 +35,14 @@ TreeSiblings::Handle TreeSiblings::At(Handle owner, int position) const
     return Items(place.leaf)[size_t(place.slot)];
 }
 
+std::span<const TreeSiblings::Handle> TreeSiblings::RunFrom(Handle owner, int position) const
+{
+    if (position < 0 || position >= Count(owner))
+        return {};
+    const Place place = PlaceOf(owner, position);
+    return std::span<const Handle>(Items(place.leaf)).subspan(size_t(place.slot));
+}
+
 int TreeSiblings::PositionOf(Handle entry) const
 {
     quint32 item = entry;

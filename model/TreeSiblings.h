@@ -28,6 +28,8 @@ public:
     [[nodiscard]] int Rows(Handle owner) const;
     /// 0 outside of the list.
     [[nodiscard]] Handle At(Handle owner, int position) const;
+    /// Some of the list, from a position on; empty behind the last. Holds until the next change.
+    [[nodiscard]] std::span<const Handle> RunFrom(Handle owner, int position) const;
     [[nodiscard]] int PositionOf(Handle entry) const;
     /// 0 after the last.
     [[nodiscard]] Handle Next(Handle entry) const;

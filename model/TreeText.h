@@ -11,6 +11,8 @@ public:
     TreeTextView(const uchar* latin1, qsizetype length) : m_narrow(latin1), m_length(length) {}
 
     [[nodiscard]] qsizetype Length() const { return m_length; }
+    /// The letters where all are Latin-1 and kept as such, else null.
+    [[nodiscard]] const uchar* Latin1() const { return m_narrow; }
     [[nodiscard]] char16_t Unit(qsizetype at) const { return m_narrow ? m_narrow[at] : m_wide[at]; }
     [[nodiscard]] TreeTextView Left(qsizetype length) const;
     [[nodiscard]] QString ToString() const;

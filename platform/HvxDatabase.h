@@ -48,6 +48,16 @@ public:
     virtual void GetParentNodesCount(const QString& conName, qint32& count) = 0;
     virtual void GetNodeCount(qint32& count) = 0;
 
+    // Two searches for what contains a text, both in upper case as QString::toUpper gives it, without
+    // wildcards. A call looks at a part of the records, in the order of ids, so that it soon comes back; its
+    // list may be empty although more follows. `position` in: the id behind which to look; out: the last id
+    // looked at when more follow, else 0.
+
+    /// Four items for each node whose name contains the text: its name and id, its connection's name and id.
+    virtual void FindNodesWithIdEx(const QString& searched, QString& list, qint32& position) = 0;
+    /// The same for the waypoints of the connections: long name, number from 1 within the target.
+    virtual void FindWaypointsWithIdEx(const QString& searched, QString& list, qint32& position) = 0;
+
     // Single records ----------------------------------------------------------------------------------
 
     /// Raises when there is no such connection.

@@ -4,6 +4,7 @@
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxdb/ItemText.h"
 #include "components/hvxdb/JournalTable.h"
+#include "components/hvxdb/RecordFinder.h"
 #include "components/hvxdb/RecordLists.h"
 #include "components/hvxdb/RecordReader.h"
 #include "components/hvxdb/RecordWriter.h"
@@ -110,6 +111,16 @@ void HvxDatabaseComponent::GetParentNodesCount(const QString& conName, qint32& c
 void HvxDatabaseComponent::GetNodeCount(qint32& count)
 {
     count = RecordLists(m_store).NodeCount();
+}
+
+void HvxDatabaseComponent::FindNodesWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    list = RecordFinder(m_store, searched).Nodes(position);
+}
+
+void HvxDatabaseComponent::FindWaypointsWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    list = RecordFinder(m_store, searched).Waypoints(position);
 }
 
 // Single records ------------------------------------------------------------------------------------------

@@ -97,6 +97,14 @@ QString SessionText(HvxStatement statement)
 QString ListText(HvxStatement statement)
 {
     switch (statement) {
+    case HvxStatement::NodeSearchEnd:
+        return QStringLiteral("SELECT id FROM node WHERE id > ? ORDER BY id LIMIT 1 OFFSET %1")
+            .arg(NodesPerSearch - 1);
+    case HvxStatement::NodeCandidates:
+        return NodeCandidatesText(QStringLiteral("instr(upper(n.name), ?) > 0"
+                                                 " OR length(CAST(n.name AS BLOB)) <> length(n.name)"));
+    case HvxStatement::ConnectionTargets:
+        return QStringLiteral("SELECT id, name, target FROM connection WHERE id > ? ORDER BY id LIMIT ?");
     case HvxStatement::NodeCount:
         return QStringLiteral("SELECT count(*) FROM node");
     case HvxStatement::NodeCountOfConnection:
@@ -281,6 +289,14 @@ QString AdministrationText(HvxStatement statement)
 }
 
 } // namespace
+
+QString NodeCandidatesText(const QString& test)
+{
+    return QStringLiteral("SELECT n.id, n.name, c.id, c.name FROM node n"
+                          " LEFT JOIN connection c ON c.row_key = n.connection_key"
+                          " WHERE n.id > ? AND n.id <= ? AND (%1) ORDER BY n.id LIMIT ?")
+        .arg(test);
+}
 
 QString JournalChunkText(const QString& nameKey)
 {

@@ -9,6 +9,9 @@ inline constexpr QChar PackedFieldSeparator{u'\x1f'};
 /// Records of one JournalChunk.
 inline constexpr int JournalRecordsPerChunk = 4000;
 
+/// Nodes that one call of a search looks at.
+inline constexpr int NodesPerSearch = 20000;
+
 /// The statements of the database component, by what they do. All values are bound.
 enum class HvxStatement
 {
@@ -47,6 +50,14 @@ enum class HvxStatement
     NodeListOfConnectionRows,
     NodeListOfTypeRows,
     NodeListOfConnectionAndTypeRows,
+    /// The id up to which the next NodesPerSearch nodes reach; no row: to the end.
+    NodeSearchEnd,
+    /// Nodes between two ids that may contain a text, a number of them: id, name, connection's id and name.
+    /// The text is in upper case; the engine knows that of plain letters only, so a name with others is a
+    /// candidate.
+    NodeCandidates,
+    /// A number of connections behind an id: id, name, target.
+    ConnectionTargets,
     NodeCount,
     NodeCountOfConnection,
 
@@ -124,6 +135,9 @@ QString StandardStatementText(HvxStatement statement);
 /// A statement of lists, given the engine's filter by node type and its aggregate that joins the pairs of
 /// name and id; empty for other statements.
 QString ListStatementText(HvxStatement statement, const QString& ofType, const QString& pairs);
+
+/// HvxStatement::NodeCandidates, given the engine's test of n.name.
+QString NodeCandidatesText(const QString& test);
 
 /// HvxStatement::JournalChunkInColumns, given the engine's expression for the key of the name j.text1.
 QString JournalChunkText(const QString& nameKey);

@@ -72,18 +72,22 @@ NodeRow NodeOfFields(const NodeFields& fields)
     return node;
 }
 
+/// A node that this transaction, or the records of the Journal that it reads, have told of.
+std::optional<NodeRow> KnownNode(const RecordCache& cache, const QString& key)
+{
+    if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
+        return known->second;
+    return cache.journalChunk ? cache.journalChunk->rows.Node(key) : std::nullopt;
+}
+
 } // namespace
 
 NodeRow RecordReader::Node(const QString& name) const
 {
     const QString key = FoldedName(name);
     RecordCache& cache = m_store->Cache();
-    if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
-        return known->second;
-    if (cache.journalChunk) {
-        if (const std::optional<NodeRow> told = cache.journalChunk->rows.Node(key))
-            return *told;
-    }
+    if (const std::optional<NodeRow> known = KnownNode(cache, key))
+        return *known;
     NodeFields fields;
     NodeRow node;
     if (ReadNodeFields(m_store->Session(), key, fields)) {
@@ -107,8 +111,8 @@ bool RecordReader::NodeExists(const QString& name) const
 {
     const QString key = FoldedName(name);
     RecordCache& cache = m_store->Cache();
-    if (const auto known = cache.nodes.find(key); known != cache.nodes.end())
-        return known->second.exists;
+    if (const std::optional<NodeRow> known = KnownNode(cache, key))
+        return known->exists;
     if (const auto known = cache.nodeExists.find(key); known != cache.nodeExists.end())
         return known->second;
     SqlRows rows = m_store->Session().Read(HvxStatement::NodeExists, {key});

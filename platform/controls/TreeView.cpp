@@ -27,6 +27,19 @@ void TreeView::SelectIndex(const QModelIndex& index)
     scrollTo(selected);
 }
 
+void TreeView::ClickIndex(const QModelIndex& index)
+{
+    if (!index.isValid() || index.model() != model())
+        return;
+    const QPersistentModelIndex entry = index;
+    const QPointer<TreeView> alive = this;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    if (alive)
+        scrollTo(entry);
+    if (alive)
+        RaiseClick(entry);
+}
+
 void TreeView::RaiseClick(const QPersistentModelIndex& entry)
 {
     const QPointer<TreeView> alive = this;
@@ -221,11 +234,5 @@ void TreeView::MoveTo(const QModelIndex& index)
 {
     if (!index.isValid() || index == SelectedIndex())
         return;
-    const QPersistentModelIndex target = index;
-    const QPointer<TreeView> alive = this;
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    if (alive)
-        scrollTo(target);
-    if (alive)
-        RaiseClick(target);
+    ClickIndex(index);
 }

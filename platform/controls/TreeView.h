@@ -25,6 +25,10 @@ public:
     /// brought into view.
     void SelectIndex(const QModelIndex& index);
 
+    /// Selects an entry, brings it into view and raises the events of a click on it. The view may be gone
+    /// afterwards.
+    void ClickIndex(const QModelIndex& index);
+
     /// Selects the next entry that can be seen and whose text begins with what was typed, as by a move.
     void keyboardSearch(const QString& typed) override;
 

@@ -157,6 +157,30 @@ std::vector<Operation> NodeAndManagerOperations()
          {"QueryNodesWithIdEx(con,type,-5001)"},
          {QStringList{"N\t20", "20"}},
          {"N\t20", "20"}},
+        {"FindNodesDb",
+         Kind::Session,
+         [](DatabaseClass& db, QStringList& out) {
+             QString a;
+             qint32 n = 17;
+             const bool ok = db.FindNodesDb(" x", a, n);
+             out = {a, QString::number(n)};
+             return ok;
+         },
+         {"FindNodesWithIdEx( x,17)"},
+         {QStringList{"N\t20\tC\t3", "20"}},
+         {"N\t20\tC\t3", "20"}},
+        {"FindWaypointsDb",
+         Kind::Session,
+         [](DatabaseClass& db, QStringList& out) {
+             QString a;
+             qint32 n = 0;
+             const bool ok = db.FindWaypointsDb("x ", a, n);
+             out = {a, QString::number(n)};
+             return ok;
+         },
+         {"FindWaypointsWithIdEx(x ,0)"},
+         {QStringList{"Bus\t1\tC\t3", "3"}},
+         {"Bus\t1\tC\t3", "3"}},
         {"DeleteNodeDb",
          Kind::Session,
          [](DatabaseClass& db, QStringList& out) {

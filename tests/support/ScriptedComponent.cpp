@@ -79,6 +79,18 @@ void ScriptedComponent::QueryNodesWithIdEx(const QString& conName, const QString
                      [&] { m_script.Behind().QueryNodesWithIdEx(conName, nodeType, list, position); });
 }
 
+void ScriptedComponent::FindNodesWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    m_script.Perform(QStringLiteral("FindNodesWithIdEx"), {searched, Text(position)}, {list, position},
+                     [&] { m_script.Behind().FindNodesWithIdEx(searched, list, position); });
+}
+
+void ScriptedComponent::FindWaypointsWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    m_script.Perform(QStringLiteral("FindWaypointsWithIdEx"), {searched, Text(position)}, {list, position},
+                     [&] { m_script.Behind().FindWaypointsWithIdEx(searched, list, position); });
+}
+
 void ScriptedComponent::GetParentNodesWithID(const QString& conName, QString& list)
 {
     m_script.Perform(QStringLiteral("GetParentNodesWithID"), {conName}, {list},

@@ -197,6 +197,48 @@ void TinyDatabase::QueryNodesWithIdEx(const QString& conName, const QString& nod
     list = NodeRows(conName, nodeType, position);
 }
 
+void TinyDatabase::FindNodesWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    // What is looked at is one answer of the list.
+    QString looked;
+    qint32 next = position;
+    QueryNodesWithIdEx(QString(), QString(), looked, next);
+    const QStringList items = looked.split(TabChar, Qt::SkipEmptyParts);
+    QStringList found;
+    for (qsizetype at = 0; at + 1 < items.size(); at += 2) {
+        if (!items[at].toUpper().contains(searched.toUpper()))
+            continue;
+        const QString conName = ExistingNode(items[at]).conName;
+        found << items[at] << items[at + 1] << conName << QString::number(ExistingConnection(conName).id);
+    }
+    list = found.join(TabChar);
+    position = next;
+}
+
+void TinyDatabase::FindWaypointsWithIdEx(const QString& searched, QString& list, qint32& position)
+{
+    Require();
+    QStringList found;
+    for (const Connection& connection : Now.connections) {
+        QString items;
+        GetTargetItemList(connection.target, items);
+        int hop = 0;
+        // Values are never called WP.
+        const QStringList texts = items.split(TabChar);
+        for (qsizetype at = 2; at + 1 < texts.size(); ++at) {
+            if (texts[at] != u"WP")
+                continue;
+            ++hop;
+            QString name;
+            GetWpLongName(texts[at + 1], name);
+            if (connection.id > position && name.toUpper().contains(searched.toUpper()))
+                found << name << QString::number(hop) << connection.name << QString::number(connection.id);
+        }
+    }
+    list = found.join(TabChar);
+    position = 0;
+}
+
 void TinyDatabase::GetParentNodesWithID(const QString& conName, QString& list)
 {
     QStringList items;

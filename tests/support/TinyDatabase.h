@@ -86,6 +86,8 @@ public:
     void QueryParentsWithID(const QString& filter, QString& list) override;
     void QueryNodesWithIdEx(const QString& conName, const QString& nodeType, QString& list,
                             qint32& position) override;
+    void FindNodesWithIdEx(const QString& searched, QString& list, qint32& position) override;
+    void FindWaypointsWithIdEx(const QString& searched, QString& list, qint32& position) override;
     void GetParentNodesWithID(const QString& conName, QString& list) override;
     void GetParentNodesWithIdEx(const QString& conName, QString& list, qint32& position) override;
     void GetParentNodesCount(const QString& conName, qint32& count) override;
