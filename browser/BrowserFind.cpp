@@ -106,7 +106,7 @@ bool BrowserControl::LoadFound(const UnloadedEntry& found, Entry& entry)
     }
     const QPointer<BrowserControl> alive(this);
     if (entry == 0 && !loadFailed)
-        MsgBox(QStringLiteral("%1 is not in the database any more.").arg(found.text));
+        MsgBox(tr("%1 is not in the database any more.").arg(found.text));
     return alive;
 }
 

@@ -91,7 +91,7 @@ void frmFindElement::CountSome()
     if (more)
         return;
     m_betweenSteps.stop();
-    m_ui->lblHits->setText(QStringLiteral("Entries found: %1").arg(m_counted));
+    m_ui->lblHits->setText(tr("Entries found: %1").arg(m_counted));
 }
 
 // Buttons ---------------------------------------------------------------------------------------------------

@@ -202,18 +202,18 @@ void frmSelectTreeNode::EndSearch()
 void frmSelectTreeNode::ShowUnloaded()
 {
     m_found.ShowUnloaded(m_hits, m_hasMore);
-    QString state = QStringLiteral("Entries found: %1").arg(m_found.HitCount());
+    QString state = tr("Entries found: %1").arg(m_found.HitCount());
     if (m_failed)
-        state += QStringLiteral("\nWhat is not loaded yet could not be searched to the end.");
+        state += tr("\nWhat is not loaded yet could not be searched to the end.");
     else if (m_stopped)
-        state += QStringLiteral("\nWhat is not loaded yet was not searched to the end.");
+        state += tr("\nWhat is not loaded yet was not searched to the end.");
     m_ui->lblState->setText(state);
 }
 
 void frmSelectTreeNode::TellNoItems()
 {
     const QPointer<frmSelectTreeNode> alive(this);
-    MsgBox(QStringLiteral("No items found!"), BoxFlags::Exclamation, QStringLiteral("Search result"));
+    MsgBox(tr("No items found!"), BoxFlags::Exclamation, tr("Search result"));
     if (alive)
         reject();
 }

@@ -419,6 +419,10 @@
         <source>Connection name not found.</source>
         <translation>Der Verbindungsname wurde nicht gefunden.</translation>
     </message>
+    <message>
+        <source>%1 is not in the database any more.</source>
+        <translation>%1 steht nicht mehr in der Datenbank.</translation>
+    </message>
 </context>
 <context>
     <name>ConPropPanel</name>
@@ -626,6 +630,17 @@
     <message>
         <source>M: mandatory, D: default value in use</source>
         <translation>M: Mussangabe, D: Vorgabewert in Gebrauch</translation>
+    </message>
+</context>
+<context>
+    <name>FoundEntries</name>
+    <message>
+        <source>Not loaded yet</source>
+        <translation>Noch nicht geladen</translation>
+    </message>
+    <message>
+        <source>There are more than %1. Search for a longer text.</source>
+        <translation>Es gibt mehr als %1. Suchen Sie nach einem längeren Text.</translation>
     </message>
 </context>
 <context>
@@ -2092,6 +2107,53 @@
     </message>
 </context>
 <context>
+    <name>frmFindElement</name>
+    <message>
+        <source>Find Element</source>
+        <translation>Element suchen</translation>
+    </message>
+    <message>
+        <source>String to be &amp;matched:</source>
+        <translation>Zu &amp;suchender Text:</translation>
+    </message>
+    <message>
+        <source>A part of the text of the entries to find, in upper or lower case</source>
+        <translation>Ein Teil des Textes der gesuchten Einträge, groß oder klein geschrieben</translation>
+    </message>
+    <message>
+        <source>String to be matched</source>
+        <translation>Zu suchender Text</translation>
+    </message>
+    <message>
+        <source>Number of entries found</source>
+        <translation>Anzahl der gefundenen Einträge</translation>
+    </message>
+    <message>
+        <source>&amp;Next &gt;&gt;</source>
+        <translation>&amp;Weiter &gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Show the entries whose text contains the string</source>
+        <translation>Die Einträge zeigen, deren Text die Zeichenfolge enthält</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close without a search</source>
+        <translation>Schließen, ohne zu suchen</translation>
+    </message>
+    <message>
+        <source>Entries found: %1</source>
+        <translation>Gefundene Einträge: %1</translation>
+    </message>
+</context>
+<context>
     <name>frmLoadProgress</name>
     <message>
         <source>Database Loading</source>
@@ -2702,6 +2764,77 @@
     <message>
         <source>Interrupt Saving</source>
         <translation>Speichern unterbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>frmSelectTreeNode</name>
+    <message>
+        <source>Search result</source>
+        <translation>Suchergebnis</translation>
+    </message>
+    <message>
+        <source>Entries found</source>
+        <translation>Gefundene Einträge</translation>
+    </message>
+    <message>
+        <source>Entries whose text contains the string; those that are not loaded yet stand in a group of their own</source>
+        <translation>Einträge, deren Text die Zeichenfolge enthält; die noch nicht geladenen stehen in einer eigenen Gruppe</translation>
+    </message>
+    <message>
+        <source>State of the search</source>
+        <translation>Stand der Suche</translation>
+    </message>
+    <message>
+        <source>Search progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>Sto&amp;ppen</translation>
+    </message>
+    <message>
+        <source>End the search in the database; what is found stays</source>
+        <translation>Die Suche in der Datenbank beenden; was gefunden ist, bleibt</translation>
+    </message>
+    <message>
+        <source>&lt;&lt; &amp;Back</source>
+        <translation>&lt;&lt; &amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Search for another text</source>
+        <translation>Nach einem anderen Text suchen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Done</source>
+        <translation>&amp;Fertig</translation>
+    </message>
+    <message>
+        <source>Go to the selected entry</source>
+        <translation>Zum ausgewählten Eintrag gehen</translation>
+    </message>
+    <message>
+        <source>Entries found: %1</source>
+        <translation>Gefundene Einträge: %1</translation>
+    </message>
+    <message>
+        <source>
+What is not loaded yet could not be searched to the end.</source>
+        <translation>
+Was noch nicht geladen ist, konnte nicht zu Ende durchsucht werden.</translation>
+    </message>
+    <message>
+        <source>
+What is not loaded yet was not searched to the end.</source>
+        <translation>
+Was noch nicht geladen ist, wurde nicht zu Ende durchsucht.</translation>
+    </message>
+    <message>
+        <source>No items found!</source>
+        <translation>Es wurden keine Elemente gefunden!</translation>
     </message>
 </context>
 <context>

@@ -419,6 +419,10 @@
         <source>Connection name not found.</source>
         <translation>Nom de connexion introuvable.</translation>
     </message>
+    <message>
+        <source>%1 is not in the database any more.</source>
+        <translation>%1 n’est plus dans la base de données.</translation>
+    </message>
 </context>
 <context>
     <name>ConPropPanel</name>
@@ -626,6 +630,17 @@
     <message>
         <source>M: mandatory, D: default value in use</source>
         <translation>M&#xa0;: obligatoire, D&#xa0;: valeur par défaut utilisée</translation>
+    </message>
+</context>
+<context>
+    <name>FoundEntries</name>
+    <message>
+        <source>Not loaded yet</source>
+        <translation>Pas encore chargé</translation>
+    </message>
+    <message>
+        <source>There are more than %1. Search for a longer text.</source>
+        <translation>Il y en a plus de %1. Cherchez un texte plus long.</translation>
     </message>
 </context>
 <context>
@@ -2092,6 +2107,53 @@
     </message>
 </context>
 <context>
+    <name>frmFindElement</name>
+    <message>
+        <source>Find Element</source>
+        <translation>Rechercher un élément</translation>
+    </message>
+    <message>
+        <source>String to be &amp;matched:</source>
+        <translation>Texte à re&amp;chercher&#xa0;:</translation>
+    </message>
+    <message>
+        <source>A part of the text of the entries to find, in upper or lower case</source>
+        <translation>Une partie du texte des entrées cherchées, en majuscules ou minuscules</translation>
+    </message>
+    <message>
+        <source>String to be matched</source>
+        <translation>Texte à rechercher</translation>
+    </message>
+    <message>
+        <source>Number of entries found</source>
+        <translation>Nombre d’entrées trouvées</translation>
+    </message>
+    <message>
+        <source>&amp;Next &gt;&gt;</source>
+        <translation>&amp;Suivant &gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Show the entries whose text contains the string</source>
+        <translation>Afficher les entrées dont le texte contient la chaîne</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>Close without a search</source>
+        <translation>Fermer sans rechercher</translation>
+    </message>
+    <message>
+        <source>Entries found: %1</source>
+        <translation>Entrées trouvées&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>frmLoadProgress</name>
     <message>
         <source>Database Loading</source>
@@ -2702,6 +2764,77 @@
     <message>
         <source>Interrupt Saving</source>
         <translation>Interrompre l’enregistrement</translation>
+    </message>
+</context>
+<context>
+    <name>frmSelectTreeNode</name>
+    <message>
+        <source>Search result</source>
+        <translation>Résultat de la recherche</translation>
+    </message>
+    <message>
+        <source>Entries found</source>
+        <translation>Entrées trouvées</translation>
+    </message>
+    <message>
+        <source>Entries whose text contains the string; those that are not loaded yet stand in a group of their own</source>
+        <translation>Entrées dont le texte contient la chaîne&#xa0;; celles qui ne sont pas encore chargées forment un groupe à part</translation>
+    </message>
+    <message>
+        <source>State of the search</source>
+        <translation>État de la recherche</translation>
+    </message>
+    <message>
+        <source>Search progress</source>
+        <translation>Progression de la recherche</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Arrêter</translation>
+    </message>
+    <message>
+        <source>End the search in the database; what is found stays</source>
+        <translation>Terminer la recherche dans la base de données&#xa0;; ce qui est trouvé reste</translation>
+    </message>
+    <message>
+        <source>&lt;&lt; &amp;Back</source>
+        <translation>&lt;&lt; &amp;Retour</translation>
+    </message>
+    <message>
+        <source>Search for another text</source>
+        <translation>Rechercher un autre texte</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>&amp;Done</source>
+        <translation>&amp;Terminer</translation>
+    </message>
+    <message>
+        <source>Go to the selected entry</source>
+        <translation>Aller à l’entrée sélectionnée</translation>
+    </message>
+    <message>
+        <source>Entries found: %1</source>
+        <translation>Entrées trouvées&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>
+What is not loaded yet could not be searched to the end.</source>
+        <translation>
+La recherche dans ce qui n’est pas encore chargé n’a pas pu être terminée.</translation>
+    </message>
+    <message>
+        <source>
+What is not loaded yet was not searched to the end.</source>
+        <translation>
+La recherche dans ce qui n’est pas encore chargé n’a pas été terminée.</translation>
+    </message>
+    <message>
+        <source>No items found!</source>
+        <translation>Aucun élément trouvé&#xa0;!</translation>
     </message>
 </context>
 <context>

@@ -35,7 +35,8 @@ bool IsNoText(const QString& literal)
                                    "Terminal Server",
                                    "Courier New",
                                    "This plugin does not support"};
-    return names.contains(literal) || literal.contains(u'{') || literal.contains(u'<');
+    return names.contains(literal) || literal.startsWith(u'-') || literal.contains(u'{') ||
+           literal.contains(u'<');
 }
 
 QString ContentsOf(const QString& path)

@@ -1,7 +1,9 @@
 #include "browser/T4ZelkaBrowser.h"
 #include "browser/frmConNodesProgress.h"
+#include "browser/frmFindElement.h"
 #include "browser/frmLoadProgress.h"
 #include "browser/frmMngrInfo.h"
+#include "browser/frmSelectTreeNode.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "dialogs/frmDatabaseConProp.h"
@@ -101,6 +103,8 @@ const std::vector<WindowMaker>& Makers()
     static const std::vector<WindowMaker> makers{
         {"loading of a connection's nodes", Make<frmConNodesProgress>},
         {"loading", Make<frmLoadProgress>},
+        {"find", Make<frmFindElement>},
+        {"found entries", Make<frmSelectTreeNode>},
         {"packet size", Make<frmChSelPktSize>},
         {"connection", MakeOnConnection<frmDatabaseConProp>},
         {"node", MakeOnConnection<frmDatabaseNodeProp>},
