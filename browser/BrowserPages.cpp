@@ -4,11 +4,13 @@
 #include "browser/DirectLabels.h"
 #include "browser/DirectTab.h"
 #include "browser/TabStops.h"
+#include "browser/TargetSyntax.h"
 #include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/ProblemMark.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -180,6 +182,7 @@ void BrowserControl::ShowTreeHelp()
 void BrowserControl::txtTarget_Change()
 {
     m_targetText = m_ui->txtTarget->text();
+    m_targetMark->Show(TargetProblem(m_targetText));
 }
 
 void BrowserControl::ShowConPicture(int type)

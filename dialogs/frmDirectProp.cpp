@@ -8,6 +8,7 @@
 #include "model/TextHelpers.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/DisabledReason.h"
 
 #include <QPointer>
 #include <QShortcut>
@@ -97,8 +98,9 @@ bool frmDirectProp::HasChanges()
 void frmDirectProp::UpdateApplyButtons()
 {
     const bool changed = m_formLoaded && HasChanges();
-    m_ui->cmdApply->setEnabled(changed && Database().ScanRight);
-    m_ui->cmdSave->setEnabled(changed && Database().EditRight);
+    const DisabledReason same = changed ? DisabledReason::None : DisabledReason::NothingChanged;
+    OfferCommand(*m_ui->cmdApply, Database().ScanRight ? same : DisabledReason::NoScanRight);
+    OfferCommand(*m_ui->cmdSave, Database().EditRight ? same : DisabledReason::NoEditRight);
 }
 
 // Buttons -------------------------------------------------------------------------------------------------
