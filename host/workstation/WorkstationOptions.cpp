@@ -1,7 +1,11 @@
 #include "host/workstation/WorkstationOptions.h"
 
+#include "platform/controls/Theme.h"
+
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -33,6 +37,13 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
                    "Do what is done without a display, writing the pictures to this folder")
         ->type_name("FOLDER")
         ->check(NotEmpty);
+    std::vector<std::string> themes;
+    for (const QString& name : ThemeNames())
+        themes.push_back(name.toStdString());
+    std::string theme;
+    app.add_option("--theme", theme, "Colours of the windows, for this run; else those last chosen")
+        ->type_name("NAME")
+        ->check(CLI::IsMember(themes));
 
     try {
         app.parse(argc, argv);
@@ -44,5 +55,6 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
     }
     options.database = QString::fromStdString(database);
     options.screenshots = QString::fromStdString(screenshots);
+    options.theme = QString::fromStdString(theme);
     return std::nullopt;
 }

@@ -19,6 +19,8 @@ struct WorkstationOptions
     QString database;
     /// Folder for the pictures of the scripted run; empty: none was asked for.
     QString screenshots;
+    /// Name of the theme; empty: the one that the operator chose last.
+    QString theme;
 };
 
 /// Reads the arguments that Qt has left. A value is the exit code with which to end at once: help and version
