@@ -46,13 +46,20 @@ void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_PanelButtonCommand:
     case PE_PanelLineEdit:
     case PE_Frame:
-    case PE_FrameGroupBox:
     case PE_FrameTabWidget:
-    case PE_FrameMenu:
+    case PE_PanelMenu:
     case PE_IndicatorCheckBox:
     case PE_PanelTipLabel:
         DrawOutline(*option, option->rect, *painter);
         break;
+    case PE_FrameGroupBox: {
+        // Below the title, where the usual look has its frame.
+        constexpr int titleGap = 3;
+        const int title = qMax(option->fontMetrics.height(),
+                               proxy()->pixelMetric(PM_ExclusiveIndicatorHeight, option, widget));
+        DrawOutline(*option, option->rect.adjusted(0, title + titleGap, 0, 0), *painter);
+        break;
+    }
     case PE_PanelButtonTool:
         if (option->state.testFlag(State_Enabled))
             DrawOutline(*option, option->rect, *painter);
