@@ -1,4 +1,5 @@
 #include "browser/BrowserControl.h"
+#include "browser/CommandReasons.h"
 #include "browser/ConnectionTypes.h"
 #include "browser/EntryIcons.h"
 #include "browser/LoadState.h"
@@ -177,10 +178,11 @@ void BrowserControl::EnableByRights()
         m_ui->cmdScan->setEnabled(false);
         m_ui->cmdDbScan->setEnabled(false);
     }
-    if (Database().EditRight)
-        return;
-    m_ui->cmdDatabaseAdd->setEnabled(false);
-    m_ui->cmdDatabaseRemove->setEnabled(false);
+    if (!Database().EditRight) {
+        m_ui->cmdDatabaseAdd->setEnabled(false);
+        m_ui->cmdDatabaseRemove->setEnabled(false);
+    }
+    m_reasons->Update();
 }
 
 // Keys ------------------------------------------------------------------------------------------------------

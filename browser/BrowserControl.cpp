@@ -1,9 +1,11 @@
 #include "browser/BrowserControl.h"
 
 #include "browser/BrowserState.h"
+#include "browser/CommandReasons.h"
 #include "browser/ConnectionPictures.h"
 #include "browser/DirectTab.h"
 #include "browser/LoadState.h"
+#include "browser/TreeMenu.h"
 #include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
@@ -14,6 +16,7 @@
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/IntervalTimer.h"
+#include "platform/controls/ProblemMark.h"
 #include "scan/network/ScanState.h"
 
 #include <QHideEvent>
@@ -47,9 +50,12 @@ BrowserControl::BrowserControl(QWidget* parent)
         *m_ui, *m_conTree,
         DirectTab::Control{[this](const std::function<void()>& handler) { Guarded(handler); },
                            [this](const StaleRecord& stale) { return TellStaleEntry(stale); }});
+    m_targetMark = std::make_unique<ProblemMark>(*m_ui->txtTarget);
+    m_menu = std::make_unique<TreeMenu>(*m_ui);
     ShowConPicture(NoConType);
     ConnectControls();
     ConnectTrees();
+    m_reasons = std::make_unique<CommandReasons>(*m_ui);
 }
 
 BrowserControl::~BrowserControl()
@@ -198,6 +204,7 @@ void BrowserControl::FreeObjects()
     if (inUse && database.DbObject)
         database.DbObject.release()->deleteLater();
     database.DbObject.reset();
+    Q_EMIT StatusChanged();
 }
 
 // Events ----------------------------------------------------------------------------------------------------

@@ -11,12 +11,15 @@
 #include <initializer_list>
 #include <memory>
 
+class CommandReasons;
 class DirectTab;
 class IntervalTimer;
+class ProblemMark;
 class PropertyBag;
 class QDateTime;
 class ReadBracket;
 class TreeEntries;
+class TreeMenu;
 class TreeView;
 struct FoundEntry;
 struct StaleRecord;
@@ -91,6 +94,8 @@ Q_SIGNALS:
     void JournalRecordLimitChanged(int value);
     void JournalRecordsToKeepChanged(int value);
     void BrowserTabIndexChanged(int value);
+    /// Another database, other rights, or the trees are known to be as of another time; for BrowserStatus.
+    void StatusChanged();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -304,6 +309,9 @@ private:
     TreeEntries* m_nodesTree;
     /// Goes before the controls that it looks after.
     std::unique_ptr<DirectTab> m_direct;
+    std::unique_ptr<ProblemMark> m_targetMark;
+    std::unique_ptr<TreeMenu> m_menu;
+    std::unique_ptr<CommandReasons> m_reasons;
     IntervalTimer* m_tmrRefreshTimer;
     /// Open while a click reads, so that its reads are one snapshot and few round trips.
     std::unique_ptr<ReadBracket> m_clickReads;

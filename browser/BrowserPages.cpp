@@ -4,12 +4,14 @@
 #include "browser/DirectLabels.h"
 #include "browser/DirectTab.h"
 #include "browser/TabStops.h"
+#include "browser/TargetSyntax.h"
 #include "browser/ui_BrowserControl.h"
 #include "database/DatabaseState.h"
 #include "database/ReadBracket.h"
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/ProblemMark.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -185,6 +187,7 @@ void BrowserControl::ShowTreeHelp()
 void BrowserControl::txtTarget_Change()
 {
     m_targetText = m_ui->txtTarget->text();
+    m_targetMark->Show(TargetProblem(m_targetText));
 }
 
 void BrowserControl::ShowConPicture(int type)

@@ -178,6 +178,7 @@ qint32 BrowserControl::ReloadTrees(bool& whole)
     whole = whole && haveConnections && haveNodes;
     const bool viewNodes = m_ui->chkViewNodes->isChecked();
     connections.OpenAgain([&](Entry entry) {
+        const BusyPointer pointer;
         // One that cannot be read stays closed.
         (void)RefillConEntry(*m_conTree, entry, viewNodes);
     });
@@ -192,6 +193,7 @@ qint32 BrowserControl::ReloadTrees(bool& whole)
 bool BrowserControl::ReloadConnections()
 {
     ReadJournalPosition();
+    const BusyPointer pointer;
     QString list;
     if (!Gateway().QueryParentsDb(list))
         return false;
@@ -239,12 +241,14 @@ void BrowserControl::ReadJournalPosition()
 void BrowserControl::TellCurrent(const QDateTime& asOf)
 {
     Load().AsOf = asOf;
+    Load().Outdated = false;
     for (BrowserControl* const control : Browser().Loaded)
         control->ShowAsOf(QString());
 }
 
 void BrowserControl::TellOutdated()
 {
+    Load().Outdated = true;
     for (BrowserControl* const control : Browser().Loaded)
         control->ShowAsOf(OutdatedText());
 }
@@ -253,4 +257,5 @@ void BrowserControl::ShowAsOf(const QString& text)
 {
     m_ui->lblAsOf->setText(text);
     m_ui->lblAsOf->setVisible(!text.isEmpty());
+    Q_EMIT StatusChanged();
 }

@@ -21,6 +21,7 @@ bool BrowserControl::TellStaleEntry(const StaleRecord& stale)
     const QPointer<BrowserControl> alive(this);
     // The snapshot of the click is as old as the entry.
     EndClickReads();
+    ShownView().DropMenu();
     const BusyScope busy;
     MsgBox(stale.text);
     if (alive && stale.refreshFollows)

@@ -72,6 +72,7 @@ void BrowserControl::StartControl()
     m_pagesAnswer = true;
     if (!Database().DatabaseOpen)
         EnterDirectOnly();
+    Q_EMIT StatusChanged();
 }
 
 bool BrowserControl::LoadAtStart()

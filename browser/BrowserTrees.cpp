@@ -101,8 +101,10 @@ void BrowserControl::chkViewNodes_Click()
             if (!ShowConNodesProgress(connection))
                 return;
             ExpandLoaded(connection);
-        } else if (!RefillConEntry(*m_conTree, connection, false)) {
-            return;
+        } else {
+            const BusyPointer pointer;
+            if (!RefillConEntry(*m_conTree, connection, false))
+                return;
         }
     }
     SelectTreeEntry(*m_ui->tvwConTree, SelectedAgain);

@@ -53,6 +53,8 @@ struct LoadState
     bool ReloadDue = false;
     /// When the trees were last known to be what the database holds; invalid: never.
     QDateTime AsOf;
+    /// The last attempt to bring them there failed.
+    bool Outdated = false;
 };
 
 /// The one instance.

@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QStyle>
 
 #include <limits>
 
@@ -178,8 +179,12 @@ void GridPlaceEditors()
     const QRect cell = grid.CellRect(grid.Row(), grid.Col());
     if (GridSpinnerOpen()) {
         const int width = qMax(static_cast<int>(SpinnerShare * cell.width()), SpinnerMinimum);
-        GridEdit().GridSpinner->setGeometry(cell.right() + 1 - width, cell.top(), width, cell.height());
-        GridEdit().GridTextBox->setGeometry(cell.adjusted(0, 0, -width, 0));
+        const auto place = [&](const QRect& leftToRight) {
+            return QStyle::visualRect(grid.layoutDirection(), cell, leftToRight);
+        };
+        const QRect spinner(cell.right() + 1 - width, cell.top(), width, cell.height());
+        GridEdit().GridSpinner->setGeometry(place(spinner));
+        GridEdit().GridTextBox->setGeometry(place(cell.adjusted(0, 0, -width, 0)));
     } else {
         GridEdit().GridTextBox->setGeometry(cell);
     }

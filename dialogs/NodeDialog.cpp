@@ -10,6 +10,7 @@
 #include "model/ParameterGrid.h"
 #include "platform/HelpHook.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/HelpKey.h"
 
@@ -48,7 +49,7 @@ void NodeDialog::RunHandler(const std::function<void()>& handler)
 
 void NodeDialog::ApplyRights()
 {
-    m_controls.save->setEnabled(Database().EditRight);
+    OfferCommand(*m_controls.save, Database().EditRight ? DisabledReason::None : DisabledReason::NoEditRight);
     Pages().Grid().SetReadOnly(!Database().EditRight);
 }
 

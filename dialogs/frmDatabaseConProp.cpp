@@ -7,6 +7,7 @@
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/HelpKey.h"
 
 #include <QPointer>
@@ -32,7 +33,8 @@ void frmDatabaseConProp::Connect()
 void frmDatabaseConProp::Form_Load()
 {
     if (m_ui->panConnection->ShowConnection(m_con))
-        m_ui->cmdSave->setEnabled(Database().EditRight);
+        OfferCommand(*m_ui->cmdSave,
+                     Database().EditRight ? DisabledReason::None : DisabledReason::NoEditRight);
 }
 
 void frmDatabaseConProp::cmdSave_Click()

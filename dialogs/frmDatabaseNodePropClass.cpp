@@ -11,6 +11,7 @@
 #include "model/ParameterLists.h"
 #include "model/TextHelpers.h"
 #include "platform/Words.h"
+#include "platform/controls/DisabledReason.h"
 
 #include <QSignalBlocker>
 
@@ -67,7 +68,7 @@ bool frmDatabaseNodeProp::ShowConnectionType()
 
 void frmDatabaseNodeProp::FillClasses(bool isSnmp)
 {
-    m_ui->cmdManager->setEnabled(!isSnmp);
+    OfferCommand(*m_ui->cmdManager, isSnmp ? DisabledReason::SnmpHasNoManager : DisabledReason::None);
     QStringList classes = ClassLongNames(isSnmp);
     // What is stored is shown as it is, whether it is offered or not; what is chosen stays, also where the
     // database could not name it again.

@@ -10,6 +10,7 @@
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/HelpKey.h"
 
 #include <QPointer>
@@ -104,8 +105,9 @@ bool frmDirectProp::HasChanges()
 void frmDirectProp::UpdateApplyButtons()
 {
     const bool changed = m_formLoaded && HasChanges();
-    m_ui->cmdApply->setEnabled(changed && Database().ScanRight);
-    m_ui->cmdSave->setEnabled(changed && Database().EditRight);
+    const DisabledReason same = changed ? DisabledReason::None : DisabledReason::NothingChanged;
+    OfferCommand(*m_ui->cmdApply, Database().ScanRight ? same : DisabledReason::NoScanRight);
+    OfferCommand(*m_ui->cmdSave, Database().EditRight ? same : DisabledReason::NoEditRight);
 }
 
 // Buttons -------------------------------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 #include "model/LookupHelpers.h"
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/DisabledReason.h"
 
 namespace {
 
@@ -52,7 +53,8 @@ void frmSaveDirectNode::ShowConnection()
         longName.clear();
     ShowText(*m_ui->txtConName, connection.ConName);
     ShowText(*m_ui->txtConType, longName);
-    m_ui->cmdManager->setEnabled(!IsSnmpConType(connection.ConTypeID, connection.ConTypeName));
+    const bool isSnmp = IsSnmpConType(connection.ConTypeID, connection.ConTypeName);
+    OfferCommand(*m_ui->cmdManager, isSnmp ? DisabledReason::SnmpHasNoManager : DisabledReason::None);
 }
 
 bool frmSaveDirectNode::ShowClass()

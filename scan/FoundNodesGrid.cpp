@@ -3,9 +3,11 @@
 #include "model/TextHelpers.h"
 #include "platform/Words.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -176,13 +178,45 @@ void FoundNodesGrid::mouseReleaseEvent(QMouseEvent* event)
     FlexGrid::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton)
         return;
-    const int y = event->position().toPoint().y();
+    ClickAt(event->position().toPoint().y());
+}
+
+void FoundNodesGrid::ClickAt(int y)
+{
     const int row = rowAt(y) + 1;
     Click(row > 0 || y < 0 ? row : GridRows());
 }
 
+void FoundNodesGrid::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        Q_EMIT ContextMenu(MenuPlace());
+        return;
+    }
+    const QPointer<FoundNodesGrid> alive = this;
+    const QPoint place = event->globalPos();
+    ClickAt(viewport()->mapFromGlobal(place).y());
+    if (alive)
+        Q_EMIT ContextMenu(place);
+}
+
+QPoint FoundNodesGrid::MenuPlace()
+{
+    const QModelIndex selected = currentIndex();
+    if (!selected.isValid())
+        return viewport()->mapToGlobal(QPoint(0, 0));
+    scrollTo(selected);
+    return viewport()->mapToGlobal(visualRect(selected).center());
+}
+
 void FoundNodesGrid::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        event->accept();
+        Q_EMIT ContextMenu(MenuPlace());
+        return;
+    }
     const int before = Row();
     FlexGrid::keyPressEvent(event);
     if (Row() == before)

@@ -43,9 +43,13 @@ Q_SIGNALS:
     /// The operator has selected a found node with the mouse or a key. A click beside the found nodes selects
     /// the nearest one without telling.
     void NodeClick();
+    /// The operator asks for a menu of the selected node, to stand at this place of the screen. The right
+    /// button has clicked on the row below it first.
+    void ContextMenu(const QPoint& place);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
@@ -55,6 +59,9 @@ private:
     void SortFoundRows();
     /// Row 0: the header.
     void Click(int row);
+    void ClickAt(int y);
+    /// Where a menu of the selected row stands that no pointer asked for.
+    [[nodiscard]] QPoint MenuPlace();
 
     qint16 m_foundCount = 0;
     qint16 m_gridRows = EmptyGridRows;

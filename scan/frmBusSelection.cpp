@@ -9,6 +9,7 @@
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/ScanRun.h"
@@ -112,7 +113,7 @@ void frmBusSelection::Form_Load()
     m_ui->lstBusses->clear();
     m_ui->lstBusses->addItem(Scanning());
     m_ui->lstBusses->setCurrentRow(0);
-    m_ui->cmdOK->setEnabled(false);
+    OfferCommand(*m_ui->cmdOK, DisabledReason::NoBusSelected);
 }
 
 // Question ------------------------------------------------------------------------------------------------
@@ -230,7 +231,7 @@ void frmBusSelection::ListBuses(const std::shared_ptr<ScanRun>& run)
     if (run->ended)
         return;
     m_run.reset();
-    m_ui->cmdOK->setEnabled(true);
+    OfferCommand(*m_ui->cmdOK, DisabledReason::None);
 }
 
 void frmBusSelection::ShowBuses(const QStringList& buses)

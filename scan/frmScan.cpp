@@ -9,8 +9,10 @@
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/NamedValues.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/HelpKey.h"
 #include "platform/controls/IntervalTimer.h"
+#include "scan/FoundNodesMenu.h"
 #include "scan/ScanRun.h"
 #include "scan/ScanTexts.h"
 #include "scan/ui_frmScan.h"
@@ -73,6 +75,8 @@ void frmScan::Connect()
     connect(m_ui->cmdScanBus, &QPushButton::clicked, this, guarded(&frmScan::cmdScanBus_Click));
     connect(m_ui->cmdStartStop, &QPushButton::clicked, this, &frmScan::cmdStartStop_Click);
     connect(m_ui->grdFoundNodes, &FoundNodesGrid::NodeClick, this, &frmScan::grdFoundNodes_Click);
+    connect(m_ui->grdFoundNodes, &FoundNodesGrid::ContextMenu, this,
+            [this](const QPoint& place) { Guarded([&] { OpenFoundNodesMenu(*m_ui, m_direct, place); }); });
     connect(m_ui->cmdSelect, &QPushButton::clicked, this, guarded(&frmScan::cmdSelect_Click));
     connect(m_ui->cmdSave, &QPushButton::clicked, this, guarded(&frmScan::cmdSave_Click));
     connect(m_ui->cmdSaveAll, &QPushButton::clicked, this, guarded(&frmScan::cmdSaveAll_Click));
@@ -169,6 +173,7 @@ void frmScan::UpdateCommandButtons()
     m_ui->cmdSave->setEnabled(isFound);
     m_ui->cmdSaveAll->setEnabled(Database().EditRight && found >= 1);
     m_ui->cmdSelect->setEnabled(isFound);
+    ShowReasons();
 }
 
 void frmScan::SetCommandsEnabled(bool on)
@@ -181,10 +186,29 @@ void frmScan::SetCommandsEnabled(bool on)
 
 void frmScan::ApplyEditRight()
 {
-    if (Database().EditRight)
-        return;
-    m_ui->cmdSave->setEnabled(false);
-    m_ui->cmdSaveAll->setEnabled(false);
+    if (!Database().EditRight) {
+        m_ui->cmdSave->setEnabled(false);
+        m_ui->cmdSaveAll->setEnabled(false);
+    }
+    ShowReasons();
+}
+
+void frmScan::ShowReasons()
+{
+    const auto tell = [this](QWidget& command, DisabledReason reason) {
+        const bool waits = !IsIdle() && reason != DisabledReason::NoEditRight;
+        ShowReason(command, command.isEnabled() ? DisabledReason::None
+                            : waits             ? DisabledReason::ScanRuns
+                                                : reason);
+    };
+    const DisabledReason none = !Database().EditRight                    ? DisabledReason::NoEditRight
+                                : m_ui->grdFoundNodes->FoundCount() == 0 ? DisabledReason::NothingFound
+                                                                         : DisabledReason::NoFoundSelected;
+    for (QWidget* command : {m_ui->cmdSelect, m_ui->cmdSave, m_ui->cmdSaveAll})
+        tell(*command, none);
+    tell(*m_ui->cmdCancel, DisabledReason::ScanRuns);
+    tell(*m_ui->txtBus, DisabledReason::NoBus);
+    tell(*m_ui->cmdScanBus, DisabledReason::NoBus);
 }
 
 void frmScan::grdFoundNodes_Click()

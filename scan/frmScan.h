@@ -58,6 +58,8 @@ private:
     void UpdateCommandButtons();
     void SetCommandsEnabled(bool on);
     void ApplyEditRight();
+    /// Why commands are disabled, if any are.
+    void ShowReasons();
     void Guarded(const std::function<void()>& handler);
 
     [[nodiscard]] bool HasCaption(const QString& caption) const;

@@ -52,6 +52,7 @@ void frmScan::SetBusControlsEnabled(bool on)
     for (QWidget* control : {static_cast<QWidget*>(m_ui->lblSelectedBus), static_cast<QWidget*>(m_ui->txtBus),
                              static_cast<QWidget*>(m_ui->cmdScanBus)})
         control->setEnabled(isEditable);
+    ShowReasons();
 }
 
 void frmScan::txtBus_Change()

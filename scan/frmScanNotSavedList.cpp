@@ -6,6 +6,7 @@
 #include "platform/HelpLinks.h"
 #include "platform/MsgBox.h"
 #include "platform/Words.h"
+#include "platform/controls/DisabledReason.h"
 #include "platform/controls/HelpKey.h"
 #include "platform/controls/ModalForm.h"
 #include "scan/frmScanSelSaveProgress.h"
@@ -168,11 +169,14 @@ void frmScanNotSavedList::UpdateNotSavedButtons()
 {
     const bool selected = !SelectedLines().empty();
     const bool fits = selected && !SelectionHasTooLong();
-    m_ui->cmdManager->setEnabled(selected);
-    m_ui->cmdRename->setEnabled(selected);
-    m_ui->cmdReplace->setEnabled(fits);
-    m_ui->cmdSave->setEnabled(fits && !SelectionHasExisting());
-    m_ui->cmdSelectAll->setEnabled(m_ui->lstNotSavedNodes->count() > 0);
+    const DisabledReason unselected = selected ? DisabledReason::None : DisabledReason::NoLineSelected;
+    const DisabledReason unfit = fits || !selected ? unselected : DisabledReason::NameTooLong;
+    OfferCommand(*m_ui->cmdManager, unselected);
+    OfferCommand(*m_ui->cmdRename, unselected);
+    OfferCommand(*m_ui->cmdReplace, unfit);
+    OfferCommand(*m_ui->cmdSave, fits && SelectionHasExisting() ? DisabledReason::NameExists : unfit);
+    OfferCommand(*m_ui->cmdSelectAll,
+                 m_ui->lstNotSavedNodes->count() > 0 ? DisabledReason::None : DisabledReason::NoLines);
 }
 
 // Selection -----------------------------------------------------------------------------------------------

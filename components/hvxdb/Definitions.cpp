@@ -1,10 +1,10 @@
 #include "components/hvxdb/Definitions.h"
 
-#include "components/TargetText.h"
 #include "components/hvxdb/DefinitionsList.h"
 #include "components/hvxdb/TargetRewriter.h"
 #include "platform/ComponentError.h"
 #include "platform/HvxDatabase.h"
+#include "platform/TargetText.h"
 
 #include <QVarLengthArray>
 

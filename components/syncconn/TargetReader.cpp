@@ -1,6 +1,6 @@
 #include "components/syncconn/TargetReader.h"
 
-#include "components/TargetText.h"
+#include "platform/TargetText.h"
 
 #include <algorithm>
 

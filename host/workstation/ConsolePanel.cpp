@@ -2,6 +2,7 @@
 
 #include "host/workstation/RequestOffers.h"
 #include "host/workstation/ui_ConsolePanel.h"
+#include "platform/controls/DisabledReason.h"
 
 #include <QClipboard>
 #include <QFontDatabase>
@@ -100,8 +101,12 @@ void ConsolePanel::cmdCopyLog_Click()
 void ConsolePanel::ShowState()
 {
     const bool waiting = IsWaiting();
-    m_ui->cmdSend->setEnabled(!waiting && !m_target.isEmpty() && !m_ui->cboRequest->currentText().isEmpty());
-    m_ui->cmdDisconnect->setEnabled(m_talk.Now() != NodeTalk::State::Closed);
+    const bool open = m_talk.Now() != NodeTalk::State::Closed;
+    OfferCommand(*m_ui->cmdSend, waiting                                     ? DisabledReason::WaitsForReply
+                                 : m_target.isEmpty()                        ? DisabledReason::NoTarget
+                                 : m_ui->cboRequest->currentText().isEmpty() ? DisabledReason::NoRequest
+                                                                             : DisabledReason::None);
+    OfferCommand(*m_ui->cmdDisconnect, open ? DisabledReason::None : DisabledReason::NotConnected);
     m_ui->lblTalk->setText(StateText());
 }
 

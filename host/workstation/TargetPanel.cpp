@@ -1,6 +1,7 @@
 #include "host/workstation/TargetPanel.h"
 
 #include "host/workstation/ui_TargetPanel.h"
+#include "platform/controls/DisabledReason.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -75,7 +76,7 @@ void TargetPanel::cmdCopy_Click()
 void TargetPanel::Show(const QString& target, const QString& state, bool good)
 {
     m_ui->txtHostTarget->setPlainText(target);
-    m_ui->cmdCopy->setEnabled(!target.isEmpty());
+    OfferCommand(*m_ui->cmdCopy, target.isEmpty() ? DisabledReason::NoTarget : DisabledReason::None);
     m_ui->lblState->setText(state);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     const QStyle::StandardPixmap picture =

@@ -1,9 +1,11 @@
 #include "host/workstation/WorkstationOptions.h"
 
 #include "platform/Language.h"
+#include "platform/controls/Theme.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <string>
 #include <vector>
 
 namespace {
@@ -45,6 +47,13 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
            "Language of the windows; else the one that ZELKA_LANGUAGE names or that was chosen in the menu")
         ->type_name("LANGUAGE")
         ->check(CLI::IsMember(languages));
+    std::vector<std::string> themes;
+    for (const QString& name : ThemeNames())
+        themes.push_back(name.toStdString());
+    std::string theme;
+    app.add_option("--theme", theme, "Colours of the windows, for this run; else those last chosen")
+        ->type_name("NAME")
+        ->check(CLI::IsMember(themes));
 
     try {
         app.parse(argc, argv);
@@ -57,5 +66,6 @@ std::optional<int> ReadOptions(int argc, char** argv, WorkstationOptions& option
     options.database = QString::fromStdString(database);
     options.screenshots = QString::fromStdString(screenshots);
     options.language = QString::fromStdString(language);
+    options.theme = QString::fromStdString(theme);
     return std::nullopt;
 }

@@ -21,6 +21,8 @@ struct WorkstationOptions
     QString screenshots;
     /// Code of the language; empty: as stored.
     QString language;
+    /// Name of the theme; empty: the one that the operator chose last.
+    QString theme;
 };
 
 /// Reads the arguments that Qt has left. A value is the exit code with which to end at once: help and version

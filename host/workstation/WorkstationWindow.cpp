@@ -1,5 +1,6 @@
 #include "host/workstation/WorkstationWindow.h"
 
+#include "browser/BrowserStatus.h"
 #include "browser/T4ZelkaBrowser.h"
 #include "database/DatabaseState.h"
 #include "host/workstation/ConsolePanel.h"
@@ -9,7 +10,10 @@
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
 #include "platform/controls/SettingsPropertyBag.h"
+#include "platform/controls/Theme.h"
+#include "platform/controls/WindowPlaces.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QSettings>
@@ -30,13 +34,13 @@ QString PropertyGroup()
 {
     return QStringLiteral("Browser");
 }
-QString GeometryKey()
+QString ThemeKey()
 {
-    return QStringLiteral("Window/Geometry");
+    return QStringLiteral("View/Theme");
 }
-QString SplitterKey()
+QString StatusLineKey()
 {
-    return QStringLiteral("Window/Splitter");
+    return QStringLiteral("View/StatusLine");
 }
 QString RefreshTimerProperty()
 {
@@ -66,20 +70,18 @@ QString RefreshIntervalProperty()
 } // namespace
 
 WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place place)
-    : m_ui(std::make_unique<Ui::WorkstationWindow>()),
-      m_settings(settings),
-      m_source(std::move(source)),
-      m_place(place)
+    : m_ui(std::make_unique<Ui::WorkstationWindow>()), m_settings(settings), m_source(std::move(source))
 {
     m_ui->setupUi(this);
     m_ui->splHost->setStretchFactor(0, 1);
     m_ui->splHost->setStretchFactor(1, 0);
     m_ui->splHost->setSizes({BrowserWidth, PanelWidth});
-    if (m_place == Place::Kept)
-        RestorePlace();
+    if (place == Place::Kept)
+        m_places = std::make_unique<WindowPlaces>(m_settings);
     new LanguageMenu(*m_ui->mnuLanguage, m_settings);
     m_ui->mnuSettings->setEnabled(false);
     ConnectHelp();
+    ConnectViewMenu();
     connect(m_ui->pnlTarget, &TargetPanel::TargetRead, m_ui->pnlConsole, &ConsolePanel::SetTarget);
 }
 
@@ -102,6 +104,8 @@ void WorkstationWindow::Start()
     connect(m_control, &T4ZelkaBrowser::SobriquetChanged, m_ui->pnlTarget, &TargetPanel::ReadTarget,
             Qt::QueuedConnection);
     ConnectMenus();
+    m_status = std::make_unique<BrowserStatus>(*m_control);
+    m_ui->staStatus->Follow(*m_status, [this] { return DatabaseText(); });
     setWindowTitle(tr("%1 - Zelka Workstation").arg(DatabaseText()));
 }
 
@@ -163,6 +167,49 @@ void WorkstationWindow::ConnectHelp()
     }
 }
 
+void WorkstationWindow::ConnectViewMenu()
+{
+    auto* const themes = new QActionGroup(this);
+    const std::pair<QAction*, Theme> choices[] = {{m_ui->mnuThemeSystem, Theme::System},
+                                                  {m_ui->mnuThemeLight, Theme::Light},
+                                                  {m_ui->mnuThemeDark, Theme::Dark},
+                                                  {m_ui->mnuThemeContrast, Theme::Contrast}};
+    for (const auto& [action, theme] : choices) {
+        themes->addAction(action);
+        action->setData(ThemeName(theme));
+        connect(action, &QAction::triggered, this, [this, theme] { mnuTheme_Click(theme); });
+    }
+    m_ui->mnuThemeSystem->setChecked(true);
+
+    const bool shown = m_settings.value(StatusLineKey(), true).toBool();
+    m_ui->mnuStatusLine->setChecked(shown);
+    m_ui->staStatus->setVisible(shown);
+    connect(m_ui->mnuStatusLine, &QAction::toggled, this, [this](bool show) {
+        m_ui->staStatus->setVisible(show);
+        m_settings.setValue(StatusLineKey(), show);
+    });
+}
+
+void WorkstationWindow::mnuTheme_Click(Theme theme)
+{
+    ShowTheme(theme);
+    m_settings.setValue(ThemeKey(), ThemeName(theme));
+}
+
+void WorkstationWindow::ShowTheme(Theme theme)
+{
+    ApplyTheme(theme);
+    for (QAction* action : m_ui->mnuView->actions()) {
+        if (action->data().toString() == ThemeName(theme))
+            action->setChecked(true);
+    }
+}
+
+Theme WorkstationWindow::StoredTheme(const QSettings& settings)
+{
+    return ThemeOfName(settings.value(ThemeKey()).toString()).value_or(Theme::System);
+}
+
 void WorkstationWindow::mnuAbout_Click()
 {
     frmAbout(DatabaseText(), this).exec();
@@ -192,18 +239,6 @@ void WorkstationWindow::WriteProperties()
         bag.WriteProperty(RefreshTimerProperty(), m_refreshTimerStored, false);
 }
 
-void WorkstationWindow::RestorePlace()
-{
-    restoreGeometry(m_settings.value(GeometryKey()).toByteArray());
-    m_ui->splHost->restoreState(m_settings.value(SplitterKey()).toByteArray());
-}
-
-void WorkstationWindow::SavePlace()
-{
-    m_settings.setValue(GeometryKey(), saveGeometry());
-    m_settings.setValue(SplitterKey(), m_ui->splHost->saveState());
-}
-
 void WorkstationWindow::paintEvent(QPaintEvent* event)
 {
     QMainWindow::paintEvent(event);
@@ -216,8 +251,6 @@ void WorkstationWindow::closeEvent(QCloseEvent* event)
     m_ui->pnlConsole->Disconnect();
     if (m_control) {
         WriteProperties();
-        if (m_place == Place::Kept)
-            SavePlace();
         m_settings.sync();
     }
     QMainWindow::closeEvent(event);

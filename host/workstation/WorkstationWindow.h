@@ -4,10 +4,13 @@
 
 #include <memory>
 
+class BrowserStatus;
 class ConsolePanel;
 class QSettings;
 class T4ZelkaBrowser;
 class TargetPanel;
+class WindowPlaces;
+enum class Theme : quint8;
 
 namespace Ui {
 class WorkstationWindow;
@@ -46,6 +49,11 @@ public:
     /// The database in use as the operator is told it.
     [[nodiscard]] QString DatabaseText() const;
 
+    /// Shows all windows in a theme and ticks it in the menu; for this run.
+    void ShowTheme(Theme theme);
+    /// The one that the operator chose last.
+    [[nodiscard]] static Theme StoredTheme(const QSettings& settings);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -54,17 +62,19 @@ private:
     void ConnectMenus();
     /// Without a help file its pages are offered in grey.
     void ConnectHelp();
+    void ConnectViewMenu();
+    void mnuTheme_Click(Theme theme);
     void mnuAbout_Click();
     void ReadProperties();
     void WriteProperties();
-    void RestorePlace();
-    void SavePlace();
 
     std::unique_ptr<Ui::WorkstationWindow> m_ui;
     QSettings& m_settings;
     QString m_source;
-    Place m_place;
+    /// Null where nothing is kept.
+    std::unique_ptr<WindowPlaces> m_places;
     T4ZelkaBrowser* m_control = nullptr;
+    std::unique_ptr<BrowserStatus> m_status;
     bool m_startsWhenPainted = false;
     /// What the control's automatic refresh was stored as; a run without a database switches it off.
     bool m_refreshTimerStored = false;

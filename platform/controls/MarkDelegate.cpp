@@ -1,5 +1,7 @@
 #include "platform/controls/MarkDelegate.h"
 
+#include "platform/controls/TextDirection.h"
+
 #include <QApplication>
 #include <QFontMetrics>
 
@@ -35,4 +37,10 @@ QSize MarkDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     initStyleOption(&marked, index);
     size.rwidth() += QFontMetrics(marked.font).horizontalAdvance(MarkOf(index));
     return size;
+}
+
+void MarkDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = Isolated(option->text, option->direction);
 }

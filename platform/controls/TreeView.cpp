@@ -1,6 +1,7 @@
 #include "platform/controls/TreeView.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -122,6 +123,39 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
         RaiseClick(QPersistentModelIndex());
 }
 
+// Menu --------------------------------------------------------------------------------------------------
+
+void TreeView::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        Q_EMIT ContextMenu(MenuPlace());
+        return;
+    }
+    const QPointer<TreeView> alive = this;
+    const QPoint place = event->globalPos();
+    const QPersistentModelIndex entry = indexAt(viewport()->mapFromGlobal(place));
+    if (entry.isValid()) {
+        selectionModel()->setCurrentIndex(entry, QItemSelectionModel::ClearAndSelect);
+        m_menuFollows = true;
+        if (alive)
+            RaiseClick(entry);
+        // A receiver may have found the entry gone, or have turned to another view.
+        if (!alive || !m_menuFollows || !isVisible() || !entry.isValid() || entry != SelectedIndex())
+            return;
+    }
+    Q_EMIT ContextMenu(place);
+}
+
+QPoint TreeView::MenuPlace()
+{
+    const QModelIndex selected = SelectedIndex();
+    if (!selected.isValid())
+        return viewport()->mapToGlobal(QPoint(0, 0));
+    scrollTo(selected);
+    return viewport()->mapToGlobal((visualRect(selected) & viewport()->rect()).center());
+}
+
 // Keyboard ----------------------------------------------------------------------------------------------
 
 bool TreeView::event(QEvent* event)
@@ -135,6 +169,10 @@ bool TreeView::event(QEvent* event)
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        Q_EMIT ContextMenu(MenuPlace());
+        return;
+    }
     const QPointer<TreeView> alive = this;
     bool swallow = false;
     Q_EMIT KeyDown(event->key(), event->modifiers(), swallow);

@@ -9,7 +9,8 @@
 /// A click selects the entry, then come NodeClick and Click; a double click gives NodeClick, Click, DblClick,
 /// Click; a click on no entry gives Click alone; a click on an indicator expands or collapses and gives
 /// nothing. A key gives KeyDown, then, when it stands for a character, KeyPress; when it moved the selection,
-/// NodeClick and Click follow. Selecting in code gives nothing.
+/// NodeClick and Click follow. Selecting in code gives nothing. The right button clicks on the entry below it
+/// and then gives ContextMenu; the menu key and Shift+F10 give that alone.
 ///
 /// Receivers may change the model in any way, or delete the view, inside any event.
 class TreeView : public TreeRowsView
@@ -28,6 +29,8 @@ public:
     /// Selects an entry, brings it into view and raises the events of a click on it. The view may be gone
     /// afterwards.
     void ClickIndex(const QModelIndex& index);
+    /// For a receiver of a click: what was clicked on is not what it seemed, so no menu follows.
+    void DropMenu() { m_menuFollows = false; }
 
     /// Selects the next entry that can be seen and whose text begins with what was typed, as by a move.
     void keyboardSearch(const QString& typed) override;
@@ -44,6 +47,8 @@ Q_SIGNALS:
     /// A control character for Enter (13), Escape (27) and Backspace (8). Set to 0 it is dropped, set to
     /// another one it is taken for that.
     void KeyPress(ushort& character);
+    /// The operator asks for a menu of what is selected, to stand at this place of the screen.
+    void ContextMenu(const QPoint& place);
 
 protected:
     bool event(QEvent* event) override;
@@ -52,6 +57,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     enum class Pressed
@@ -65,10 +71,13 @@ private:
     /// An invalid index: a click on no entry. The view may be gone afterwards.
     void RaiseClick(const QPersistentModelIndex& entry);
     void MoveTo(const QModelIndex& index);
+    /// Where a menu of the selected entry stands that no pointer asked for.
+    [[nodiscard]] QPoint MenuPlace();
     bool HandleMoveKey(int key);
     bool HandleExpansionKey(int key);
     [[nodiscard]] bool IsSearching() const;
 
+    bool m_menuFollows = true;
     Pressed m_pressed = Pressed::Nothing;
     QPersistentModelIndex m_pressedEntry;
     QString m_search;

@@ -314,6 +314,7 @@ void TestWorkstationProgram::Options_Mistaken_ShowUsage_data()
     QTest::newRow("value missing") << QStringList{"--database"};
     QTest::newRow("value empty") << QStringList{"--database", ""};
     QTest::newRow("folder empty") << QStringList{"--screenshots", ""};
+    QTest::newRow("theme unknown") << QStringList{"--theme", "pink"};
     QTest::newRow("stray word") << QStringList{"Dbs.mdb"};
 }
 
@@ -342,7 +343,8 @@ void TestWorkstationProgram::Help_Asked_NamesTheOptions()
     const Outcome outcome = Run({QStringLiteral("--help")});
 
     QCOMPARE(outcome.code, 0);
-    for (const char* option : {"--database", "--screenshots", "--version", "--help", "ZELKA_DBS32"})
+    for (const char* option :
+         {"--database", "--screenshots", "--theme", "--version", "--help", "ZELKA_DBS32"})
         QVERIFY2(outcome.output.contains(QLatin1String(option)), option);
 }
 

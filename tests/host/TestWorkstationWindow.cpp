@@ -406,7 +406,7 @@ void TestWorkstationWindow::Place_Default_IsNotStored()
 
     QVERIFY(m_window->close());
 
-    QVERIFY(!m_settings->childGroups().contains(QStringLiteral("Window")));
+    QVERIFY(!m_settings->childGroups().contains(QStringLiteral("Windows")));
     QVERIFY(m_settings->childGroups().contains(QStringLiteral("Browser")));
 }
 

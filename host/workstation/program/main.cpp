@@ -8,6 +8,7 @@
 #include "platform/Language.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
+#include "platform/controls/Theme.h"
 #include "platform/controls/WindowBoxPresenter.h"
 #include "support/ComponentVersion.h"
 #include "support/modHTMLHelp.h"
@@ -49,16 +50,17 @@ void RegisterInstalledControl()
         RegisterControlOnce(file);
 }
 
-int RunScripted(QSettings& settings, const QString& source, const QString& chosenFolder)
+int RunScripted(QSettings& settings, const QString& source, const WorkstationOptions& options)
 {
-    const QString folder = PictureFolder(chosenFolder);
+    const QString folder = PictureFolder(options.screenshots);
     if (folder.isEmpty()) {
         std::fprintf(stderr, "zelka-workstation: cannot make the folder for the screenshots %s\n",
-                     qUtf8Printable(chosenFolder));
+                     qUtf8Printable(options.screenshots));
         return ExitCode::Refused;
     }
     // Nobody could press a button: boxes go to standard error, which is what the built-in presenter does.
     WorkstationWindow window(settings, source, WorkstationWindow::Place::Default);
+    window.ShowTheme(ThemeOfName(options.theme).value_or(Theme::System));
     window.show();
     window.Start();
     const int code = ScriptedRun(window, folder).Run();
@@ -66,13 +68,14 @@ int RunScripted(QSettings& settings, const QString& source, const QString& chose
     return code;
 }
 
-int RunForOperator(QSettings& settings, const QString& source)
+int RunForOperator(QSettings& settings, const QString& source, const WorkstationOptions& options)
 {
     WindowBoxPresenter presenter;
     SetBoxPresenter(&presenter);
     int code = ExitCode::Done;
     {
         WorkstationWindow window(settings, source);
+        window.ShowTheme(ThemeOfName(options.theme).value_or(WorkstationWindow::StoredTheme(settings)));
         window.StartWhenPainted();
         window.show();
         code = QApplication::exec();
@@ -110,6 +113,6 @@ int main(int argc, char** argv)
     SpeakLanguage(ChosenLanguage(options.language, LanguageMenu::Stored(settings)));
     const QString source = DataSource(options.database);
     if (IsOffscreen() || !options.screenshots.isEmpty())
-        return RunScripted(settings, source, options.screenshots);
-    return RunForOperator(settings, source);
+        return RunScripted(settings, source, options);
+    return RunForOperator(settings, source, options);
 }

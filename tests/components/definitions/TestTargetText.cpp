@@ -1,4 +1,4 @@
-#include "components/TargetText.h"
+#include "platform/TargetText.h"
 
 #include <QtTest>
 
