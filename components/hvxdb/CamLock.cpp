@@ -1,6 +1,7 @@
 #include "components/hvxdb/CamLock.h"
 
 #include "components/hvxdb/SqlFailure.h"
+#include "components/hvxdb/TransactionScope.h"
 #include "platform/MachineSeams.h"
 #include "platform/ProcessLife.h"
 

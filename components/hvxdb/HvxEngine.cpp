@@ -1,5 +1,6 @@
 #include "components/hvxdb/HvxEngine.h"
 
+#include "components/hvxdb/DriverStatement.h"
 #include "components/hvxdb/PostgresEngine.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteEngine.h"
@@ -19,4 +20,10 @@ std::unique_ptr<HvxEngine> HvxEngine::ForSource(const QString& source)
 QString HvxEngine::StatementText(HvxStatement statement) const
 {
     return StandardStatementText(statement);
+}
+
+std::unique_ptr<SqlStatement> HvxEngine::MakeStatement(const QSqlDatabase& database, const QString& text,
+                                                       bool rowByRow) const
+{
+    return std::make_unique<DriverStatement>(database, text, rowByRow, DriverStatement::Binding::ByPosition);
 }

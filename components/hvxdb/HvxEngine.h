@@ -12,6 +12,7 @@
 
 class CopySide;
 class SqlSession;
+class SqlStatement;
 
 /// What differs between database engines: how a source is opened, SQL texts, scripts, error numbers.
 class HvxEngine
@@ -37,14 +38,9 @@ public:
     /// Begin, commit, rollback and savepoints can be prepared. Where they cannot, Begin may give a row of
     /// HvxStatement::SessionState behind it.
     [[nodiscard]] virtual bool PreparesTransactions() const { return true; }
-    /// Runs the begin, commit or rollback of an outermost transaction past the driver, whose account of such
-    /// a statement costs more than the statement does; gives its error, which is not valid when it is done.
-    /// Nothing: the driver has to run it.
-    [[nodiscard]] virtual std::optional<QSqlError> RunPastDriver(HvxStatement) { return std::nullopt; }
-    /// The driver keeps placeholders by name: a value that is bound by position costs it a name each time.
-    [[nodiscard]] virtual bool BindsByName() const { return false; }
-    /// Lets go of what was prepared past the driver; to be called before the connection closes.
-    virtual void LetGo() {}
+    /// A statement of the connection, prepared once it runs; `rowByRow`: see ReadsRowByRow.
+    [[nodiscard]] virtual std::unique_ptr<SqlStatement>
+    MakeStatement(const QSqlDatabase& database, const QString& text, bool rowByRow) const;
     /// The driver hands the rows of this statement over one by one. No other statement can run meanwhile on
     /// an engine that does so for some statements only.
     [[nodiscard]] virtual bool ReadsRowByRow(HvxStatement) const { return true; }

@@ -3,6 +3,7 @@
 #include "components/hvxdb/DefinitionTables.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqlScript.h"
+#include "components/hvxdb/TransactionScope.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -115,6 +115,10 @@ bool RecordReader::NodeExists(const QString& name) const
         return known->exists;
     if (const auto known = cache.nodeExists.find(key); known != cache.nodeExists.end())
         return known->second;
+    if (cache.journalChunk) {
+        if (const std::optional<NodeRow> told = cache.journalChunk->rows.Node(key))
+            return told->exists;
+    }
     SqlRows rows = m_store->Session().Read(HvxStatement::NodeExists, {key});
     const bool exists = rows.Next();
     if (m_store->InTransaction())

@@ -4,6 +4,7 @@
 #include "components/hvxdb/PostgresEngine.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqlNames.h"
+#include "components/hvxdb/TransactionScope.h"
 
 #include <QDateTime>
 

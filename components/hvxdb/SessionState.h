@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QSqlQuery>
 #include <QString>
 #include <QVariant>
 
@@ -24,14 +23,15 @@ struct SessionState
     /// Where the engine tells them with the rest.
     std::optional<UserRights> rights;
 
-    /// From a row of HvxStatement::SessionState.
-    static SessionState OfRow(const QSqlQuery& row)
+    /// From a row of HvxStatement::SessionState, whose columns `value` gives.
+    template <typename ValueOfColumn>
+    static SessionState OfRow(const ValueOfColumn& value)
     {
         SessionState state;
-        state.definitionsVersion = row.value(0).toInt();
-        state.heldLock = row.value(1).toString();
-        if (!row.isNull(2))
-            state.rights = UserRights{row.value(2).toBool(), row.value(3).toBool(), row.value(4).toString()};
+        state.definitionsVersion = value(0).toInt();
+        state.heldLock = value(1).toString();
+        if (!value(2).isNull())
+            state.rights = UserRights{value(2).toBool(), value(3).toBool(), value(4).toString()};
         return state;
     }
 };

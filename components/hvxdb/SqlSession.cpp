@@ -3,8 +3,6 @@
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqlScript.h"
 
-#include <QUuid>
-
 namespace {
 
 HvxStatement BeginStatement(TransactionKind kind)
@@ -22,33 +20,6 @@ HvxStatement BeginStatement(TransactionKind kind)
     return HvxStatement::Begin;
 }
 
-/// No statement of the component has more values.
-constexpr int MostValues = 16;
-
-/// Names of the values of a statement, in order.
-const QStringList& ValueNames()
-{
-    static const QStringList names = [] {
-        QStringList list;
-        for (int i = 0; i < MostValues; ++i)
-            list << QStringLiteral(":v%1").arg(i);
-        return list;
-    }();
-    return names;
-}
-
-/// A statement of the component, in which "?" is nothing but a value, with named values.
-QString NamedText(QString text)
-{
-    int value = 0;
-    for (qsizetype at = text.indexOf(u'?'); at >= 0; at = text.indexOf(u'?', at)) {
-        const QString& name = ValueNames()[value++];
-        text.replace(at, 1, name);
-        at += name.size();
-    }
-    return text;
-}
-
 [[noreturn]] void RaiseUndone()
 {
     RaiseFailure(EngineFailure, QStringLiteral("The database has undone the transaction."));
@@ -56,155 +27,33 @@ QString NamedText(QString text)
 
 } // namespace
 
-bool SqlRows::Next()
-{
-    if (m_query->next())
-        return true;
-    const QSqlError error = m_query->lastError();
-    if (error.isValid())
-        RaiseFailure(m_engine->ErrorNumber(error), m_engine->ErrorText(error));
-    return false;
-}
-
-SqlSession::~SqlSession()
-{
-    Disconnect();
-}
-
-void SqlSession::Connect(const QString& source)
-{
-    std::unique_ptr<HvxEngine> engine = HvxEngine::ForSource(source);
-    engine->CheckSource(source);
-    HvxEngine& opener = *engine;
-    Connect(std::move(engine), [&](QSqlDatabase& database) { opener.Connect(database, source, m_busyMs); });
-}
-
-void SqlSession::Connect(std::unique_ptr<HvxEngine> engine, const std::function<void(QSqlDatabase&)>& open)
-{
-    Disconnect();
-    const QString name = QStringLiteral("hvxdb-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_engine = std::move(engine);
-    try {
-        m_database = QSqlDatabase::addDatabase(m_engine->Driver(), name);
-        open(m_database);
-    } catch (...) {
-        Disconnect();
-        throw;
-    }
-}
-
 void SqlSession::Disconnect()
 {
-    if (!m_engine)
-        return;
     m_levels.clear();
     m_lost = false;
-    // Closing undoes an open transaction. The statements go behind it: with the connection open the driver
-    // would let go of each one by a statement of its own, which a dead connection answers with a warning.
-    const QString name = m_database.connectionName();
-    m_engine->LetGo();
-    m_database.close();
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(name);
-    for (std::optional<QSqlQuery>& statement : m_statements)
-        statement.reset();
     m_savepoints.clear();
-    m_engine.reset();
-}
-
-std::optional<quint32> SqlSession::DataVersion() const
-{
-    return m_engine->DataVersion(m_database);
-}
-
-QVariant SqlSession::BoundValue(const QVariant& value) const
-{
-    if (value.userType() != QMetaType::QString)
-        return value;
-    const QString text = value.toString();
-    if (!m_engine->KeepsZeroCharacter() && text.contains(QChar(0)))
-        RaiseRefusal(QStringLiteral("The database keeps no text with the character 0."));
-    // The empty text is a value; a null text would become the database's NULL.
-    return text.isNull() ? QVariant(QStringLiteral("")) : value;
-}
-
-QSqlQuery& SqlSession::Execute(HvxStatement statement, const QVariantList& values)
-{
-    std::optional<QSqlQuery>& slot = m_statements[static_cast<size_t>(statement)];
-    const bool byName = m_engine->BindsByName();
-    if (!slot) {
-        const QString text = m_engine->StatementText(statement);
-        slot.emplace(Prepare(byName ? NamedText(text) : text, m_engine->ReadsRowByRow(statement)));
-    }
-    if (!byName) {
-        ExecutePrepared(*slot, values);
-        return *slot;
-    }
-    const QStringList& names = ValueNames();
-    for (qsizetype i = 0; i < values.size(); ++i)
-        slot->bindValue(names[i], BoundValue(values[i]));
-    Run(*slot);
-    return *slot;
-}
-
-void SqlSession::ExecutePrepared(QSqlQuery& prepared, const QVariantList& values)
-{
-    for (qsizetype i = 0; i < values.size(); ++i)
-        prepared.bindValue(static_cast<int>(i), BoundValue(values[i]));
-    Run(prepared);
-}
-
-void SqlSession::Run(QSqlQuery& prepared)
-{
-    ++m_statementCount;
-    if (prepared.exec())
-        return;
-    const QSqlError error = prepared.lastError();
-    prepared.finish();
-    Raise(error);
-}
-
-SqlRows SqlSession::Read(HvxStatement statement, const QVariantList& values)
-{
-    return SqlRows(Execute(statement, values), *m_engine);
+    SqlConnection::Disconnect();
 }
 
 int SqlSession::Write(HvxStatement statement, const QVariantList& values)
 {
     EnsureSavepoints();
-    QSqlQuery& query = Execute(statement, values);
+    SqlStatement& written = Execute(statement, values);
     m_lastInsertId = 0;
-    if (query.isSelect()) {
+    if (written.HasColumns()) {
         // To the end: only then is the write done and counted.
-        for (bool first = true; query.next(); first = false) {
+        for (bool first = true; written.Next(); first = false) {
             if (first)
-                m_lastInsertId = query.value(0).toLongLong();
+                m_lastInsertId = written.Value(0).toLongLong();
         }
     }
-    const int changed = query.numRowsAffected();
-    query.finish();
+    if (const std::optional<QSqlError> error = written.Failure()) {
+        written.Finish();
+        Raise(*error);
+    }
+    const int changed = written.ChangedRows();
+    written.Finish();
     return changed;
-}
-
-QSqlQuery SqlSession::ExecuteText(const QString& text, const QVariantList& values)
-{
-    QSqlQuery query = PrepareText(text);
-    ExecutePrepared(query, values);
-    return query;
-}
-
-QSqlQuery SqlSession::PrepareText(const QString& text)
-{
-    return Prepare(text, true);
-}
-
-QSqlQuery SqlSession::Prepare(const QString& text, bool rowByRow)
-{
-    QSqlQuery query(Database());
-    query.setForwardOnly(rowByRow);
-    if (!query.prepare(text))
-        Raise(query.lastError());
-    return query;
 }
 
 void SqlSession::RunPrepared(QSqlQuery& prepared, const QVariantList& values)
@@ -220,22 +69,6 @@ void SqlSession::RunText(const QString& text, const QVariantList& values)
     ExecuteText(text, values);
 }
 
-void SqlSession::ReadText(const QString& text, const std::function<void(const QSqlQuery&)>& take)
-{
-    QSqlQuery query = ExecuteText(text, {});
-    while (query.next())
-        take(query);
-    if (query.lastError().isValid())
-        Raise(query.lastError());
-}
-
-qint64 SqlSession::NumberOfText(const QString& text)
-{
-    qint64 number = 0;
-    ReadText(text, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
-    return number;
-}
-
 void SqlSession::RunScript(const QString& script)
 {
     EnsureSavepoints();
@@ -244,14 +77,6 @@ void SqlSession::RunScript(const QString& script)
         // Scripts define triggers, whose bodies a prepared statement of the driver could mistake for values.
         RunUnprepared(statement);
     }
-}
-
-void SqlSession::RunUnprepared(const QString& text)
-{
-    QSqlQuery query(Database());
-    ++m_statementCount;
-    if (!query.exec(text))
-        Raise(query.lastError());
 }
 
 std::optional<SessionState> SqlSession::Begin(TransactionKind kind)
@@ -265,25 +90,25 @@ std::optional<SessionState> SqlSession::Begin(TransactionKind kind)
 
 std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
 {
-    if (m_engine->PreparesTransactions()) {
-        ExecutePlain(statement);
+    if (Engine().PreparesTransactions()) {
+        Execute(statement).Finish();
         return std::nullopt;
     }
     QSqlQuery query(Database());
-    ++m_statementCount;
+    CountStatement();
     const bool bringsState = statement == HvxStatement::Begin || statement == HvxStatement::BeginWriting;
     std::optional<SessionState> state;
-    bool done = query.exec(m_engine->StatementText(statement));
+    bool done = query.exec(Engine().StatementText(statement));
     if (!done)
         Raise(query.lastError());
     while (done) {
         if (bringsState && query.isSelect() && query.next())
-            state = SessionState::OfRow(query);
+            state = SessionState::OfRow([&query](int column) { return query.value(column); });
         done = query.nextResult();
     }
     if (const QSqlError error = query.lastError(); error.isValid()) {
         // What failed behind the begin has left a transaction open.
-        QSqlQuery(Database()).exec(m_engine->StatementText(HvxStatement::Rollback));
+        QSqlQuery(Database()).exec(Engine().StatementText(HvxStatement::Rollback));
         Raise(error);
     }
     return state;
@@ -291,10 +116,9 @@ std::optional<SessionState> SqlSession::BeginOutermost(HvxStatement statement)
 
 SessionState SqlSession::ReadState()
 {
-    QSqlQuery& query = Execute(HvxStatement::SessionState, {});
-    const SessionState state = query.next() ? SessionState::OfRow(query) : SessionState();
-    query.finish();
-    return state;
+    SqlRows rows = Read(HvxStatement::SessionState);
+    return rows.Next() ? SessionState::OfRow([&rows](int column) { return rows.Value(column); })
+                       : SessionState();
 }
 
 void SqlSession::Commit()
@@ -334,7 +158,7 @@ void SqlSession::Rollback()
         }
     } catch (const ComponentError&) {
         // Who has lost the connection has nothing left to undo.
-        if (!m_engine->HasLostTransaction(m_database))
+        if (!Engine().HasLostTransaction(Database()))
             throw;
         m_lost = level > 1;
     }
@@ -342,22 +166,10 @@ void SqlSession::Rollback()
 
 void SqlSession::EndOutermost(HvxStatement statement)
 {
-    if (m_engine->PreparesTransactions())
-        ExecutePlain(statement);
+    if (Engine().PreparesTransactions())
+        Execute(statement).Finish();
     else
-        RunUnprepared(m_engine->StatementText(statement));
-}
-
-void SqlSession::ExecutePlain(HvxStatement statement)
-{
-    const std::optional<QSqlError> error = m_engine->RunPastDriver(statement);
-    if (!error) {
-        Execute(statement, {}).finish();
-        return;
-    }
-    ++m_statementCount;
-    if (error->isValid())
-        Raise(*error);
+        RunUnprepared(Engine().StatementText(statement));
 }
 
 QString SqlSession::SavepointText(SavepointStep step, size_t level)
@@ -376,19 +188,15 @@ QString SqlSession::SavepointText(SavepointStep step, size_t level)
 
 void SqlSession::ExecuteSavepoint(SavepointStep step, size_t level)
 {
-    if (!m_engine->PreparesTransactions()) {
+    if (!Engine().PreparesTransactions()) {
         RunUnprepared(SavepointText(step, level));
         return;
     }
-    auto prepared = m_savepoints.find({step, level});
-    if (prepared == m_savepoints.end()) {
-        QSqlQuery query(Database());
-        if (!query.prepare(SavepointText(step, level)))
-            Raise(query.lastError());
-        prepared = m_savepoints.emplace(std::pair(step, level), std::move(query)).first;
-    }
-    Run(prepared->second);
-    prepared->second.finish();
+    std::unique_ptr<SqlStatement>& kept = m_savepoints[{step, level}];
+    if (!kept)
+        kept = Engine().MakeStatement(Database(), SavepointText(step, level), false);
+    Run(*kept);
+    kept->Finish();
 }
 
 void SqlSession::EnsureSavepoints()
@@ -418,30 +226,12 @@ void SqlSession::CheckNotLost() const
 
 void SqlSession::CheckNotSpoilt() const
 {
-    if (m_engine->HasSpoiltTransaction(m_database))
+    if (Engine().HasSpoiltTransaction(Database()))
         RaiseUndone();
 }
 
-void SqlSession::Raise(const QSqlError& error)
+void SqlSession::TakeNoteOfFailure()
 {
     if (!m_levels.empty())
-        m_lost = m_lost || m_engine->HasLostTransaction(m_database);
-    RaiseFailure(m_engine->ErrorNumber(error), m_engine->ErrorText(error));
-}
-
-TransactionScope::~TransactionScope()
-{
-    if (!m_open)
-        return;
-    try {
-        m_session->Rollback();
-    } catch (const ComponentError&) {
-        // The failure that led here is the one to tell; a connection that cannot undo is undone at its end.
-    }
-}
-
-void TransactionScope::Commit()
-{
-    m_session->Commit();
-    m_open = false;
+        m_lost = m_lost || Engine().HasLostTransaction(Database());
 }

@@ -1,8 +1,10 @@
 #include "components/hvxdb/SqliteEngine.h"
 
+#include "components/hvxdb/DriverStatement.h"
 #include "components/hvxdb/SqlFailure.h"
 #include "components/hvxdb/SqliteCopySide.h"
 #include "components/hvxdb/SqliteListFunctions.h"
+#include "components/hvxdb/SqliteStatement.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -107,11 +109,6 @@ QString PackedJournalChunk()
 
 } // namespace
 
-SqliteEngine::~SqliteEngine()
-{
-    LetGo();
-}
-
 QString SqliteEngine::Driver() const
 {
     return QStringLiteral("QSQLITE");
@@ -159,39 +156,12 @@ void SqliteEngine::Settle(const QSqlDatabase& database) const
     RunPragma(database, QStringLiteral("PRAGMA cache_size = -16384"));
 }
 
-std::optional<QSqlError> SqliteEngine::RunPastDriver(HvxStatement statement)
+std::unique_ptr<SqlStatement> SqliteEngine::MakeStatement(const QSqlDatabase& database, const QString& text,
+                                                          bool rowByRow) const
 {
-    if (!m_handle)
-        return std::nullopt;
-    sqlite3_stmt* prepared = Plain(statement);
-    const int result = prepared ? sqlite3_step(prepared) : sqlite3_errcode(m_handle);
-    QSqlError error;
-    if (result != SQLITE_DONE) {
-        error = QSqlError(QStringLiteral("Unable to execute statement"),
-                          QString::fromUtf8(sqlite3_errmsg(m_handle)), QSqlError::StatementError,
-                          QString::number(sqlite3_extended_errcode(m_handle)));
-    }
-    sqlite3_reset(prepared);
-    return error;
-}
-
-sqlite3_stmt* SqliteEngine::Plain(HvxStatement statement)
-{
-    sqlite3_stmt*& prepared = m_plain[statement];
-    if (!prepared) {
-        const QByteArray text = StatementText(statement).toUtf8();
-        sqlite3_prepare_v3(m_handle, text.constData(), static_cast<int>(text.size()),
-                           SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
-    }
-    return prepared;
-}
-
-void SqliteEngine::LetGo()
-{
-    for (const auto& [statement, prepared] : m_plain)
-        sqlite3_finalize(prepared);
-    m_plain.clear();
-    m_handle = nullptr;
+    if (m_handle)
+        return std::make_unique<SqliteStatement>(m_handle, text);
+    return std::make_unique<DriverStatement>(database, text, rowByRow, DriverStatement::Binding::ByName);
 }
 
 QString SqliteEngine::StatementText(HvxStatement statement) const

@@ -4,27 +4,18 @@
 
 #include <QByteArray>
 
-#include <map>
-
 struct sqlite3;
-struct sqlite3_stmt;
 
 /// SQLite: the database is one file, with two more beside it while it is open.
 class SqliteEngine : public HvxEngine
 {
 public:
-    SqliteEngine() = default;
-    ~SqliteEngine() override;
-    SqliteEngine(const SqliteEngine&) = delete;
-    SqliteEngine& operator=(const SqliteEngine&) = delete;
-
     [[nodiscard]] QString Driver() const override;
     void CheckSource(const QString& source) const override;
     void Connect(QSqlDatabase& database, const QString& source, int busyMs) override;
     void Settle(const QSqlDatabase& database) const override;
-    [[nodiscard]] std::optional<QSqlError> RunPastDriver(HvxStatement statement) override;
-    [[nodiscard]] bool BindsByName() const override { return true; }
-    void LetGo() override;
+    [[nodiscard]] std::unique_ptr<SqlStatement>
+    MakeStatement(const QSqlDatabase& database, const QString& text, bool rowByRow) const override;
     [[nodiscard]] QString StatementText(HvxStatement statement) const override;
     [[nodiscard]] QString ObjectNamesText() const override;
     [[nodiscard]] QStringList IntegrityTexts() const override;
@@ -50,12 +41,9 @@ private:
     [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const QByteArray& path);
     /// The driver's own handle; null when it cannot be used here.
     [[nodiscard]] sqlite3* Handle(const QSqlDatabase& database) const;
-    /// Prepared past the driver; null with the reason in the handle.
-    [[nodiscard]] sqlite3_stmt* Plain(HvxStatement statement);
 
     /// Of the connection that Connect opened.
     sqlite3* m_handle = nullptr;
-    std::map<HvxStatement, sqlite3_stmt*> m_plain;
     /// The connection builds lists itself, see SqliteListFunctions.
     bool m_buildsLists = false;
     /// As the file system knows it.

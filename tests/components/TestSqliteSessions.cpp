@@ -1,3 +1,4 @@
+#include "components/hvxdb/DriverStatement.h"
 #include "components/hvxdb/HvxStore.h"
 #include "components/hvxdb/RecordLists.h"
 #include "components/hvxdb/RecordWriter.h"
@@ -59,6 +60,11 @@ public:
     [[nodiscard]] QString StatementText(HvxStatement statement) const override
     {
         return StandardStatementText(statement);
+    }
+    [[nodiscard]] std::unique_ptr<SqlStatement>
+    MakeStatement(const QSqlDatabase& database, const QString& text, bool rowByRow) const override
+    {
+        return std::make_unique<DriverStatement>(database, text, rowByRow, DriverStatement::Binding::ByName);
     }
 };
 
