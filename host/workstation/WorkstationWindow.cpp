@@ -96,8 +96,11 @@ void WorkstationWindow::Start()
     m_control->setObjectName(QStringLiteral("ctlBrowser"));
     ReadProperties();
 
+    // A widget that comes new into the splitter would bring its own size.
+    const QList<int> sizes = m_ui->splHost->sizes();
     delete m_ui->splHost->replaceWidget(0, m_control);
     m_control->show();
+    m_ui->splHost->setSizes(sizes);
 
     m_ui->pnlTarget->SetReader([this](QString& target) { return m_control->GetTarget(target); });
     // A selection sets the name first and the target then, so the panel asks when both are there.

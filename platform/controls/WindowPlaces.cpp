@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QHeaderView>
+#include <QLayout>
 #include <QMainWindow>
 #include <QScreen>
 #include <QSettings>
@@ -58,6 +59,15 @@ QStringList ColumnWidths(const QTableView& table)
     return widths;
 }
 
+/// Gives a widget its final size: shares of a splitter that still grows would be moved again.
+void LayOutDownTo(QWidget& widget, const QWidget& window)
+{
+    if (&widget != &window && widget.parentWidget())
+        LayOutDownTo(*widget.parentWidget(), window);
+    if (widget.layout())
+        widget.layout()->activate();
+}
+
 /// The screen may be another one than last time.
 void KeepOnScreen(QWidget& window)
 {
@@ -98,8 +108,10 @@ void WindowPlaces::Restore(QWidget& window) const
     if (window.restoreGeometry(m_settings.value(Key(window, QStringLiteral("Geometry"))).toByteArray()))
         KeepOnScreen(window);
     for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
-        if (!splitter->objectName().isEmpty())
-            splitter->restoreState(m_settings.value(Key(window, splitter->objectName())).toByteArray());
+        if (splitter->objectName().isEmpty())
+            continue;
+        LayOutDownTo(*splitter, window);
+        splitter->restoreState(m_settings.value(Key(window, splitter->objectName())).toByteArray());
     }
     for (QTableView* table : window.findChildren<QTableView*>()) {
         if (IsKept(*table) &&

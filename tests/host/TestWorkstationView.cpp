@@ -82,11 +82,17 @@ private Q_SLOTS:
 
     void Splitter_Moved_ComesBack()
     {
+        // The screen of a run that nobody sees is small; a window that does not fit would be made narrower.
+        m_window->resize(760, 600);
+        QCoreApplication::processEvents();
         auto& splitter = Child<QSplitter>("splHost");
-        splitter.setSizes({500, 440});
-        const QList<int> sizes = splitter.sizes();
+        splitter.setSizes({400, 350});
+        // What the shares leave over goes to the control.
+        splitter.setSizes(splitter.sizes());
+        const int panel = splitter.sizes().last();
+        const int handle = splitter.handleWidth();
         CloseAndOpen();
-        QCOMPARE(Child<QSplitter>("splHost").sizes(), sizes);
+        QVERIFY(qAbs(Child<QSplitter>("splHost").sizes().last() - panel) <= handle);
     }
 
     void Dialog_Resized_ComesBackInTheNextRun()
