@@ -4,6 +4,8 @@
 #include "tools/netsim/FileCommands.h"
 #include "tools/netsim/ServeCommand.h"
 
+#include <QBuffer>
+
 #include <sstream>
 
 namespace {
@@ -25,25 +27,46 @@ NetsimExit Run(CLI::App& app, int argc, const char* const* argv, NetsimContext& 
     }
 }
 
+/// All commands of `zelka-netsim`, each declared in `app`.
+struct Commands
+{
+    explicit Commands(NetsimContext& context)
+        : app("Simulates a network: a gateway, its buses and their nodes, with delays, losses and faults.\n"
+              "Exit codes: 0 done, 1 refused or not found, no network runs there or the port is taken, "
+              "2 wrong arguments.",
+              "zelka-netsim"),
+          serve(app, context),
+          control(app, context),
+          files(app, context)
+    {
+        app.set_version_flag("--version", "zelka-netsim " ZELKA_VERSION);
+        app.require_subcommand(1);
+    }
+
+    CLI::App app;
+    ServeCommand serve;
+    ControlCommands control;
+    FileCommands files;
+};
+
 } // namespace
 
 NetsimExit RunNetsimCommandLine(int argc, const char* const* argv, QIODevice& data, QIODevice& words)
 {
     NetsimContext context{data, words, {}};
-    CLI::App app(
-        "Simulates a network: a gateway, its buses and their nodes, with delays, losses and faults.\n"
-        "Exit codes: 0 done, 1 refused or not found, no network runs there or the port is taken, "
-        "2 wrong arguments.",
-        "zelka-netsim");
-    app.set_version_flag("--version", "zelka-netsim " ZELKA_VERSION);
-    app.require_subcommand(1);
-    const ServeCommand serve(app, context);
-    const ControlCommands control(app, context);
-    const FileCommands files(app, context);
+    Commands commands(context);
     try {
-        return Run(app, argc, argv, context);
+        return Run(commands.app, argc, argv, context);
     } catch (const NetsimError& error) {
         context.Words(error.Text());
         return NetsimExit::Refused;
     }
+}
+
+void ReadNetsimCommandLine(const std::function<void(const CLI::App& app)>& read)
+{
+    QBuffer nothing;
+    NetsimContext context{nothing, nothing, {}};
+    const Commands commands(context);
+    read(commands.app);
 }

@@ -16,6 +16,8 @@
 #include "tools/zelka/TargetCommands.h"
 #include "tools/zelka/TransferCommands.h"
 
+#include <QBuffer>
+
 #include <algorithm>
 #include <optional>
 #include <sstream>
@@ -78,6 +80,54 @@ ExitCode Run(CommandContext& context)
     }
 }
 
+/// All commands of `zelka`, each declared in `app`.
+struct Commands
+{
+    explicit Commands(CommandContext& context)
+        : app("Makes, fills, checks, reads and changes the HVX Database of connections and nodes, and asks\n"
+              "the network behind them.\n"
+              "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable,\n"
+              "4 network unavailable, 130 ended by Ctrl+C.",
+              "zelka"),
+          db(DatabaseCommand(app)),
+          init(db, context),
+          copy(db, context),
+          transfer(db, context),
+          administration(db, context),
+          journal(db, context),
+          list(app, context),
+          show(app, context),
+          target(app, context),
+          edit(app, context),
+          manage(app, context),
+          scan(app, context)
+    {}
+
+    static CLI::App& DatabaseCommand(CLI::App& app)
+    {
+        app.set_version_flag("--version", "zelka " ZELKA_VERSION);
+        app.failure_message(FailureText);
+        app.require_subcommand(1);
+        CLI::App& db = *app.add_subcommand("db", "Work on the database as a whole");
+        db.require_subcommand(1);
+        return db;
+    }
+
+    CLI::App app;
+    CLI::App& db;
+    InitCommand init;
+    CopyCommand copy;
+    TransferCommands transfer;
+    AdministrationCommands administration;
+    JournalCommand journal;
+    ListCommands list;
+    ShowCommand show;
+    TargetCommands target;
+    EditCommands edit;
+    ManageCommand manage;
+    ScanCommands scan;
+};
+
 } // namespace
 
 ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIODevice& words)
@@ -86,33 +136,11 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
     CommandOutput output(data, words);
     CommandContext context{output, {}, false, {}};
 
-    CLI::App app(
-        "Makes, fills, checks, reads and changes the HVX Database of connections and nodes, and asks\n"
-        "the network behind them.\n"
-        "Exit codes: 0 done, 1 refused or not found, 2 wrong arguments, 3 database unavailable,\n"
-        "4 network unavailable, 130 ended by Ctrl+C.",
-        "zelka");
-    app.set_version_flag("--version", "zelka " ZELKA_VERSION);
-    app.failure_message(FailureText);
-    app.require_subcommand(1);
-    CLI::App& db = *app.add_subcommand("db", "Work on the database as a whole");
-    db.require_subcommand(1);
-
-    const InitCommand init(db, context);
-    const CopyCommand copy(db, context);
-    const TransferCommands transfer(db, context);
-    const AdministrationCommands administration(db, context);
-    const JournalCommand journal(db, context);
-    const ListCommands list(app, context);
-    const ShowCommand show(app, context);
-    const TargetCommands target(app, context);
-    const EditCommands edit(app, context);
-    const ManageCommand manage(app, context);
-    const ScanCommands scan(app, context);
+    Commands commands(context);
 
     try {
         ExitCode code = ExitCode::Done;
-        if (const std::optional<ExitCode> ended = Parse(app, argc, argv, context)) {
+        if (const std::optional<ExitCode> ended = Parse(commands.app, argc, argv, context)) {
             code = *ended;
         } else {
             output.SetJson(context.json);
@@ -124,4 +152,13 @@ ExitCode RunCommandLine(int argc, const char* const* argv, QIODevice& data, QIOD
         output.Words(error.Text());
         return error.Code();
     }
+}
+
+void ReadCommandLine(const std::function<void(const CLI::App& app)>& read)
+{
+    QBuffer nothing;
+    CommandOutput output(nothing, nothing);
+    CommandContext context{output, {}, false, {}};
+    const Commands commands(context);
+    read(commands.app);
 }
