@@ -13,6 +13,7 @@
 #include "platform/ComponentError.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/IntervalTimer.h"
 #include "scan/network/ScanState.h"
 
@@ -27,6 +28,7 @@ BrowserControl::BrowserControl(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::BrowserControl>())
 {
     RegisterPictures();
+    OfferAccessibleControls();
     m_ui->setupUi(this);
     // Made behind the views, which so go first.
     m_conTree = new TreeEntries(this);

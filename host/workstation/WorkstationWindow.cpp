@@ -5,6 +5,7 @@
 #include "host/workstation/ConsolePanel.h"
 #include "host/workstation/frmAbout.h"
 #include "host/workstation/ui_WorkstationWindow.h"
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/SettingsPropertyBag.h"
 
 #include <QCloseEvent>
@@ -67,6 +68,7 @@ WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place 
       m_source(std::move(source)),
       m_place(place)
 {
+    OfferAccessibleControls();
     m_ui->setupUi(this);
     m_ui->splHost->setStretchFactor(0, 1);
     m_ui->splHost->setStretchFactor(1, 0);

@@ -25,6 +25,9 @@ public:
     /// brought into view.
     void SelectIndex(const QModelIndex& index);
 
+    void GoToEntry(const QModelIndex& index) override;
+    void ClickEntry(const QModelIndex& index) override;
+    void OpenEntry(const QModelIndex& index) override;
     /// Selects the next entry that can be seen and whose text begins with what was typed, as by a move.
     void keyboardSearch(const QString& typed) override;
 
@@ -59,7 +62,7 @@ private:
     bool ToggleAt(const QPoint& place);
     /// An invalid index: a click on no entry. The view may be gone afterwards.
     void RaiseClick(const QPersistentModelIndex& entry);
-    void MoveTo(const QModelIndex& index);
+    void RaiseDoubleClick(const QPersistentModelIndex& entry);
     bool HandleMoveKey(int key);
     bool HandleExpansionKey(int key);
     [[nodiscard]] bool IsSearching() const;
