@@ -40,8 +40,17 @@ QAccessibleInterface* AccessibleComboBox::focusChild() const
 QString AccessibleComboBox::text(QAccessible::Text kind) const
 {
     const QString own = QAccessibleWidget::text(kind);
-    const bool unnamed = kind == QAccessible::Name && own.isEmpty();
-    return kind == QAccessible::Value || unnamed ? Combo()->currentText() : own;
+    const QString chosen = Combo()->currentText();
+    switch (kind) {
+    case QAccessible::Name:
+        return own.isEmpty() ? chosen : own;
+    case QAccessible::Value:
+        return chosen;
+    case QAccessible::Description:
+        return own.isEmpty() || chosen.isEmpty() ? chosen + own : chosen + QStringLiteral(". ") + own;
+    default:
+        return own;
+    }
 }
 
 QAccessible::State AccessibleComboBox::state() const

@@ -16,7 +16,8 @@ public:
     [[nodiscard]] QAccessibleInterface* child(int index) const override;
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
     [[nodiscard]] QAccessibleInterface* focusChild() const override;
-    /// Value: what is chosen or typed. It is the name as well where the combo box has none.
+    /// Value: what is chosen or typed, which also begins the description, since not every bridge passes on
+    /// the value of a text. It is the name as well where the combo box has none.
     [[nodiscard]] QString text(QAccessible::Text kind) const override;
     [[nodiscard]] QAccessible::State state() const override;
 

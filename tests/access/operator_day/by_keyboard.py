@@ -20,17 +20,32 @@ class ByKeyboard(Work):
             seen.wait("the focus to move", lambda before=before: seen.focused() != before)
         raise seen.NotSeen(f"Tab does not reach {role} \"{name}\"")
 
+    def opened(self, name):
+        """A window that has appeared and has the keyboard."""
+        window = seen.window(name)
+        seen.wait(f"\"{name}\" to have the keyboard", lambda: seen.has(window, "active") and seen.focused())
+        return window
+
+    def closed(self, name):
+        """The window has gone and the one below it has the keyboard."""
+        seen.gone(name)
+        seen.wait("the keyboard to be back", lambda: seen.active_window() and seen.focused())
+
     def retype(self, content):
         keys("ctrl+a")
         type_text(content)
         seen.wait(f"\"{content}\" in the field", lambda: seen.text(seen.focused()) == content)
 
     def select(self, name):
-        """Selects an entry of the tree, which has the focus, by typing the beginning of its name."""
+        """Selects an entry of the tree, which has the focus: first its letter, then one by one."""
         keys("Home")
         seen.wait_focus("tree item", "Connections")
-        type_text(name)
-        seen.wait_focus("tree item", name)
+        key = name[0].lower()
+        while not seen.focus_is("tree item", name):
+            before = seen.focused()
+            keys(key)
+            seen.wait("the focus to move", lambda before=before: seen.focused() not in (before, None))
+            key = "Down"
 
     def open(self):
         self.check_open()
@@ -47,7 +62,11 @@ class ByKeyboard(Work):
         self.select(BUS)
         self.wait_target(BUS_TARGET)
         bus = self.connection(BUS)
+        # Enter reads what is below the connection and goes on to its properties.
         keys("Return")
+        self.opened("Connection Properties")
+        keys("alt+c")
+        self.closed("Connection Properties")
         self.check_entry(bus, 2, {"expanded": True, "selected": True})
         keys("Down")
         seen.wait_focus("tree item", "T4 Bus")
@@ -57,10 +76,11 @@ class ByKeyboard(Work):
 
     def change_number(self, number):
         self.tab_to("table cell", None)
-        keys("Home")
+        keys("End", "Home")
         seen.wait_focus("table cell", "T4 Bus")
+        seen.wait("the part to be selected", lambda: seen.has(seen.focused(), "selected"))
         keys("alt+p")
-        seen.window("Properties")
+        self.opened("Properties")
         self.tab_to("table cell", None)
         type_text(number)
         keys("Return")
@@ -68,18 +88,18 @@ class ByKeyboard(Work):
                   lambda: seen.search(seen.active_window(), "table cell", number) is not None)
         self.tab_to("push button", "OK")
         keys("space")
-        seen.gone("Properties")
+        self.closed("Properties")
 
     def add(self):
         keys("Home")
         seen.wait_focus("tree item", "Connections")
         keys("alt+a")
-        seen.window("Connection Properties")
+        self.opened("Connection Properties")
         self.tab_to("text", "Connection Name")
         self.retype(NEW)
         self.change_number("77")
         keys("alt+s")
-        seen.gone("Connection Properties")
+        self.closed("Connection Properties")
         self.wait_listed(NEW)
         self.wait_in_tree(NEW)
 
@@ -88,12 +108,12 @@ class ByKeyboard(Work):
         self.select(NEW)
         self.wait_target("WP=BUST4,ID=77")
         keys("alt+p")
-        seen.window("Connection Properties")
+        self.opened("Connection Properties")
         self.tab_to("text", "Connection Name")
         self.retype(CHANGED)
         self.change_number("78")
         keys("alt+s")
-        seen.gone("Connection Properties")
+        self.closed("Connection Properties")
         self.wait_listed(CHANGED)
         self.wait_listed(NEW, False)
         self.wait_in_tree(CHANGED)
@@ -103,10 +123,10 @@ class ByKeyboard(Work):
         self.select(CHANGED)
         self.wait_target("WP=BUST4,ID=78")
         keys("Delete")
-        seen.window(BOX)
+        self.opened(BOX)
         self.tab_to("push button", "OK")
         keys("space")
-        seen.gone(BOX)
+        self.closed(BOX)
         self.wait_listed(CHANGED, False)
         self.wait_in_tree(CHANGED, False)
 
@@ -115,7 +135,7 @@ class ByKeyboard(Work):
         self.select(BUS)
         self.wait_target(BUS_TARGET)
         keys("alt+s")
-        form = seen.window("Scan " + BUS)
+        form = self.opened("Scan " + BUS)
         for field, value in (("First Address", "1"), ("Last Address", "6"),
                              ("Time-out in Milliseconds", "1000")):
             self.tab_to("text", field)
@@ -125,7 +145,7 @@ class ByKeyboard(Work):
 
     def save_all(self):
         keys("alt+a")
-        naming = seen.window("Scan Results: Save All")
+        naming = self.opened("Scan Results: Save All")
         self.tab_to("radio button", None)
         keys("Down")
         seen.wait("names to be made from the prefix", lambda: seen.has(seen.find(
@@ -137,15 +157,15 @@ class ByKeyboard(Work):
                 self.tab_to("check box", box)
                 keys("space")
         keys("alt+o")
-        choice = seen.window("Scan Results Selection for Database Saving")
+        choice = self.opened("Scan Results Selection for Database Saving")
         seen.wait("the list to be active", lambda: seen.has(choice, "active"))
         self.press_key_of(choice, "Select All")
         self.press_key_of(choice, "Save")
         self.check_saved()
         keys("Escape")
-        seen.gone("Scan Results Selection for Database Saving")
+        self.closed("Scan Results Selection for Database Saving")
         keys("Escape")
-        seen.gone("Scan " + BUS)
+        self.closed("Scan " + BUS)
 
     def press_key_of(self, form, name):
         """Goes to a button and presses it."""
@@ -158,7 +178,9 @@ class ByKeyboard(Work):
         keys("Right")
         seen.wait_focus("page tab", "Direct")
         self.tab_to("combo box", "Connection name")
-        type_text(BUS)
+        combo = seen.focused()
+        keys(BUS[0].lower())
+        seen.wait(f"{BUS} to be chosen", lambda: combo.get_description().startswith(BUS))
         self.tab_to("text", "Address")
         self.retype("5")
         self.wait_target(BUS_TARGET + ",WP=NET4,ADDR=5")
