@@ -49,6 +49,15 @@ class ByKeyboard(Work):
 
     def open(self):
         self.check_open()
+        # A key shows where the focus is, also to one who has only now begun to listen; what is pressed before
+        # the window has the keyboard is lost.
+        for _ in range(10):
+            keys("Tab")
+            try:
+                seen.wait("the focus to be told", seen.focused, 6)
+                break
+            except seen.NotSeen:
+                pass
         # Behind the tabs Tab goes straight to the tree; what is between is reached from there.
         self.tab_to("radio button", "Nodes", "shift+Tab")
         keys("Left")
@@ -174,9 +183,9 @@ class ByKeyboard(Work):
         keys("space")
 
     def compose_direct_target(self):
-        self.tab_to("page tab", "Database")
-        keys("Right")
-        seen.wait_focus("page tab", "Direct")
+        self.tab_to("tree item", None)
+        keys("ctrl+Tab")
+        seen.find(self.main, "combo box", "Connection name")
         self.tab_to("combo box", "Connection name")
         combo = seen.focused()
         keys(BUS[0].lower())

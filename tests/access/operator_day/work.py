@@ -50,6 +50,7 @@ class Work:
 
     def check_open(self):
         self.main = seen.window("*- Zelka Workstation")
+        seen.find(self.main, "tree", "Nodes")
         seen.wait("the window to be active", lambda: seen.has(self.main, "active"))
         if self.desk.folder.name not in self.main.get_name():
             raise seen.NotSeen(f"the title {self.main.get_name()} names another database")
