@@ -15,6 +15,7 @@
 #include "platform/ComponentError.h"
 #include "platform/MachineSeams.h"
 #include "platform/MsgBox.h"
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/IntervalTimer.h"
 #include "platform/controls/ProblemMark.h"
 #include "scan/network/ScanState.h"
@@ -30,6 +31,7 @@ BrowserControl::BrowserControl(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::BrowserControl>())
 {
     RegisterPictures();
+    OfferAccessibleControls();
     m_ui->setupUi(this);
     // Made behind the views, which so go first.
     m_conTree = new TreeEntries(this);

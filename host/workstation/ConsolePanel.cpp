@@ -36,6 +36,7 @@ ConsolePanel::ConsolePanel(QWidget* parent)
     m_ui->txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_ui->txtLog->setMaximumBlockCount(MostLines);
     OfferRequests(*m_ui->cboRequest);
+    m_ui->cboRequest->lineEdit()->setAccessibleName(m_ui->cboRequest->accessibleName());
     connect(m_ui->cmdSend, &QPushButton::clicked, this, &ConsolePanel::cmdSend_Click);
     connect(m_ui->cboRequest->lineEdit(), &QLineEdit::returnPressed, this, &ConsolePanel::cmdSend_Click);
     connect(m_ui->cboRequest, &QComboBox::editTextChanged, this, &ConsolePanel::ShowState);

@@ -9,6 +9,7 @@
 #include "host/workstation/ui_WorkstationWindow.h"
 #include "platform/HelpHook.h"
 #include "platform/HelpLinks.h"
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/SettingsPropertyBag.h"
 #include "platform/controls/Theme.h"
 #include "platform/controls/WindowPlaces.h"
@@ -72,6 +73,7 @@ QString RefreshIntervalProperty()
 WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place place)
     : m_ui(std::make_unique<Ui::WorkstationWindow>()), m_settings(settings), m_source(std::move(source))
 {
+    OfferAccessibleControls();
     m_ui->setupUi(this);
     m_ui->splHost->setStretchFactor(0, 1);
     m_ui->splHost->setStretchFactor(1, 0);

@@ -1,7 +1,9 @@
 #include "platform/controls/FlexGrid.h"
 
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/MarkDelegate.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -9,6 +11,20 @@
 #include <QScrollBar>
 
 namespace {
+
+/// The bridge to assistive programs knows of no change of a table's contents, but of its objects' names.
+void TellCellChanged(FlexGrid& grid, const QModelIndex& index)
+{
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&grid);
+    if (!table || !table->tableInterface())
+        return;
+    QAccessibleInterface* cell = table->tableInterface()->cellAt(index.row(), index.column());
+    if (!cell)
+        return;
+    QAccessibleEvent event(cell, QAccessible::NameChanged);
+    TellAssistivePrograms(event);
+}
+
 constexpr int Backspace = 8;
 constexpr int Enter = 13;
 constexpr int Blank = 32;
@@ -115,6 +131,13 @@ QString FlexGrid::CellMark(int row, int column) const
 {
     const QTableWidgetItem* cell = ItemAt(row, column);
     return cell ? cell->data(MarkDelegate::MarkRole).toString() : QString();
+}
+
+void FlexGrid::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles)
+{
+    QTableWidget::dataChanged(first, last, roles);
+    if (first == last && AssistiveProgramListens())
+        TellCellChanged(*this, first);
 }
 
 // Geometry ----------------------------------------------------------------------------------------------

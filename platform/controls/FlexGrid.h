@@ -61,6 +61,7 @@ Q_SIGNALS:
     void Scrolled();
 
 protected:
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,5 +1,7 @@
 #include "platform/controls/TreeRowsView.h"
 
+#include "platform/controls/AccessibleTreeEvents.h"
+
 #include <QHelpEvent>
 #include <QHoverEvent>
 #include <QPaintEvent>
@@ -37,6 +39,7 @@ TreeRowsView::TreeRowsView(QWidget* parent) : QAbstractItemView(parent), m_deleg
     // Only a move by the operator or SelectIndex scrolls; a change of the model never does.
     setAutoScroll(false);
     viewport()->setAttribute(Qt::WA_Hover);
+    m_accessibleEvents = new AccessibleTreeEvents(this);
     MeasureRowHeight();
 }
 
@@ -54,6 +57,7 @@ void TreeRowsView::setModel(QAbstractItemModel* newModel)
     m_rows = qobject_cast<TreeRows*>(newModel);
     Q_ASSERT(m_rows || !newModel);
     QAbstractItemView::setModel(m_rows);
+    m_accessibleEvents->Watch(m_rows);
     if (!m_rows)
         return;
     connect(m_rows, &TreeRows::VisibleRowsChanged, this, [this] { scheduleDelayedItemsLayout(); });
@@ -295,6 +299,29 @@ void TreeRowsView::MoveCurrentOutOf(const QModelIndex& parent, int start, int en
 }
 
 // Selection and cursor ----------------------------------------------------------------------------------
+
+void TreeRowsView::GoToEntry(const QModelIndex& index)
+{
+    if (!index.isValid())
+        return;
+    const QPersistentModelIndex target = index;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(target);
+}
+
+void TreeRowsView::ClickEntry(const QModelIndex& index)
+{
+    setFocus(Qt::MouseFocusReason);
+    GoToEntry(index);
+}
+
+void TreeRowsView::OpenEntry(const QModelIndex& index)
+{
+    const QPersistentModelIndex entry = index;
+    ClickEntry(index);
+    if (HasChildren(entry))
+        m_rows->SetExpanded(entry, !m_rows->IsExpanded(entry));
+}
 
 void TreeRowsView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command)
 {

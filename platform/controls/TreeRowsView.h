@@ -7,6 +7,8 @@
 #include <QPersistentModelIndex>
 #include <QPointer>
 
+class AccessibleTreeEvents;
+
 /// Shows a TreeRows as a tree of one column and keeps nothing for each entry.
 ///
 /// All rows have the same height; a row is mapped to its entry when it is painted or hit. The entry at the
@@ -27,6 +29,13 @@ public:
     [[nodiscard]] int RowHeight() const { return m_rowHeight; }
     /// Where an entry's indicator is shown; empty for an entry without children or that cannot be seen.
     [[nodiscard]] QRect IndicatorRect(const QModelIndex& index) const;
+
+    /// Goes to an entry that can be seen, as the arrow keys do.
+    virtual void GoToEntry(const QModelIndex& index);
+    /// What a click with the mouse on the entry does.
+    virtual void ClickEntry(const QModelIndex& index);
+    /// What a double click does.
+    virtual void OpenEntry(const QModelIndex& index);
 
     void setModel(QAbstractItemModel* model) override;
     void reset() override;
@@ -73,6 +82,7 @@ private:
 
     QPointer<TreeRows> m_rows;
     TreeRowDelegate* m_delegate;
+    AccessibleTreeEvents* m_accessibleEvents = nullptr;
     int m_rowHeight = 1;
     int m_widestRow = 0;
     /// The entry at the top of the viewport and how many pixels of it are above.

@@ -53,6 +53,40 @@ void TreeView::RaiseClick(const QPersistentModelIndex& entry)
         Q_EMIT ClickEnded();
 }
 
+void TreeView::ClickEntry(const QModelIndex& index)
+{
+    if (!index.isValid())
+        return;
+    const QPersistentModelIndex entry = index;
+    const QPointer<TreeView> alive = this;
+    setFocus(Qt::MouseFocusReason);
+    if (alive)
+        SelectIndex(entry);
+    if (alive)
+        RaiseClick(entry);
+}
+
+/// What follows the first click of a double click.
+void TreeView::RaiseDoubleClick(const QPersistentModelIndex& entry)
+{
+    const QPointer<TreeView> alive = this;
+    if (HasChildren(entry))
+        Rows()->SetExpanded(entry, !Rows()->IsExpanded(entry));
+    if (alive)
+        Q_EMIT DblClick();
+    if (alive)
+        RaiseClick(QPersistentModelIndex());
+}
+
+void TreeView::OpenEntry(const QModelIndex& index)
+{
+    const QPersistentModelIndex entry = index;
+    const QPointer<TreeView> alive = this;
+    ClickEntry(index);
+    if (alive && entry.isValid() && entry == SelectedIndex())
+        RaiseDoubleClick(entry);
+}
+
 // Mouse -------------------------------------------------------------------------------------------------
 
 /// Expands or collapses the entry whose indicator is at a place; False: there is none.
@@ -113,14 +147,8 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
         mousePressEvent(event);
         return;
     }
-    const QPointer<TreeView> alive = this;
-    if (HasChildren(entry))
-        Rows()->SetExpanded(entry, !Rows()->IsExpanded(entry));
-    if (alive)
-        Q_EMIT DblClick();
     // Now, not on release: a receiver's dialog may have taken the release away.
-    if (alive)
-        RaiseClick(QPersistentModelIndex());
+    RaiseDoubleClick(entry);
 }
 
 // Menu --------------------------------------------------------------------------------------------------
@@ -215,7 +243,7 @@ bool TreeView::HandleMoveKey(int key)
                                     [key](const auto& candidate) { return candidate.first == key; });
     if (move == std::end(moves))
         return false;
-    MoveTo(moveCursor(move->second, Qt::NoModifier));
+    GoToEntry(moveCursor(move->second, Qt::NoModifier));
     return true;
 }
 
@@ -232,7 +260,7 @@ bool TreeView::HandleExpansionKey(int key)
         if (open)
             Rows()->SetExpanded(current, false);
         else if (key == Qt::Key_Left)
-            MoveTo(moveCursor(MoveLeft, Qt::NoModifier));
+            GoToEntry(moveCursor(MoveLeft, Qt::NoModifier));
         return true;
     case Qt::Key_Right:
     case Qt::Key_Plus:
@@ -240,7 +268,7 @@ bool TreeView::HandleExpansionKey(int key)
         if (closed)
             Rows()->SetExpanded(current, true);
         else if (key == Qt::Key_Right)
-            MoveTo(moveCursor(MoveRight, Qt::NoModifier));
+            GoToEntry(moveCursor(MoveRight, Qt::NoModifier));
         return true;
     default:
         return false;
@@ -265,10 +293,10 @@ void TreeView::keyboardSearch(const QString& typed)
     const QModelIndex current = NearestVisible(currentIndex());
     if (!Rows() || (!stepping && current.data().toString().startsWith(m_search, Qt::CaseInsensitive)))
         return;
-    MoveTo(Rows()->FindVisibleByPrefix(current, m_search));
+    GoToEntry(Rows()->FindVisibleByPrefix(current, m_search));
 }
 
-void TreeView::MoveTo(const QModelIndex& index)
+void TreeView::GoToEntry(const QModelIndex& index)
 {
     if (!index.isValid() || index == SelectedIndex())
         return;

@@ -31,7 +31,9 @@ public:
     void ClickIndex(const QModelIndex& index);
     /// For a receiver of a click: what was clicked on is not what it seemed, so no menu follows.
     void DropMenu() { m_menuFollows = false; }
-
+    void GoToEntry(const QModelIndex& index) override;
+    void ClickEntry(const QModelIndex& index) override;
+    void OpenEntry(const QModelIndex& index) override;
     /// Selects the next entry that can be seen and whose text begins with what was typed, as by a move.
     void keyboardSearch(const QString& typed) override;
 
@@ -70,9 +72,9 @@ private:
     bool ToggleAt(const QPoint& place);
     /// An invalid index: a click on no entry. The view may be gone afterwards.
     void RaiseClick(const QPersistentModelIndex& entry);
-    void MoveTo(const QModelIndex& index);
     /// Where a menu of the selected entry stands that no pointer asked for.
     [[nodiscard]] QPoint MenuPlace();
+    void RaiseDoubleClick(const QPersistentModelIndex& entry);
     bool HandleMoveKey(int key);
     bool HandleExpansionKey(int key);
     [[nodiscard]] bool IsSearching() const;

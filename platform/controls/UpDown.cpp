@@ -1,5 +1,6 @@
 #include "platform/controls/UpDown.h"
 
+#include <QKeyEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -15,13 +16,7 @@ UpDown::UpDown(QWidget* parent) : QWidget(parent)
         button->setFocusPolicy(Qt::NoFocus);
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
         button->setAccessibleName(name);
-        connect(button, &QToolButton::clicked, this, [this, by] {
-            Step(by);
-            if (by > 0)
-                Q_EMIT UpClick();
-            else
-                Q_EMIT DownClick();
-        });
+        connect(button, &QToolButton::clicked, this, [this, by] { Press(by); });
         layout->addWidget(button, 1);
     };
     addButton(Qt::UpArrow, tr("Up"), 1);
@@ -31,7 +26,11 @@ UpDown::UpDown(QWidget* parent) : QWidget(parent)
 
 void UpDown::SetBuddy(QLineEdit* field, int low, int high)
 {
+    if (m_field)
+        m_field->removeEventFilter(this);
     m_field = field;
+    if (m_field)
+        m_field->installEventFilter(this);
     m_low = low;
     m_high = high;
 }
@@ -39,6 +38,28 @@ void UpDown::SetBuddy(QLineEdit* field, int low, int high)
 QSize UpDown::sizeHint() const
 {
     return {18, 20};
+}
+
+void UpDown::Press(int by)
+{
+    Step(by);
+    if (by > 0)
+        Q_EMIT UpClick();
+    else
+        Q_EMIT DownClick();
+}
+
+bool UpDown::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && isEnabled()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool plain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (plain && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down)) {
+            Press(key->key() == Qt::Key_Up ? 1 : -1);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void UpDown::Step(int by)

@@ -62,8 +62,8 @@ void TestFrmScanLoad::Form_Open_HasItsCaptions()
         QCOMPARE(f.Find<QGroupBox>(name).title(), text);
     QCOMPARE(f.Form->windowTitle(), "Scan Alpha");
     for (const char* name : {"txtAddrBegin", "txtAddrEnd", "txtTimingRetries", "txtTimingTimeout", "txtBus",
-                             "cmdScanBus", "chkRepeatScan", "cmdStartStop", "PrgBarScan", "grdFoundNodes",
-                             "cmdSelect", "cmdSave", "cmdSaveAll", "cmdCancel", "cmdHelp"})
+                             "cmdScanBus", "chkRepeatScan", "PrgBarScan", "grdFoundNodes", "cmdSelect",
+                             "cmdSave", "cmdSaveAll", "cmdCancel", "cmdHelp"})
         QVERIFY2(!f.Find<QWidget>(name).accessibleName().isEmpty(), name);
 }
 
