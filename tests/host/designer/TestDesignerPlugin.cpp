@@ -3,9 +3,11 @@
 #include <QDesignerFormEditorInterface>
 #include <QDesignerPropertySheetExtension>
 #include <QDir>
+#include <QExtensionFactory>
 #include <QExtensionManager>
 #include <QFormBuilder>
 #include <QIcon>
+#include <QMessageBox>
 #include <QPluginLoader>
 #include <QTemporaryDir>
 #include <QTest>
@@ -155,9 +157,9 @@ bool TestDesignerPlugin::StartsWhenShown(QWidget& widget)
     bool started = false;
     QTimer closing;
     connect(&closing, &QTimer::timeout, &widget, [&started] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             started = true;
-            modal->close();
+            box->close();
         }
     });
     closing.start(0);
