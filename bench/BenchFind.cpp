@@ -91,7 +91,8 @@ int Find(const TreeEntries& tree, const QString& searched, FoundEntries& found)
 int Grep(const QString& file, const QString& searched)
 {
     QProcess grep;
-    grep.start(QStringLiteral("grep"), {QStringLiteral("-F"), QStringLiteral("-i"), QStringLiteral("-c"), QStringLiteral("--"), searched, file});
+    grep.start(QStringLiteral("grep"), {QStringLiteral("-F"), QStringLiteral("-i"), QStringLiteral("-c"),
+                                        QStringLiteral("--"), searched, file});
     grep.waitForFinished(-1);
     return grep.readAllStandardOutput().trimmed().toInt();
 }
@@ -111,8 +112,8 @@ void CompareWithGrep(const QString& name, const TreeEntries& tree, const QString
             [&] { bare = Grep(file, searched); });
         if (ours != bare)
             qFatal("\"%s\": %d hits, grep has %d", text, ours, bare);
-        Bench::PrintRatio(
-            QStringLiteral("find \"%1\" in the %2 view, %3 hits").arg(searched, name).arg(ours), sides, RatioBar);
+        Bench::PrintRatio(QStringLiteral("find \"%1\" in the %2 view, %3 hits").arg(searched, name).arg(ours),
+                          sides, RatioBar);
     }
 }
 

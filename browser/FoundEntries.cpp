@@ -49,8 +49,7 @@ void FoundEntries::ShowUnloaded(std::vector<UnloadedEntry> hits, bool more)
     m_unloaded = std::move(hits);
     for (int at = 0; at < static_cast<int>(m_unloaded.size()); ++at) {
         const UnloadedEntry& hit = m_unloaded[static_cast<std::size_t>(at)];
-        const bool begins =
-            at == 0 || m_unloaded[static_cast<std::size_t>(at) - 1].conId != hit.conId;
+        const bool begins = at == 0 || m_unloaded[static_cast<std::size_t>(at) - 1].conId != hit.conId;
         if (begins)
             rows.branches.push_back({at, at, true, false});
         rows.leaves.push_back(at);
@@ -72,8 +71,7 @@ void FoundEntries::Forget()
 int FoundEntries::Rows::LeafCount(int branch) const
 {
     const auto at = static_cast<std::size_t>(branch);
-    const int end =
-        at + 1 < branches.size() ? branches[at + 1].firstLeaf : static_cast<int>(leaves.size());
+    const int end = at + 1 < branches.size() ? branches[at + 1].firstLeaf : static_cast<int>(leaves.size());
     return end - branches[at].firstLeaf;
 }
 
@@ -129,9 +127,8 @@ QModelIndex FoundEntries::IndexOfEntry(TreeEntries::Index entry) const
     const auto leaf = std::find(loaded.leaves.begin(), loaded.leaves.end(), entry);
     if (leaf != loaded.leaves.end())
         return IndexOf({LoadedGroup, 2, static_cast<int>(leaf - loaded.leaves.begin())});
-    const auto branch =
-        std::find_if(loaded.branches.begin(), loaded.branches.end(),
-                     [entry](const Branch& candidate) { return candidate.number == entry; });
+    const auto branch = std::find_if(loaded.branches.begin(), loaded.branches.end(),
+                                     [entry](const Branch& candidate) { return candidate.number == entry; });
     if (branch != loaded.branches.end())
         return IndexOf({LoadedGroup, 1, static_cast<int>(branch - loaded.branches.begin())});
     return {};
@@ -204,7 +201,8 @@ QModelIndex FoundEntries::index(int row, int column, const QModelIndex& parent) 
     const Place above = PlaceOf(parent);
     if (above.level == 0)
         return IndexOf({above.group, 1, row});
-    return IndexOf({above.group, 2, RowsOf(above).branches[static_cast<std::size_t>(above.at)].firstLeaf + row});
+    return IndexOf(
+        {above.group, 2, RowsOf(above).branches[static_cast<std::size_t>(above.at)].firstLeaf + row});
 }
 
 QModelIndex FoundEntries::parent(const QModelIndex& child) const
@@ -223,8 +221,8 @@ QModelIndex FoundEntries::parent(const QModelIndex& child) const
 int FoundEntries::rowCount(const QModelIndex& parent) const
 {
     if (!parent.isValid())
-        return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(),
-                                              [](const Rows& rows) { return rows.Shown() > 0; }));
+        return static_cast<int>(
+            std::count_if(m_rows.begin(), m_rows.end(), [](const Rows& rows) { return rows.Shown() > 0; }));
     const Place place = PlaceOf(parent);
     if (place.level == 0)
         return static_cast<int>(RowsOf(place).branches.size());

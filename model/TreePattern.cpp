@@ -49,20 +49,18 @@ bool HasHighLetter(const uchar* text, qsizetype length)
 
 TreePattern::TreePattern(const QString& searched) : m_upper(searched.toUpper())
 {
-    m_isLatin1 = std::all_of(m_upper.cbegin(), m_upper.cend(),
-                             [](QChar letter) { return letter.unicode() <= 0xff; });
+    m_isLatin1 =
+        std::all_of(m_upper.cbegin(), m_upper.cend(), [](QChar letter) { return letter.unicode() <= 0xff; });
     if (m_isLatin1)
         m_latin1 = m_upper.toLatin1();
     constexpr qsizetype longestShift = std::numeric_limits<uchar>::max();
     const std::array<uchar, 256>& upper = UpperLatin1();
     for (size_t letter = 0; letter < m_shift.size(); ++letter) {
-        const qsizetype before = m_latin1.isEmpty()
-                                     ? -1
-                                     : m_latin1.lastIndexOf(char(upper[letter]), m_latin1.size() - 2);
+        const qsizetype before =
+            m_latin1.isEmpty() ? -1 : m_latin1.lastIndexOf(char(upper[letter]), m_latin1.size() - 2);
         const bool stands = m_latin1.size() > 1 && before >= 0;
-        m_shift[letter] =
-            uchar(std::clamp<qsizetype>(stands ? m_latin1.size() - 1 - before : m_latin1.size(), 1,
-                                        longestShift));
+        m_shift[letter] = uchar(
+            std::clamp<qsizetype>(stands ? m_latin1.size() - 1 - before : m_latin1.size(), 1, longestShift));
     }
 }
 

@@ -72,9 +72,9 @@ void TestFoundEntries::ShowLoaded_Hits_StandBelowTheirParents()
     FoundFixture f;
     QCOMPARE(f.Rows(), QStringList());
     f.Found.ShowLoaded(f.Tree, {f.Alpha, f.Two, f.Three, f.Gamma});
-    QCOMPARE(f.Rows(), QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"),
-                                    QStringLiteral("  Two"), QStringLiteral(" Beta"),
-                                    QStringLiteral("  Three"), QStringLiteral(" Gamma")}));
+    QCOMPARE(f.Rows(),
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral("  Two"),
+                          QStringLiteral(" Beta"), QStringLiteral("  Three"), QStringLiteral(" Gamma")}));
     QCOMPARE(f.Found.HitCount(), 4);
     QCOMPARE(f.Found.IndexOfEntry(f.Three).data(TreeEntries::KindRole).toChar(), QChar(u'N'));
     QCOMPARE(f.Found.IndexOfEntry(f.Beta).data(TreeEntries::KindRole).toChar(), QChar(u'C'));
@@ -89,11 +89,11 @@ void TestFoundEntries::ShowUnloaded_Hits_StandInAGroupOfTheirOwn()
                           FoundFixture::Node(22, QStringLiteral("b"), 7),
                           FoundFixture::Node(23, QStringLiteral("c"), 8)},
                          true);
-    QCOMPARE(f.Rows(), QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"),
-                                    QStringLiteral("  One"), QStringLiteral("Not loaded yet"),
-                                    QStringLiteral(" Con 7"), QStringLiteral("  a"), QStringLiteral("  b"),
-                                    QStringLiteral(" Con 8"), QStringLiteral("  c"),
-                                    QStringLiteral(" There are more than 1000. Search for a longer text.")}));
+    QCOMPARE(f.Rows(),
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral("  One"),
+                          QStringLiteral("Not loaded yet"), QStringLiteral(" Con 7"), QStringLiteral("  a"),
+                          QStringLiteral("  b"), QStringLiteral(" Con 8"), QStringLiteral("  c"),
+                          QStringLiteral(" There are more than 1000. Search for a longer text.")}));
     QCOMPARE(f.Found.HitCount(), 4);
 }
 
@@ -125,7 +125,8 @@ void TestFoundEntries::SetExpanded_Rows_ComeAndGo()
                           QStringLiteral("  Three"), QStringLiteral("Not loaded yet"),
                           QStringLiteral(" Con 7"), QStringLiteral("  a")}));
     f.Found.SetExpanded(f.Found.IndexAtVisibleRow(0), false);
-    QCOMPARE(f.Rows().first(2), QStringList({QStringLiteral("Connections"), QStringLiteral("Not loaded yet")}));
+    QCOMPARE(f.Rows().first(2),
+             QStringList({QStringLiteral("Connections"), QStringLiteral("Not loaded yet")}));
     QCOMPARE(f.Found.VisibleRowOf(alpha), -1);
     f.Found.SetExpanded(alpha, true);
     f.Found.SetExpanded(f.Found.IndexAtVisibleRow(0), true);
@@ -140,7 +141,9 @@ void TestFoundEntries::EntryAt_Rows_GiveWhatCanBeChosen()
     QStringList chosen;
     for (int row = 0; row < f.Found.VisibleRowCount(); ++row) {
         const FoundEntry entry = f.Found.EntryAt(f.Found.IndexAtVisibleRow(row));
-        chosen << (entry.entry != 0 ? f.Tree.Text(entry.entry) : entry.unloaded ? entry.unloaded->text : QString());
+        chosen << (entry.entry != 0 ? f.Tree.Text(entry.entry)
+                   : entry.unloaded ? entry.unloaded->text
+                                    : QString());
     }
     QCOMPARE(chosen, QStringList({QString(), QStringLiteral("Alpha"), QStringLiteral("One"), QString(),
                                   QString(), QStringLiteral("a"), QString()}));
