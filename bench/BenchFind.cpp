@@ -67,31 +67,22 @@ void WriteTexts(const TreeEntries& tree, const QString& file)
     QFile texts(file);
     if (!texts.open(QIODevice::WriteOnly))
         qFatal("%s cannot be written", qUtf8Printable(file));
-    std::vector<TreeEntries::Index> all;
-    TreeEntries::SearchPlace place;
-    const TreePattern pattern{QString()};
-    while (tree.FindContaining(pattern, place, std::numeric_limits<int>::max(), all)) {
-    }
-    for (const TreeEntries::Index entry : all)
-        texts.write(tree.Text(entry).toUtf8() + '\n');
+    for (const TreeEntries::Found& found : tree.FindContaining(TreePattern(QString())))
+        texts.write(tree.Text(found.entry).toUtf8() + '\n');
 }
 
 /// Everything behind a press on Next, until the hits can be shown. Gives their number.
 int Find(const TreeEntries& tree, const QString& searched, FoundEntries& found)
 {
-    std::vector<TreeEntries::Index> hits;
-    TreeEntries::SearchPlace place;
-    const TreePattern pattern(searched);
-    while (tree.FindContaining(pattern, place, std::numeric_limits<int>::max(), hits)) {
-    }
-    found.ShowLoaded(tree, hits);
+    found.ShowLoaded(tree, tree.FindContaining(TreePattern(searched)));
     return found.HitCount();
 }
 
 int Grep(const QString& file, const QString& searched)
 {
     QProcess grep;
-    grep.start(QStringLiteral("grep"), {QStringLiteral("-F"), QStringLiteral("-i"), QStringLiteral("-c"), QStringLiteral("--"), searched, file});
+    grep.start(QStringLiteral("grep"), {QStringLiteral("-F"), QStringLiteral("-i"), QStringLiteral("-c"),
+                                        QStringLiteral("--"), searched, file});
     grep.waitForFinished(-1);
     return grep.readAllStandardOutput().trimmed().toInt();
 }
@@ -111,8 +102,8 @@ void CompareWithGrep(const QString& name, const TreeEntries& tree, const QString
             [&] { bare = Grep(file, searched); });
         if (ours != bare)
             qFatal("\"%s\": %d hits, grep has %d", text, ours, bare);
-        Bench::PrintRatio(
-            QStringLiteral("find \"%1\" in the %2 view, %3 hits").arg(searched, name).arg(ours), sides, RatioBar);
+        Bench::PrintRatio(QStringLiteral("find \"%1\" in the %2 view, %3 hits").arg(searched, name).arg(ours),
+                          sides, RatioBar);
     }
 }
 

@@ -4,7 +4,7 @@
 
 // Filling ---------------------------------------------------------------------------------------------------
 
-void FoundEntries::ShowLoaded(const TreeEntries& tree, const std::vector<TreeEntries::Index>& hits)
+void FoundEntries::ShowLoaded(const TreeEntries& tree, const std::vector<TreeEntries::Found>& hits)
 {
     beginResetModel();
     if (m_tree)
@@ -19,14 +19,13 @@ void FoundEntries::ShowLoaded(const TreeEntries& tree, const std::vector<TreeEnt
     });
     Rows& rows = m_rows[LoadedGroup];
     m_root = tree.Child(0, 0);
-    for (const TreeEntries::Index hit : hits) {
-        const TreeEntries::Index parent = tree.Parent(hit);
-        const bool isBranch = parent == m_root;
-        const TreeEntries::Index branch = isBranch ? hit : parent;
+    for (const TreeEntries::Found& hit : hits) {
+        const bool isBranch = hit.parent == m_root;
+        const TreeEntries::Index branch = isBranch ? hit.entry : hit.parent;
         if (rows.branches.empty() || rows.branches.back().number != branch)
             rows.branches.push_back({branch, static_cast<int>(rows.leaves.size()), true, isBranch});
         if (!isBranch)
-            rows.leaves.push_back(hit);
+            rows.leaves.push_back(hit.entry);
     }
     m_loadedHits = static_cast<int>(hits.size());
     rows.Count();

@@ -32,7 +32,7 @@ public:
     explicit FoundEntries(QObject* parent = nullptr) : TreeRows(parent) {}
 
     /// Replaces all rows. `hits`: in the order of the tree, children behind their parent.
-    void ShowLoaded(const TreeEntries& tree, const std::vector<TreeEntries::Index>& hits);
+    void ShowLoaded(const TreeEntries& tree, const std::vector<TreeEntries::Found>& hits);
     /// Puts the group of what is not loaded behind the others, or another one in its place. `hits`: by
     /// connection. `more`: a last row tells that there are more.
     void ShowUnloaded(std::vector<UnloadedEntry> hits, bool more);

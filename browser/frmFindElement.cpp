@@ -66,7 +66,7 @@ void frmFindElement::txtMatch_Patern_Change()
 
 void frmFindElement::BeginCount()
 {
-    m_place = {};
+    m_next = 1;
     m_counted = 0;
     m_pattern.reset();
     m_betweenSteps.stop();
@@ -86,7 +86,7 @@ void frmFindElement::CountSome()
     }
     std::vector<TreeEntries::Index> found;
     const auto& tree = static_cast<const TreeEntries&>(*tvw->model());
-    const bool more = tree.FindContaining(*m_pattern, m_place, EntriesBetweenEvents, found);
+    const bool more = tree.FindContaining(*m_pattern, m_next, EntriesBetweenEvents, found);
     m_counted += static_cast<qsizetype>(found.size());
     if (more)
         return;

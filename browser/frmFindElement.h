@@ -52,6 +52,7 @@ private:
     std::unique_ptr<Ui::frmFindElement> m_ui;
     QTimer m_betweenSteps;
     std::optional<TreePattern> m_pattern;
-    TreeEntries::SearchPlace m_place;
+    /// Where the count goes on.
+    TreeEntries::Index m_next = 1;
     qsizetype m_counted = 0;
 };

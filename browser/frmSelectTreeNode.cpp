@@ -8,8 +8,6 @@
 #include <QScrollBar>
 #include <QShowEvent>
 
-#include <limits>
-
 namespace {
 
 constexpr int KeyReturn = 13;
@@ -93,12 +91,7 @@ void frmSelectTreeNode::copyTreeView()
     const TreeEntries* const tree = Tree();
     if (!tree)
         return;
-    std::vector<TreeEntries::Index> hits;
-    TreeEntries::SearchPlace place;
-    const TreePattern pattern(match);
-    while (tree->FindContaining(pattern, place, std::numeric_limits<int>::max(), hits)) {
-    }
-    m_found.ShowLoaded(*tree, hits);
+    m_found.ShowLoaded(*tree, tree->FindContaining(TreePattern(match)));
 }
 
 void frmSelectTreeNode::CopyAnew()

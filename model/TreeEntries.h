@@ -115,18 +115,19 @@ public:
     /// large tree each look-up alone waits for the memory several times. A few hundred at once; they must not
     /// push each other out again.
     void Fetch(std::span<const quint32> nameHashes) const;
-    /// How far a search by FindContaining has come.
-    struct SearchPlace
-    {
-        int child = 0;
-        /// 0: the child itself is next; k: the child's own child k - 1 is.
-        int below = 0;
-    };
-    /// Looks at `most` more entries below the first top entry, in display order, two levels deep, and puts
-    /// those behind `found` in whose text the pattern occurs. False: it has come to the end. A change of the
-    /// tree leaves a place without meaning.
-    [[nodiscard]] bool FindContaining(const TreePattern& pattern, SearchPlace& place, int most,
+    /// Looks at the entries of `most` more handles, from `next` (1 at first) on, and puts those behind
+    /// `found` in whose text the pattern occurs; a top entry does not count. In the order of handles, which
+    /// is the quickest. False: it has come to the end.
+    [[nodiscard]] bool FindContaining(const TreePattern& pattern, Index& next, int most,
                                       std::vector<Index>& found) const;
+    /// An entry that was found, and the one above it.
+    struct Found
+    {
+        Index entry = 0;
+        Index parent = 0;
+    };
+    /// All at once, in display order.
+    [[nodiscard]] std::vector<Found> FindContaining(const TreePattern& pattern) const;
     /// The first child (display order) that carries the continuation mark; 0 when there is none.
     [[nodiscard]] Index FindContinued(Index parent) const;
     /// All entries that have a parent and at least one child, in collection order.

@@ -1,6 +1,8 @@
 #include "model/TreeEntriesStore.h"
 #include "model/TreeSearch.h"
 
+#include <limits>
+
 // QAbstractItemModel ------------------------------------------------------------------------------------
 
 QModelIndex TreeEntries::index(int row, int column, const QModelIndex& parent) const
@@ -114,8 +116,17 @@ QModelIndex TreeEntries::FindVisibleByPrefix(const QModelIndex& from, const QStr
         Index(FindTreePrefix(m_store->entries, m_store->siblings, quint32(start), QStringView(prefix))));
 }
 
-bool TreeEntries::FindContaining(const TreePattern& pattern, SearchPlace& place, int most,
+bool TreeEntries::FindContaining(const TreePattern& pattern, Index& next, int most,
                                  std::vector<Index>& found) const
 {
-    return FindTreeMatches(m_store->entries, m_store->siblings, pattern, place, most, found);
+    return FindTreeMatches(m_store->entries, pattern, next, most, found);
+}
+
+std::vector<TreeEntries::Found> TreeEntries::FindContaining(const TreePattern& pattern) const
+{
+    std::vector<Index> found;
+    Index next = 1;
+    while (FindContaining(pattern, next, std::numeric_limits<int>::max(), found)) {
+    }
+    return InTreeOrder(m_store->entries, m_store->siblings, found);
 }

@@ -72,72 +72,49 @@ private:
     const TreeTextView& m_prefix;
 };
 
-/// One step of a search for what contains a text.
-class MatchSearch
+/// Marks for all handles of a tree.
+class HandleMarks
 {
 public:
-    MatchSearch(const TreeStore& entries, const TreeSiblings& siblings, const TreePattern& pattern, int most,
-                std::vector<TreeEntries::Index>& found)
-        : m_entries(entries), m_siblings(siblings), m_pattern(pattern), m_most(most), m_found(found)
+    explicit HandleMarks(Handle end) : m_words(end / 64 + 1) {}
+
+    void Set(Handle handle) { m_words[handle / 64] |= quint64(1) << (handle % 64); }
+    [[nodiscard]] bool Has(Handle handle) const { return (m_words[handle / 64] >> (handle % 64) & 1) != 0; }
+
+private:
+    std::vector<quint64> m_words;
+};
+
+/// Goes through a tree in display order and takes what is marked. The entries themselves, which lie anywhere
+/// in memory, are not looked at.
+class MarkedInOrder
+{
+public:
+    MarkedInOrder(const TreeSiblings& siblings, const HandleMarks& marked, const HandleMarks& owners,
+                  std::vector<TreeEntries::Found>& taken)
+        : m_siblings(siblings), m_marked(marked), m_owners(owners), m_taken(taken)
     {}
 
-    [[nodiscard]] bool Run(TreeEntries::SearchPlace& place)
+    void TakeBelow(Handle owner)
     {
-        const Handle root = m_siblings.At(0, 0);
-        while (root != 0 && m_most > 0) {
-            const std::span<const Handle> run = m_siblings.RunFrom(root, place.child);
-            if (run.empty())
-                return false;
-            for (size_t at = 0; at < run.size(); ++at) {
-                if (m_most <= 0)
-                    return true;
-                if (place.below == 0)
-                    LookAt(run, at);
-                if (!LookBelow(run[at], place.below))
-                    return true;
-                ++place.child;
-                place.below = 0;
+        int position = 0;
+        for (auto run = m_siblings.RunFrom(owner, 0); !run.empty();
+             run = m_siblings.RunFrom(owner, position)) {
+            for (const Handle entry : run) {
+                if (m_marked.Has(entry))
+                    m_taken.push_back({TreeEntries::Index(entry), TreeEntries::Index(owner)});
+                if (m_owners.Has(entry))
+                    TakeBelow(entry);
             }
+            position += int(run.size());
         }
-        return root != 0;
     }
 
 private:
-    /// So far ahead the entries are brought near the processor.
-    static constexpr size_t Ahead = 12;
-
-    void LookAt(std::span<const Handle> run, size_t at)
-    {
-        if (at + Ahead < run.size())
-            __builtin_prefetch(&m_entries[run[at + Ahead]]);
-        --m_most;
-        if (m_pattern.OccursIn(m_entries[run[at]].text.View()))
-            m_found.push_back(TreeEntries::Index(run[at]));
-    }
-
-    /// False: it has looked at enough.
-    [[nodiscard]] bool LookBelow(Handle owner, int& below)
-    {
-        below = std::max(below, 1);
-        if (m_entries[owner].children == 0)
-            return true;
-        for (;;) {
-            const std::span<const Handle> run = m_siblings.RunFrom(owner, below - 1);
-            if (run.empty())
-                return true;
-            for (size_t at = 0; at < run.size(); ++at, ++below) {
-                if (m_most <= 0)
-                    return false;
-                LookAt(run, at);
-            }
-        }
-    }
-
-    const TreeStore& m_entries;
     const TreeSiblings& m_siblings;
-    const TreePattern& m_pattern;
-    int m_most;
-    std::vector<TreeEntries::Index>& m_found;
+    const HandleMarks& m_marked;
+    const HandleMarks& m_owners;
+    std::vector<TreeEntries::Found>& m_taken;
 };
 
 } // namespace
@@ -157,8 +134,37 @@ Handle FindTreePrefix(const TreeStore& entries, const TreeSiblings& siblings, Ha
     return search.Below(0, 0);
 }
 
-bool FindTreeMatches(const TreeStore& entries, const TreeSiblings& siblings, const TreePattern& pattern,
-                     TreeEntries::SearchPlace& place, int most, std::vector<TreeEntries::Index>& found)
+bool FindTreeMatches(const TreeStore& entries, const TreePattern& pattern, TreeEntries::Index& next, int most,
+                     std::vector<TreeEntries::Index>& found)
 {
-    return MatchSearch(entries, siblings, pattern, most, found).Run(place);
+    const Handle end = Handle(std::min<qint64>(entries.End(), qint64(next) + most));
+    for (Handle from = Handle(next); from < end;) {
+        const Handle pageEnd = std::min(end, entries.EndOfPage(from));
+        Handle handle = from;
+        for (const TreeEntry& entry : entries.Places(from, pageEnd)) {
+            if (entry.kind != '\0' && entry.parent != 0 && pattern.OccursIn(entry.text.View()))
+                found.push_back(TreeEntries::Index(handle));
+            ++handle;
+        }
+        from = pageEnd;
+    }
+    next = TreeEntries::Index(end);
+    return end < entries.End();
+}
+
+std::vector<TreeEntries::Found> InTreeOrder(const TreeStore& entries, const TreeSiblings& siblings,
+                                            std::span<const TreeEntries::Index> found)
+{
+    std::vector<TreeEntries::Found> ordered;
+    if (found.empty())
+        return ordered;
+    HandleMarks marked(entries.End());
+    for (const TreeEntries::Index entry : found)
+        marked.Set(Handle(entry));
+    HandleMarks owners(entries.End());
+    for (const Handle owner : siblings.Owners())
+        owners.Set(owner);
+    ordered.reserve(found.size());
+    MarkedInOrder(siblings, marked, owners, ordered).TakeBelow(0);
+    return ordered;
 }

@@ -11,6 +11,11 @@
                                                TreeStore::Handle from, const TreeTextView& prefix);
 
 /// See TreeEntries::FindContaining.
-[[nodiscard]] bool FindTreeMatches(const TreeStore& entries, const TreeSiblings& siblings,
-                                   const TreePattern& pattern, TreeEntries::SearchPlace& place, int most,
+[[nodiscard]] bool FindTreeMatches(const TreeStore& entries, const TreePattern& pattern,
+                                   TreeEntries::Index& next, int most,
                                    std::vector<TreeEntries::Index>& found);
+
+/// Entries in display order.
+[[nodiscard]] std::vector<TreeEntries::Found> InTreeOrder(const TreeStore& entries,
+                                                          const TreeSiblings& siblings,
+                                                          std::span<const TreeEntries::Index> found);

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <set>
@@ -59,6 +60,22 @@ public:
     [[nodiscard]] const TreeEntry& operator[](Handle handle) const
     {
         return m_pages[handle / PageSize].entries[handle % PageSize];
+    }
+    /// The first handle that was never given.
+    [[nodiscard]] Handle End() const { return m_next; }
+    /// The first handle behind those that lie beside this one in memory.
+    [[nodiscard]] Handle EndOfPage(Handle handle) const
+    {
+        return std::min(m_next, (handle / PageSize + 1) * PageSize);
+    }
+    /// The places of handles of one page, those of no entry any more among them; empty when none of the page
+    /// is left.
+    [[nodiscard]] std::span<const TreeEntry> Places(Handle from, Handle end) const
+    {
+        const Page& page = m_pages[from / PageSize];
+        if (!page.entries)
+            return {};
+        return {&page.entries[from % PageSize], end - from};
     }
     /// Null when there is no such entry (any more).
     [[nodiscard]] TreeEntry* Find(qint32 handle) const;

@@ -84,9 +84,8 @@ QString SessionText(HvxStatement statement)
 QString ListText(HvxStatement statement)
 {
     if (statement == HvxStatement::NodeCandidates) {
-        return NodeCandidatesText(
-            QStringLiteral("strpos(upper(n.name COLLATE \"C\"), CAST(? AS text)) > 0"
-                           " OR octet_length(n.name) <> char_length(n.name)"));
+        return NodeCandidatesText(QStringLiteral("strpos(upper(n.name COLLATE \"C\"), CAST(? AS text)) > 0"
+                                                 " OR octet_length(n.name) <> char_length(n.name)"));
     }
     return ListStatementText(statement, OfType,
                              QStringLiteral("string_agg(name || chr(9) || id, chr(9) ORDER BY id)"));

@@ -35,8 +35,7 @@ QString RecordFinder::Nodes(qint32& position) const
     int candidates = 0;
     qint32 lastId = 0;
     const qint32 upTo = end != 0 ? end : std::numeric_limits<qint32>::max();
-    SqlRows rows =
-        session.Read(HvxStatement::NodeCandidates, {position, upTo, m_upper, CandidatesPerSearch});
+    SqlRows rows = session.Read(HvxStatement::NodeCandidates, {position, upTo, m_upper, CandidatesPerSearch});
     while (rows.Next()) {
         ++candidates;
         lastId = rows.Number(0);
@@ -54,8 +53,7 @@ QString RecordFinder::Waypoints(qint32& position) const
     QHash<QString, QString> longNames;
     int connections = 0;
     qint32 lastId = 0;
-    SqlRows rows =
-        m_store->Session().Read(HvxStatement::ConnectionTargets, {position, ConnectionsPerSearch});
+    SqlRows rows = m_store->Session().Read(HvxStatement::ConnectionTargets, {position, ConnectionsPerSearch});
     while (rows.Next()) {
         ++connections;
         lastId = rows.Number(0);

@@ -70,7 +70,8 @@ void TestFindElement::FirstDialog_Controls_AreAsTheyAre()
     FindFixture f;
     FindOperator::InFindDialog(*f.Control, [](QDialog& find) {
         QCOMPARE(find.objectName(), QStringLiteral("frmFindElement"));
-        QCOMPARE(FindOperator::FindIn<QLabel>(find, "Label1").text(), QStringLiteral("String to be &matched:"));
+        QCOMPARE(FindOperator::FindIn<QLabel>(find, "Label1").text(),
+                 QStringLiteral("String to be &matched:"));
         QCOMPARE(FindOperator::FindIn<QPushButton>(find, "Go").text(), QStringLiteral("&Next >>"));
         QCOMPARE(FindOperator::FindIn<QPushButton>(find, "Cancel").text(), QStringLiteral("&Cancel"));
         auto& box = FindOperator::FindIn<QLineEdit>(find, "txtMatch_Patern");
@@ -127,9 +128,9 @@ void TestFindElement::Search_Hits_StandBelowTheirParents()
         QCOMPARE(FindOperator::FindIn<QPushButton>(result, "btnOK").text(), QStringLiteral("&Done"));
         result.reject();
     });
-    QCOMPARE(rows, QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"),
-                                QStringLiteral("  North"), QStringLiteral("  xNORTHy"),
-                                QStringLiteral(" Beta north")}));
+    QCOMPARE(rows,
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral("  North"),
+                          QStringLiteral("  xNORTHy"), QStringLiteral(" Beta north")}));
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
@@ -322,13 +323,11 @@ void TestFindElement::OpenDialogs_ControlDestroyed_End()
     QFETCH(const QString, open);
     FindFixture f;
     if (open == QLatin1String("first")) {
-        FindOperator::InFindDialog(*f.Control, [&](QDialog&) {
-            QTimer::singleShot(0, qApp, [&] { f.Control.reset(); });
-        });
+        FindOperator::InFindDialog(
+            *f.Control, [&](QDialog&) { QTimer::singleShot(0, qApp, [&] { f.Control.reset(); }); });
     } else if (open == QLatin1String("hits")) {
-        FindOperator::Search(*f.Control, QStringLiteral("north"), [&](QDialog&) {
-            QTimer::singleShot(0, qApp, [&] { f.Control.reset(); });
-        });
+        FindOperator::Search(*f.Control, QStringLiteral("north"),
+                             [&](QDialog&) { QTimer::singleShot(0, qApp, [&] { f.Control.reset(); }); });
     } else {
         f.Operator.WhileOpen = [&](const RecordedBox&) { f.Control.reset(); };
         FindOperator::Search(*f.Control, QStringLiteral("nowhere"), nullptr);

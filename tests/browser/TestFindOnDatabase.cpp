@@ -55,7 +55,9 @@ void TestFindOnDatabase::NodeBehindTheFirstLoad_Chosen_IsSelected()
         for (int number = 1; number <= 5100; ++number) {
             NodeRecord node;
             node.name = QStringLiteral("Насос %_%1").arg(number);
-            node.conName = QStringLiteral("Gamma");
+            node.conName = QStringLiteral("Alpha");
+            node.nodeType = QStringLiteral("NET4");
+            node.target = QString::fromLatin1(DatabaseFixture::NorthTarget);
             writer->AddNode(node);
         }
         writer->Commit();

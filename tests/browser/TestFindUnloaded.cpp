@@ -100,7 +100,8 @@ void TestFindUnloaded::NodeView_NodeBehindTheFirstLoad_IsFoundAndLoaded()
 void TestFindUnloaded::NodeView_AllLoaded_AsksNothing()
 {
     UnloadedFixture f;
-    QCOMPARE(f.RowsFor(QStringLiteral("south")), QStringList({QStringLiteral("Nodes"), QStringLiteral(" South")}));
+    QCOMPARE(f.RowsFor(QStringLiteral("south")),
+             QStringList({QStringLiteral("Nodes"), QStringLiteral(" South")}));
     QCOMPARE(f.Component.Calls, QStringList());
 }
 
@@ -114,8 +115,9 @@ void TestFindUnloaded::ConnectionView_ClosedConnection_NodeIsFoundAndLoaded()
     QVERIFY(f.ConEntries().Expanded(f.Con(QStringLiteral("Beta"))));
     QVERIFY(!f.ConEntries().Expanded(f.Con(QStringLiteral("Alpha"))));
     // Now it is one of the tree.
-    QCOMPARE(f.RowsFor(QStringLiteral("out")),
-             QStringList({QStringLiteral("Connections"), QStringLiteral(" Beta"), QStringLiteral("  South")}));
+    QCOMPARE(
+        f.RowsFor(QStringLiteral("out")),
+        QStringList({QStringLiteral("Connections"), QStringLiteral(" Beta"), QStringLiteral("  South")}));
     QCOMPARE(f.Operator.Texts(), QStringList());
 }
 
@@ -132,7 +134,8 @@ void TestFindUnloaded::ConnectionView_Waypoints_AreFoundAndLoaded()
         FindOperator::ClickIn(result, "btnOK");
     });
     QCOMPARE(f.SelectedIn("tvwConTree"), bus);
-    QCOMPARE(f.Find<TreeView>("tvwConTree").SelectedIndex().parent().data().toString(), QStringLiteral("Beta"));
+    QCOMPARE(f.Find<TreeView>("tvwConTree").SelectedIndex().parent().data().toString(),
+             QStringLiteral("Beta"));
     QCOMPARE(f.Find<TreeView>("tvwConTree").SelectedIndex().row(), 1);
 }
 
@@ -212,7 +215,8 @@ void TestFindUnloaded::Search_ManySlices_CanBeStopped()
     };
     QString state;
     const QStringList rows = f.RowsFor(QStringLiteral("node"), &state);
-    QCOMPARE(rows.first(3), QStringList({NotLoaded, QStringLiteral(" Alpha"), QStringLiteral("  Node 000001")}));
+    QCOMPARE(rows.first(3),
+             QStringList({NotLoaded, QStringLiteral(" Alpha"), QStringLiteral("  Node 000001")}));
     QVERIFY2(calls < 10, qPrintable(QString::number(calls)));
     QCOMPARE(state, QStringLiteral("Entries found: %1\nWhat is not loaded yet was not searched to the end.")
                         .arg(rows.size() - 2));
@@ -266,8 +270,10 @@ void TestFindUnloaded::Search_Fails_IsToldAndTheLoadedHitsStay()
         FindOperator::ClickIn(result, "btnOK");
     });
     QCOMPARE(f.Operator.Boxes, std::vector<RecordedBox>{RecordedBox::Error(text)});
-    QCOMPARE(rows, QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral(" Beta")}));
-    QCOMPARE(state, QStringLiteral("Entries found: 2\nWhat is not loaded yet could not be searched to the end."));
+    QCOMPARE(rows,
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral(" Beta")}));
+    QCOMPARE(state,
+             QStringLiteral("Entries found: 2\nWhat is not loaded yet could not be searched to the end."));
     QCOMPARE(f.SelectedIn("tvwConTree"), QStringLiteral("Alpha"));
     QCOMPARE(f.Component.Store.Levels(), 0);
 }

@@ -32,6 +32,13 @@ public:
     FoundEntries Found;
     QAbstractItemModelTester Tester{&Found, QAbstractItemModelTester::FailureReportingMode::QtTest};
 
+    void ShowLoaded(std::initializer_list<Index> hits)
+    {
+        std::vector<TreeEntries::Found> found;
+        for (const Index hit : hits)
+            found.push_back({hit, Tree.Parent(hit)});
+        Found.ShowLoaded(Tree, found);
+    }
     [[nodiscard]] QStringList Rows() const
     {
         QStringList rows;
@@ -71,10 +78,10 @@ void TestFoundEntries::ShowLoaded_Hits_StandBelowTheirParents()
 {
     FoundFixture f;
     QCOMPARE(f.Rows(), QStringList());
-    f.Found.ShowLoaded(f.Tree, {f.Alpha, f.Two, f.Three, f.Gamma});
-    QCOMPARE(f.Rows(), QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"),
-                                    QStringLiteral("  Two"), QStringLiteral(" Beta"),
-                                    QStringLiteral("  Three"), QStringLiteral(" Gamma")}));
+    f.ShowLoaded({f.Alpha, f.Two, f.Three, f.Gamma});
+    QCOMPARE(f.Rows(),
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral("  Two"),
+                          QStringLiteral(" Beta"), QStringLiteral("  Three"), QStringLiteral(" Gamma")}));
     QCOMPARE(f.Found.HitCount(), 4);
     QCOMPARE(f.Found.IndexOfEntry(f.Three).data(TreeEntries::KindRole).toChar(), QChar(u'N'));
     QCOMPARE(f.Found.IndexOfEntry(f.Beta).data(TreeEntries::KindRole).toChar(), QChar(u'C'));
@@ -84,23 +91,23 @@ void TestFoundEntries::ShowLoaded_Hits_StandBelowTheirParents()
 void TestFoundEntries::ShowUnloaded_Hits_StandInAGroupOfTheirOwn()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.One});
+    f.ShowLoaded({f.One});
     f.Found.ShowUnloaded({FoundFixture::Node(21, QStringLiteral("a"), 7),
                           FoundFixture::Node(22, QStringLiteral("b"), 7),
                           FoundFixture::Node(23, QStringLiteral("c"), 8)},
                          true);
-    QCOMPARE(f.Rows(), QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"),
-                                    QStringLiteral("  One"), QStringLiteral("Not loaded yet"),
-                                    QStringLiteral(" Con 7"), QStringLiteral("  a"), QStringLiteral("  b"),
-                                    QStringLiteral(" Con 8"), QStringLiteral("  c"),
-                                    QStringLiteral(" There are more than 1000. Search for a longer text.")}));
+    QCOMPARE(f.Rows(),
+             QStringList({QStringLiteral("Connections"), QStringLiteral(" Alpha"), QStringLiteral("  One"),
+                          QStringLiteral("Not loaded yet"), QStringLiteral(" Con 7"), QStringLiteral("  a"),
+                          QStringLiteral("  b"), QStringLiteral(" Con 8"), QStringLiteral("  c"),
+                          QStringLiteral(" There are more than 1000. Search for a longer text.")}));
     QCOMPARE(f.Found.HitCount(), 4);
 }
 
 void TestFoundEntries::ShowUnloaded_Again_ReplacesTheGroup()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.Gamma});
+    f.ShowLoaded({f.Gamma});
     f.Found.ShowUnloaded({FoundFixture::Node(21, QStringLiteral("a"), 7)}, false);
     f.Found.ShowUnloaded({FoundFixture::Node(22, QStringLiteral("b"), 8)}, false);
     QCOMPARE(f.Rows(), QStringList({QStringLiteral("Connections"), QStringLiteral(" Gamma"),
@@ -113,7 +120,7 @@ void TestFoundEntries::ShowUnloaded_Again_ReplacesTheGroup()
 void TestFoundEntries::SetExpanded_Rows_ComeAndGo()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.Alpha, f.One, f.Two, f.Three});
+    f.ShowLoaded({f.Alpha, f.One, f.Two, f.Three});
     f.Found.ShowUnloaded({FoundFixture::Node(21, QStringLiteral("a"), 7)}, false);
     const QModelIndex alpha = f.Found.IndexOfEntry(f.Alpha);
     const QModelIndex two = f.Found.IndexOfEntry(f.Two);
@@ -125,7 +132,8 @@ void TestFoundEntries::SetExpanded_Rows_ComeAndGo()
                           QStringLiteral("  Three"), QStringLiteral("Not loaded yet"),
                           QStringLiteral(" Con 7"), QStringLiteral("  a")}));
     f.Found.SetExpanded(f.Found.IndexAtVisibleRow(0), false);
-    QCOMPARE(f.Rows().first(2), QStringList({QStringLiteral("Connections"), QStringLiteral("Not loaded yet")}));
+    QCOMPARE(f.Rows().first(2),
+             QStringList({QStringLiteral("Connections"), QStringLiteral("Not loaded yet")}));
     QCOMPARE(f.Found.VisibleRowOf(alpha), -1);
     f.Found.SetExpanded(alpha, true);
     f.Found.SetExpanded(f.Found.IndexAtVisibleRow(0), true);
@@ -135,12 +143,14 @@ void TestFoundEntries::SetExpanded_Rows_ComeAndGo()
 void TestFoundEntries::EntryAt_Rows_GiveWhatCanBeChosen()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.One});
+    f.ShowLoaded({f.One});
     f.Found.ShowUnloaded({FoundFixture::Node(21, QStringLiteral("a"), 7)}, true);
     QStringList chosen;
     for (int row = 0; row < f.Found.VisibleRowCount(); ++row) {
         const FoundEntry entry = f.Found.EntryAt(f.Found.IndexAtVisibleRow(row));
-        chosen << (entry.entry != 0 ? f.Tree.Text(entry.entry) : entry.unloaded ? entry.unloaded->text : QString());
+        chosen << (entry.entry != 0 ? f.Tree.Text(entry.entry)
+                   : entry.unloaded ? entry.unloaded->text
+                                    : QString());
     }
     QCOMPARE(chosen, QStringList({QString(), QStringLiteral("Alpha"), QStringLiteral("One"), QString(),
                                   QString(), QStringLiteral("a"), QString()}));
@@ -151,11 +161,11 @@ void TestFoundEntries::FirstHit_Hits_NotAHeading()
 {
     FoundFixture f;
     QVERIFY(!f.Found.FirstHit().isValid());
-    f.Found.ShowLoaded(f.Tree, {f.Two, f.Beta});
+    f.ShowLoaded({f.Two, f.Beta});
     QCOMPARE(f.Found.FirstHit().data().toString(), QStringLiteral("Two"));
-    f.Found.ShowLoaded(f.Tree, {f.Beta, f.Three});
+    f.ShowLoaded({f.Beta, f.Three});
     QCOMPARE(f.Found.FirstHit().data().toString(), QStringLiteral("Beta"));
-    f.Found.ShowLoaded(f.Tree, {});
+    f.ShowLoaded({});
     f.Found.ShowUnloaded({FoundFixture::Node(21, QStringLiteral("a"), 7)}, false);
     QCOMPARE(f.Found.FirstHit().data().toString(), QStringLiteral("a"));
 }
@@ -163,7 +173,7 @@ void TestFoundEntries::FirstHit_Hits_NotAHeading()
 void TestFoundEntries::FindVisibleByPrefix_Rows_WrapAround()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.Alpha, f.Two, f.Three});
+    f.ShowLoaded({f.Alpha, f.Two, f.Three});
     const QModelIndex two = f.Found.IndexOfEntry(f.Two);
     const QModelIndex three = f.Found.IndexOfEntry(f.Three);
     QCOMPARE(f.Found.FindVisibleByPrefix(two, QStringLiteral("t")), three);
@@ -175,7 +185,7 @@ void TestFoundEntries::FindVisibleByPrefix_Rows_WrapAround()
 void TestFoundEntries::SourceReset_LoadedHits_Go()
 {
     FoundFixture f;
-    f.Found.ShowLoaded(f.Tree, {f.Two});
+    f.ShowLoaded({f.Two});
     f.Tree.Clear();
     QCOMPARE(f.Found.VisibleRowCount(), 0);
     QCOMPARE(f.Found.HitCount(), 0);

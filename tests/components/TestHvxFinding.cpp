@@ -92,7 +92,8 @@ void TestHvxFinding::FindNodes_Texts_UpperCaseIsCompared()
     const auto component = fixture.OpenComponent();
     for (const char* name : {"node a%b", "Node a_b", "back\\slash", "o'clock", "Straße 7",
                              "back\\slash glass", "НАСОС 1", "CAFÉ"})
-        component->SaveNode(QString::fromUtf8(name), QString(), QString(), QStringLiteral("Alpha"), QString());
+        component->SaveNode(QString::fromUtf8(name), QString(), QString(), QStringLiteral("Alpha"),
+                            QString());
     QCOMPARE(NamesOf(FindAll(*component, &HvxDatabase::FindNodesWithIdEx, searched)),
              found.split(u'|', Qt::SkipEmptyParts));
 }
@@ -113,13 +114,12 @@ void TestHvxFinding::FindNodes_ManyNodes_GoOnToTheEnd()
     AddNodes(fixture, QStringLiteral("Node %1"), 25000);
     const auto component = fixture.OpenComponent();
     int answers = 0;
-    QCOMPARE(NamesOf(FindAll(*component, &HvxDatabase::FindNodesWithIdEx, QStringLiteral("e 2499"), &answers)),
-             QStringList({QStringLiteral("Node 2499"), QStringLiteral("Node 24990"),
-                          QStringLiteral("Node 24991"), QStringLiteral("Node 24992"),
-                          QStringLiteral("Node 24993"), QStringLiteral("Node 24994"),
-                          QStringLiteral("Node 24995"), QStringLiteral("Node 24996"),
-                          QStringLiteral("Node 24997"), QStringLiteral("Node 24998"),
-                          QStringLiteral("Node 24999")}));
+    QCOMPARE(
+        NamesOf(FindAll(*component, &HvxDatabase::FindNodesWithIdEx, QStringLiteral("e 2499"), &answers)),
+        QStringList({QStringLiteral("Node 2499"), QStringLiteral("Node 24990"), QStringLiteral("Node 24991"),
+                     QStringLiteral("Node 24992"), QStringLiteral("Node 24993"), QStringLiteral("Node 24994"),
+                     QStringLiteral("Node 24995"), QStringLiteral("Node 24996"), QStringLiteral("Node 24997"),
+                     QStringLiteral("Node 24998"), QStringLiteral("Node 24999")}));
     QCOMPARE(answers, 2);
 }
 
@@ -135,9 +135,9 @@ void TestHvxFinding::FindNodes_ManyOtherLetters_GoOnToTheEnd()
 void TestHvxFinding::FindNodes_ControlCharacter_BecomesBlank()
 {
     const DatabaseFixture fixture;
-    fixture.RunSql(QStringLiteral("UPDATE node SET name = 'No' || %1 || 'rth' WHERE name = 'North'")
-                       .arg(DatabaseFixture::OnServer() ? QStringLiteral("chr(9)")
-                                                        : QStringLiteral("char(9)")));
+    fixture.RunSql(
+        QStringLiteral("UPDATE node SET name = 'No' || %1 || 'rth' WHERE name = 'North'")
+            .arg(DatabaseFixture::OnServer() ? QStringLiteral("chr(9)") : QStringLiteral("char(9)")));
     const auto component = fixture.OpenComponent();
     QCOMPARE(NamesOf(FindAll(*component, &HvxDatabase::FindNodesWithIdEx, QStringLiteral("RTH"))),
              QStringList{QStringLiteral("No rth")});

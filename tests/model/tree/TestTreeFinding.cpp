@@ -16,6 +16,7 @@ private Q_SLOTS:
     void FindContaining_ConnectionsAndChildren_OrderOfTheTree();
     void FindContaining_InSteps_GivesTheSame_data();
     void FindContaining_InSteps_GivesTheSame();
+    void FindContaining_RemovedEntries_AreNotFound();
     void FindContaining_EmptyTree_Ends();
     void FindContaining_MoreThanOneLeaf_GivesAll();
 };
@@ -28,18 +29,22 @@ bool Occurs(const QString& searched, const QString& text)
     return TreePattern(searched).OccursIn(stored.View());
 }
 
-/// All that is found, `most` entries at a time.
-QStringList Find(const TreeEntries& tree, const QString& searched, int most)
+QStringList TextsOf(const TreeEntries& tree, const std::vector<TreeEntries::Index>& entries)
 {
-    std::vector<TreeEntries::Index> found;
-    TreeEntries::SearchPlace place;
-    const TreePattern pattern(searched);
-    while (tree.FindContaining(pattern, place, most, found)) {
-    }
     QStringList texts;
-    for (const TreeEntries::Index entry : found)
+    for (const TreeEntries::Index entry : entries)
         texts << tree.Text(entry);
     return texts;
+}
+
+QStringList Find(const TreeEntries& tree, const QString& searched)
+{
+    std::vector<TreeEntries::Index> entries;
+    for (const TreeEntries::Found& found : tree.FindContaining(TreePattern(searched))) {
+        if (tree.Parent(found.entry) == found.parent)
+            entries.push_back(found.entry);
+    }
+    return TextsOf(tree, entries);
 }
 
 void FillConnections(TreeEntries& tree)
@@ -129,8 +134,8 @@ void TestTreeFinding::FindContaining_ConnectionsAndChildren_OrderOfTheTree()
 {
     TreeEntries tree;
     FillConnections(tree);
-    QCOMPARE(Find(tree, QStringLiteral("abc"), 1000), Expected);
-    QCOMPARE(Find(tree, QStringLiteral("root"), 1000), QStringList());
+    QCOMPARE(Find(tree, QStringLiteral("abc")), Expected);
+    QCOMPARE(Find(tree, QStringLiteral("root")), QStringList());
 }
 
 void TestTreeFinding::FindContaining_InSteps_GivesTheSame_data()
@@ -145,15 +150,38 @@ void TestTreeFinding::FindContaining_InSteps_GivesTheSame()
     QFETCH(const int, most);
     TreeEntries tree;
     FillConnections(tree);
-    QCOMPARE(Find(tree, QStringLiteral("abc"), most), Expected);
+    std::vector<TreeEntries::Index> found;
+    TreeEntries::Index next = 1;
+    const TreePattern pattern(QStringLiteral("abc"));
+    int steps = 1;
+    while (tree.FindContaining(pattern, next, most, found))
+        ++steps;
+    QStringList texts = TextsOf(tree, found);
+    QStringList expected = Expected;
+    texts.sort();
+    expected.sort();
+    QCOMPARE(texts, expected);
+    QCOMPARE(steps, (tree.Count() + most - 1) / most);
+}
+
+void TestTreeFinding::FindContaining_RemovedEntries_AreNotFound()
+{
+    TreeEntries tree;
+    FillConnections(tree);
+    tree.Remove(tree.FindByText(QStringLiteral("xABCy"), false));
+    QCOMPARE(Find(tree, QStringLiteral("abc")),
+             QStringList({QStringLiteral("A1 aBC"), QStringLiteral("A2 Abc"), QStringLiteral("zabc"),
+                          QStringLiteral("z1 aBC"), QStringLiteral("z2 Abc")}));
+    tree.RemoveChildren(1);
+    QCOMPARE(Find(tree, QStringLiteral("abc")), QStringList());
 }
 
 void TestTreeFinding::FindContaining_EmptyTree_Ends()
 {
     TreeEntries tree;
-    QCOMPARE(Find(tree, QStringLiteral("a"), 10), QStringList());
+    QCOMPARE(Find(tree, QStringLiteral("a")), QStringList());
     tree.Add(0, QStringLiteral("R,0"), QStringLiteral("a"));
-    QCOMPARE(Find(tree, QStringLiteral("a"), 10), QStringList());
+    QCOMPARE(Find(tree, QStringLiteral("a")), QStringList());
 }
 
 void TestTreeFinding::FindContaining_MoreThanOneLeaf_GivesAll()
@@ -167,8 +195,8 @@ void TestTreeFinding::FindContaining_MoreThanOneLeaf_GivesAll()
     for (int number = 1; number <= 3000; ++number)
         nodes.push_back({number, names[number - 1]});
     tree.AddNodes(root, nodes);
-    QCOMPARE(Find(tree, QStringLiteral("NODE"), 700), names);
-    QCOMPARE(Find(tree, QStringLiteral("e 2999"), 700), QStringList{QStringLiteral("Node 2999")});
+    QCOMPARE(Find(tree, QStringLiteral("NODE")), names);
+    QCOMPARE(Find(tree, QStringLiteral("e 2999")), QStringList{QStringLiteral("Node 2999")});
 }
 
 QTEST_GUILESS_MAIN(TestTreeFinding)
