@@ -1,6 +1,7 @@
 #include "browser/TargetSyntax.h"
 
 #include "platform/TargetText.h"
+#include "platform/Words.h"
 
 namespace {
 
@@ -24,14 +25,14 @@ QString TargetProblem(const QString& target)
     TargetItem item;
     for (bool first = true; reader.Next(item); first = false) {
         if (first && !item.IsHop())
-            return QStringLiteral("A target begins with \"WP=\" and the name of a waypoint.");
+            return Words::tr("A target begins with \"WP=\" and the name of a waypoint.");
         if (!item.hasEquals)
-            return QStringLiteral("\"%1\" has no \"=\". Items are written as keyword=value, with commas "
-                                  "between them.")
+            return Words::tr("\"%1\" has no \"=\". Items are written as keyword=value, with commas "
+                             "between them.")
                 .arg(Named(target, item));
     }
     if (item.end == 0)
-        return QStringLiteral("The target has no items, only commas.");
+        return Words::tr("The target has no items, only commas.");
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "browser/TargetSyntax.h"
 #include "browser/ui_BrowserControl.h"
 #include "model/TreeEntries.h"
+#include "platform/Words.h"
 #include "platform/controls/CommandMenu.h"
 
 #include <QKeySequence>
@@ -41,13 +42,12 @@ void TreeMenu::Open(TreeView& tree, const QPoint& place) const
     menu.AddCommand(*m_ui.cmdDatabaseManage);
     menu.AddLine();
     const QString target = m_ui.txtTarget->text();
-    menu.AddCopy(QStringLiteral("Copy &Name"), NameOf(tree.SelectedIndex()),
-                 QStringLiteral("Select a connection or a node first."), KeyText(QKeySequence::Copy));
-    menu.AddCopy(QStringLiteral("Copy &Target"), target, QStringLiteral("There is no target."));
-    menu.AddCopy(QStringLiteral("&Copy Address"), TargetAddress(target),
-                 QStringLiteral("The target has no address."));
+    menu.AddCopy(Words::tr("Copy &Name"), NameOf(tree.SelectedIndex()),
+                 Words::tr("Select a connection or a node first."), KeyText(QKeySequence::Copy));
+    menu.AddCopy(Words::tr("Copy &Target"), target, Words::tr("There is no target."));
+    menu.AddCopy(Words::tr("&Copy Address"), TargetAddress(target), Words::tr("The target has no address."));
     menu.AddLine();
-    menu.AddCommand(*m_ui.FindElement, QStringLiteral("&Find..."), KeyText(Qt::CTRL | Qt::Key_F));
+    menu.AddCommand(*m_ui.FindElement, Words::tr("&Find..."), KeyText(Qt::CTRL | Qt::Key_F));
     menu.AddCommand(*m_ui.cmdLoadMore);
     menu.AddCommand(*m_ui.cmdRefresh);
     menu.AddLine();

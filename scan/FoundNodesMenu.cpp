@@ -1,6 +1,7 @@
 #include "scan/FoundNodesMenu.h"
 
 #include "model/ConData.h"
+#include "platform/Words.h"
 #include "platform/controls/CommandMenu.h"
 #include "scan/ui_frmScan.h"
 
@@ -27,7 +28,7 @@ void OpenFoundNodesMenu(const Ui::frmScan& ui, const ConData& direct, const QPoi
     const FoundNodesGrid& grid = *ui.grdFoundNodes;
     const int row = grid.Row() <= grid.FoundCount() ? grid.Row() : 0;
     const auto cell = [&](int column) { return row > 0 ? grid.TextMatrix(row, column) : QString(); };
-    const QString nothing = QStringLiteral("Select a found node first.");
+    const QString nothing = Words::tr("Select a found node first.");
     const QString address = cell(FoundNodesGrid::AddressColumn);
 
     CommandMenu menu(*ui.grdFoundNodes);
@@ -35,10 +36,10 @@ void OpenFoundNodesMenu(const Ui::frmScan& ui, const ConData& direct, const QPoi
     menu.AddCommand(*ui.cmdSave);
     menu.AddCommand(*ui.cmdSaveAll);
     menu.AddLine();
-    menu.AddCopy(QStringLiteral("&Copy Address"), address, nothing,
+    menu.AddCopy(Words::tr("&Copy Address"), address, nothing,
                  QKeySequence(QKeySequence::Copy).toString(QKeySequence::NativeText));
-    menu.AddCopy(QStringLiteral("Copy &Identification"), cell(FoundNodesGrid::IdentificationColumn), nothing);
-    menu.AddCopy(QStringLiteral("Copy Ta&rget"), FoundTarget(direct, address), nothing);
+    menu.AddCopy(Words::tr("Copy &Identification"), cell(FoundNodesGrid::IdentificationColumn), nothing);
+    menu.AddCopy(Words::tr("Copy Ta&rget"), FoundTarget(direct, address), nothing);
     menu.AddLine();
     menu.AddCommand(*ui.cmdStartStop);
     menu.AddLine();

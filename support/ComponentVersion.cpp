@@ -1,6 +1,7 @@
 #include "support/ComponentVersion.h"
 
 #include "platform/NamedValues.h"
+#include "platform/Words.h"
 
 #include <QFileInfo>
 #include <QJsonObject>
@@ -59,7 +60,7 @@ QString GetComponentPath(const QString& progId)
 QString GetComponentFileVersion(const QString& path)
 {
     const QVersionNumber version = FileVersion(VersionRecordOf(path));
-    return version.isNull() ? QStringLiteral("No Version Info available!") : FormattedVersion(version);
+    return version.isNull() ? Words::tr("No Version Info available!") : FormattedVersion(version);
 }
 
 QString GetComponentFileDetails(const QString& path)
@@ -69,10 +70,8 @@ QString GetComponentFileDetails(const QString& path)
         return QString();
     // Major, minor and patch number, each in a byte.
     const int qt = record.value(QStringLiteral("version")).toInt();
-    QString details = QStringLiteral("Qt %1.%2").arg(qt >> 16).arg((qt >> 8) & 0xff);
-    if (record.value(QStringLiteral("debug")).toBool())
-        details += QStringLiteral(" debug");
-    return details;
+    const QString details = QStringLiteral("Qt %1.%2").arg(qt >> 16).arg((qt >> 8) & 0xff);
+    return record.value(QStringLiteral("debug")).toBool() ? Words::tr("%1 debug").arg(details) : details;
 }
 
 QString FormattedVersion(const QVersionNumber& version)

@@ -11,7 +11,7 @@ namespace {
 
 QString VersionText(const QString& version)
 {
-    return QStringLiteral("Version %1").arg(version);
+    return frmSplash::tr("Version %1").arg(version);
 }
 
 } // namespace

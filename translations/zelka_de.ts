@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AccessibleTreeItem</name>
+    <message>
+        <source>level %1, entry %2 of %3</source>
+        <translation>Ebene %1, Eintrag %2 von %3</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+</context>
+<context>
     <name>BrowserControl</name>
     <message>
         <source>Zelka Connection Browser</source>
@@ -34,10 +45,6 @@
     <message>
         <source>Show all nodes</source>
         <translation>Alle Knoten zeigen</translation>
-    </message>
-    <message>
-        <source>State of the trees</source>
-        <translation>Stand der Bäume</translation>
     </message>
     <message>
         <source>As of when the trees are, while the database cannot be read</source>
@@ -97,7 +104,7 @@
     </message>
     <message>
         <source>&amp;Refresh</source>
-        <translation>&amp;Aktualisieren</translation>
+        <translation>A&amp;ktualisieren</translation>
     </message>
     <message>
         <source>Show what other applications have changed</source>
@@ -971,6 +978,85 @@
     </message>
 </context>
 <context>
+    <name>StatusLine</name>
+    <message>
+        <source>connections not loaded</source>
+        <translation>Verbindungen nicht geladen</translation>
+    </message>
+    <message>
+        <source>%1 connections</source>
+        <translation>%1 Verbindungen</translation>
+    </message>
+    <message>
+        <source>%1 nodes</source>
+        <translation>%1 Knoten</translation>
+    </message>
+    <message>
+        <source>%1 of %2 nodes</source>
+        <translation>%1 von %2 Knoten</translation>
+    </message>
+    <message>
+        <source>Loaded: %1, %2</source>
+        <translation>Geladen: %1, %2</translation>
+    </message>
+    <message>
+        <source>Rights: scan, change</source>
+        <translation>Rechte: scannen, ändern</translation>
+    </message>
+    <message>
+        <source>Rights: scan</source>
+        <translation>Rechte: scannen</translation>
+    </message>
+    <message>
+        <source>Rights: change</source>
+        <translation>Rechte: ändern</translation>
+    </message>
+    <message>
+        <source>Rights: read only</source>
+        <translation>Rechte: nur lesen</translation>
+    </message>
+    <message>
+        <source>Database in use</source>
+        <translation>Benutzte Datenbank</translation>
+    </message>
+    <message>
+        <source>When the trees were last known to be what the database holds</source>
+        <translation>Wann die Bäume zuletzt nachweislich den Stand der Datenbank zeigten</translation>
+    </message>
+    <message>
+        <source>How many nodes and connections are loaded</source>
+        <translation>Wie viele Knoten und Verbindungen geladen sind</translation>
+    </message>
+    <message>
+        <source>What you may do beside looking</source>
+        <translation>Was Sie außer Ansehen tun dürfen</translation>
+    </message>
+    <message>
+        <source>less than a minute ago</source>
+        <translation>vor weniger als einer Minute</translation>
+    </message>
+    <message>
+        <source>%1 min ago</source>
+        <translation>vor %1 min</translation>
+    </message>
+    <message>
+        <source>%1 h ago</source>
+        <translation>vor %1 h</translation>
+    </message>
+    <message>
+        <source>%1 days ago</source>
+        <translation>vor %1 Tag(en)</translation>
+    </message>
+    <message>
+        <source>Cannot be read; as of %1</source>
+        <translation>Nicht lesbar; Stand: %1</translation>
+    </message>
+    <message>
+        <source>As of %1</source>
+        <translation>Stand: %1</translation>
+    </message>
+</context>
+<context>
     <name>T4ZelkaBrowser</name>
     <message>
         <source>heippa</source>
@@ -1657,6 +1743,194 @@
         <source>There is no room for the help: %1</source>
         <translation>Es ist kein Platz für die Hilfe: %1</translation>
     </message>
+    <message>
+        <source>No database is open.</source>
+        <translation>Es ist keine Datenbank geöffnet.</translation>
+    </message>
+    <message>
+        <source>You have no right to change the database.</source>
+        <translation>Sie haben kein Recht, die Datenbank zu ändern.</translation>
+    </message>
+    <message>
+        <source>You have no right to scan.</source>
+        <translation>Sie haben kein Recht zu scannen.</translation>
+    </message>
+    <message>
+        <source>Nothing is selected.</source>
+        <translation>Es ist nichts ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Select a connection or a node; this is the root of all.</source>
+        <translation>Wählen Sie eine Verbindung oder einen Knoten aus; dies ist die Wurzel von allem.</translation>
+    </message>
+    <message>
+        <source>A waypoint is selected; select its connection.</source>
+        <translation>Ein Wegpunkt ist ausgewählt; wählen Sie seine Verbindung aus.</translation>
+    </message>
+    <message>
+        <source>A node is selected; select its connection.</source>
+        <translation>Ein Knoten ist ausgewählt; wählen Sie seine Verbindung aus.</translation>
+    </message>
+    <message>
+        <source>Nothing is added below a node; select a connection, or turn to the nodes.</source>
+        <translation>Unter einem Knoten wird nichts hinzugefügt; wählen Sie eine Verbindung aus oder wechseln Sie zu den Knoten.</translation>
+    </message>
+    <message>
+        <source>Select a connection.</source>
+        <translation>Wählen Sie eine Verbindung aus.</translation>
+    </message>
+    <message>
+        <source>Connections are scanned; turn to the connections.</source>
+        <translation>Gescannt werden Verbindungen; wechseln Sie zu den Verbindungen.</translation>
+    </message>
+    <message>
+        <source>The connection reaches its node by SNMP; there is nothing to scan.</source>
+        <translation>Die Verbindung erreicht ihren Knoten über SNMP; es gibt nichts zu scannen.</translation>
+    </message>
+    <message>
+        <source>Only a connection that reaches its node by SNMP uses this.</source>
+        <translation>Das verwendet nur eine Verbindung, die ihren Knoten über SNMP erreicht.</translation>
+    </message>
+    <message>
+        <source>The connections show their waypoints; choose View Nodes.</source>
+        <translation>Die Verbindungen zeigen ihre Wegpunkte; wählen Sie „Knoten zeigen“.</translation>
+    </message>
+    <message>
+        <source>Select a node.</source>
+        <translation>Wählen Sie einen Knoten aus.</translation>
+    </message>
+    <message>
+        <source>No manager is known for this node.</source>
+        <translation>Für diesen Knoten ist kein Manager bekannt.</translation>
+    </message>
+    <message>
+        <source>All nodes are loaded.</source>
+        <translation>Alle Knoten sind geladen.</translation>
+    </message>
+    <message>
+        <source>The connection has no more nodes.</source>
+        <translation>Die Verbindung hat keine weiteren Knoten.</translation>
+    </message>
+    <message>
+        <source>No connection is chosen.</source>
+        <translation>Es ist keine Verbindung gewählt.</translation>
+    </message>
+    <message>
+        <source>The scan runs; stop it first.</source>
+        <translation>Der Scan läuft; stoppen Sie ihn zuerst.</translation>
+    </message>
+    <message>
+        <source>No nodes have been found yet.</source>
+        <translation>Es wurden noch keine Knoten gefunden.</translation>
+    </message>
+    <message>
+        <source>Select a found node.</source>
+        <translation>Wählen Sie einen gefundenen Knoten aus.</translation>
+    </message>
+    <message>
+        <source>The connection has no bus to choose.</source>
+        <translation>Die Verbindung hat keinen Bus, der gewählt werden könnte.</translation>
+    </message>
+    <message>
+        <source>Select a bus.</source>
+        <translation>Wählen Sie einen Bus aus.</translation>
+    </message>
+    <message>
+        <source>The list is empty.</source>
+        <translation>Die Liste ist leer.</translation>
+    </message>
+    <message>
+        <source>Select one or more nodes of the list.</source>
+        <translation>Wählen Sie einen oder mehrere Knoten der Liste aus.</translation>
+    </message>
+    <message>
+        <source>A selected name is too long; rename it.</source>
+        <translation>Ein ausgewählter Name ist zu lang; benennen Sie den Knoten um.</translation>
+    </message>
+    <message>
+        <source>A selected name exists already; rename it, or replace the stored node.</source>
+        <translation>Einen ausgewählten Namen gibt es bereits; benennen Sie den Knoten um oder ersetzen Sie den gespeicherten.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>A node that is reached by SNMP has no manager.</source>
+        <translation>Ein Knoten, der über SNMP erreicht wird, hat keinen Manager.</translation>
+    </message>
+    <message>
+        <source>There is no target.</source>
+        <translation>Es gibt kein Ziel.</translation>
+    </message>
+    <message>
+        <source>Type a request.</source>
+        <translation>Geben Sie eine Anfrage ein.</translation>
+    </message>
+    <message>
+        <source>A reply is still waited for.</source>
+        <translation>Es wird noch auf eine Antwort gewartet.</translation>
+    </message>
+    <message>
+        <source>There is no connection.</source>
+        <translation>Es besteht keine Verbindung.</translation>
+    </message>
+    <message>
+        <source>Select a found node first.</source>
+        <translation>Wählen Sie zuerst einen gefundenen Knoten aus.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Address</source>
+        <translation>A&amp;dresse kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Identification</source>
+        <translation>&amp;Kennung kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Ta&amp;rget</source>
+        <translation>&amp;Ziel kopieren</translation>
+    </message>
+    <message>
+        <source>A target begins with &quot;WP=&quot; and the name of a waypoint.</source>
+        <translation>Eine Zielangabe beginnt mit „WP=“ und dem Namen eines Wegpunkts.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no &quot;=&quot;. Items are written as keyword=value, with commas between them.</source>
+        <translation>„%1“ hat kein „=“. Elemente werden als Schlüsselwort=Wert geschrieben, mit Kommas dazwischen.</translation>
+    </message>
+    <message>
+        <source>The target has no items, only commas.</source>
+        <translation>Die Zielangabe hat keine Elemente, nur Kommas.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Name</source>
+        <translation>&amp;Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Select a connection or a node first.</source>
+        <translation>Wählen Sie zuerst eine Verbindung oder einen Knoten aus.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Target</source>
+        <translation>&amp;Ziel kopieren</translation>
+    </message>
+    <message>
+        <source>The target has no address.</source>
+        <translation>Das Ziel hat keine Adresse.</translation>
+    </message>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>Su&amp;chen...</translation>
+    </message>
+    <message>
+        <source>No Version Info available!</source>
+        <translation>Keine Versionsangabe vorhanden!</translation>
+    </message>
+    <message>
+        <source>%1 debug</source>
+        <translation>%1 Debug</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationWindow</name>
@@ -1756,6 +2030,30 @@
         <source>Command &amp;Line</source>
         <translation>Befehls&amp;zeile</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Colours of the &amp;System</source>
+        <translation>Farben des &amp;Systems</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>High &amp;Contrast</source>
+        <translation>Hoher &amp;Kontrast</translation>
+    </message>
+    <message>
+        <source>Status Li&amp;ne</source>
+        <translation>Status&amp;zeile</translation>
+    </message>
 </context>
 <context>
     <name>frmAbout</name>
@@ -1790,6 +2088,14 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>&amp;Version ...</source>
+        <translation>&amp;Version ...</translation>
+    </message>
+    <message>
+        <source>Which version of the control is registered</source>
+        <translation>Welche Version des Steuerelements registriert ist</translation>
     </message>
 </context>
 <context>
@@ -2461,10 +2767,6 @@
         <translation>Den Scan starten; solange er läuft, ihn stoppen (Esc)</translation>
     </message>
     <message>
-        <source>Start or Stop</source>
-        <translation>Start oder Stopp</translation>
-    </message>
-    <message>
         <source>Scan progress</source>
         <translation>Fortschritt des Scans</translation>
     </message>
@@ -2835,6 +3137,29 @@ Was noch nicht geladen ist, wurde nicht zu Ende durchsucht.</translation>
     <message>
         <source>No items found!</source>
         <translation>Es wurden keine Elemente gefunden!</translation>
+    </message>
+</context>
+<context>
+    <name>frmSplash</name>
+    <message>
+        <source>Zelka Connection Browser</source>
+        <translation>Zelka Connection Browser</translation>
+    </message>
+    <message>
+        <source>Picture of the application</source>
+        <translation>Bild der Anwendung</translation>
+    </message>
+    <message>
+        <source>Version of the registered control</source>
+        <translation>Version des registrierten Steuerelements</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
     </message>
 </context>
 <context>

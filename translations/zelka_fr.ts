@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>AccessibleTreeItem</name>
+    <message>
+        <source>level %1, entry %2 of %3</source>
+        <translation>niveau %1, entrée %2 sur %3</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+</context>
+<context>
     <name>BrowserControl</name>
     <message>
         <source>Zelka Connection Browser</source>
@@ -34,10 +45,6 @@
     <message>
         <source>Show all nodes</source>
         <translation>Afficher tous les nœuds</translation>
-    </message>
-    <message>
-        <source>State of the trees</source>
-        <translation>État des arbres</translation>
     </message>
     <message>
         <source>As of when the trees are, while the database cannot be read</source>
@@ -971,6 +978,85 @@
     </message>
 </context>
 <context>
+    <name>StatusLine</name>
+    <message>
+        <source>connections not loaded</source>
+        <translation>connexions non chargées</translation>
+    </message>
+    <message>
+        <source>%1 connections</source>
+        <translation>%1 connexions</translation>
+    </message>
+    <message>
+        <source>%1 nodes</source>
+        <translation>%1 nœuds</translation>
+    </message>
+    <message>
+        <source>%1 of %2 nodes</source>
+        <translation>%1 nœuds sur %2</translation>
+    </message>
+    <message>
+        <source>Loaded: %1, %2</source>
+        <translation>Chargé&#xa0;: %1, %2</translation>
+    </message>
+    <message>
+        <source>Rights: scan, change</source>
+        <translation>Droits&#xa0;: balayer, modifier</translation>
+    </message>
+    <message>
+        <source>Rights: scan</source>
+        <translation>Droits&#xa0;: balayer</translation>
+    </message>
+    <message>
+        <source>Rights: change</source>
+        <translation>Droits&#xa0;: modifier</translation>
+    </message>
+    <message>
+        <source>Rights: read only</source>
+        <translation>Droits&#xa0;: lecture seule</translation>
+    </message>
+    <message>
+        <source>Database in use</source>
+        <translation>Base de données utilisée</translation>
+    </message>
+    <message>
+        <source>When the trees were last known to be what the database holds</source>
+        <translation>Dernier moment où les arbres correspondaient de façon sûre à la base de données</translation>
+    </message>
+    <message>
+        <source>How many nodes and connections are loaded</source>
+        <translation>Nombre de nœuds et de connexions chargés</translation>
+    </message>
+    <message>
+        <source>What you may do beside looking</source>
+        <translation>Ce que vous avez le droit de faire en plus de consulter</translation>
+    </message>
+    <message>
+        <source>less than a minute ago</source>
+        <translation>il y a moins d’une minute</translation>
+    </message>
+    <message>
+        <source>%1 min ago</source>
+        <translation>il y a %1 min</translation>
+    </message>
+    <message>
+        <source>%1 h ago</source>
+        <translation>il y a %1 h</translation>
+    </message>
+    <message>
+        <source>%1 days ago</source>
+        <translation>il y a %1 jour(s)</translation>
+    </message>
+    <message>
+        <source>Cannot be read; as of %1</source>
+        <translation>Lecture impossible&#xa0;; état&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>As of %1</source>
+        <translation>État&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>T4ZelkaBrowser</name>
     <message>
         <source>heippa</source>
@@ -1657,6 +1743,194 @@
         <source>There is no room for the help: %1</source>
         <translation>Il n’y a pas de place pour l’aide&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>No database is open.</source>
+        <translation>Aucune base de données n’est ouverte.</translation>
+    </message>
+    <message>
+        <source>You have no right to change the database.</source>
+        <translation>Vous n’avez pas le droit de modifier la base de données.</translation>
+    </message>
+    <message>
+        <source>You have no right to scan.</source>
+        <translation>Vous n’avez pas le droit de balayer.</translation>
+    </message>
+    <message>
+        <source>Nothing is selected.</source>
+        <translation>Rien n’est sélectionné.</translation>
+    </message>
+    <message>
+        <source>Select a connection or a node; this is the root of all.</source>
+        <translation>Sélectionnez une connexion ou un nœud&#xa0;; ceci est la racine de tout.</translation>
+    </message>
+    <message>
+        <source>A waypoint is selected; select its connection.</source>
+        <translation>Un point de passage est sélectionné&#xa0;; sélectionnez sa connexion.</translation>
+    </message>
+    <message>
+        <source>A node is selected; select its connection.</source>
+        <translation>Un nœud est sélectionné&#xa0;; sélectionnez sa connexion.</translation>
+    </message>
+    <message>
+        <source>Nothing is added below a node; select a connection, or turn to the nodes.</source>
+        <translation>Rien ne s’ajoute sous un nœud&#xa0;; sélectionnez une connexion ou passez aux nœuds.</translation>
+    </message>
+    <message>
+        <source>Select a connection.</source>
+        <translation>Sélectionnez une connexion.</translation>
+    </message>
+    <message>
+        <source>Connections are scanned; turn to the connections.</source>
+        <translation>Ce sont les connexions qui se balaient&#xa0;; passez aux connexions.</translation>
+    </message>
+    <message>
+        <source>The connection reaches its node by SNMP; there is nothing to scan.</source>
+        <translation>La connexion joint son nœud par SNMP&#xa0;; il n’y a rien à balayer.</translation>
+    </message>
+    <message>
+        <source>Only a connection that reaches its node by SNMP uses this.</source>
+        <translation>Seule une connexion qui joint son nœud par SNMP utilise ceci.</translation>
+    </message>
+    <message>
+        <source>The connections show their waypoints; choose View Nodes.</source>
+        <translation>Les connexions affichent leurs points de passage&#xa0;; choisissez «&#xa0;Afficher les nœuds&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Select a node.</source>
+        <translation>Sélectionnez un nœud.</translation>
+    </message>
+    <message>
+        <source>No manager is known for this node.</source>
+        <translation>Aucun gestionnaire n’est connu pour ce nœud.</translation>
+    </message>
+    <message>
+        <source>All nodes are loaded.</source>
+        <translation>Tous les nœuds sont chargés.</translation>
+    </message>
+    <message>
+        <source>The connection has no more nodes.</source>
+        <translation>La connexion n’a pas d’autres nœuds.</translation>
+    </message>
+    <message>
+        <source>No connection is chosen.</source>
+        <translation>Aucune connexion n’est choisie.</translation>
+    </message>
+    <message>
+        <source>The scan runs; stop it first.</source>
+        <translation>Le balayage est en cours&#xa0;; arrêtez-le d’abord.</translation>
+    </message>
+    <message>
+        <source>No nodes have been found yet.</source>
+        <translation>Aucun nœud n’a encore été trouvé.</translation>
+    </message>
+    <message>
+        <source>Select a found node.</source>
+        <translation>Sélectionnez un nœud trouvé.</translation>
+    </message>
+    <message>
+        <source>The connection has no bus to choose.</source>
+        <translation>La connexion n’a pas de bus à choisir.</translation>
+    </message>
+    <message>
+        <source>Select a bus.</source>
+        <translation>Sélectionnez un bus.</translation>
+    </message>
+    <message>
+        <source>The list is empty.</source>
+        <translation>La liste est vide.</translation>
+    </message>
+    <message>
+        <source>Select one or more nodes of the list.</source>
+        <translation>Sélectionnez un ou plusieurs nœuds de la liste.</translation>
+    </message>
+    <message>
+        <source>A selected name is too long; rename it.</source>
+        <translation>Un nom sélectionné est trop long&#xa0;; renommez le nœud.</translation>
+    </message>
+    <message>
+        <source>A selected name exists already; rename it, or replace the stored node.</source>
+        <translation>Un nom sélectionné existe déjà&#xa0;; renommez le nœud ou remplacez celui qui est enregistré.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>Rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>A node that is reached by SNMP has no manager.</source>
+        <translation>Un nœud joint par SNMP n’a pas de gestionnaire.</translation>
+    </message>
+    <message>
+        <source>There is no target.</source>
+        <translation>Il n’y a pas de cible.</translation>
+    </message>
+    <message>
+        <source>Type a request.</source>
+        <translation>Tapez une requête.</translation>
+    </message>
+    <message>
+        <source>A reply is still waited for.</source>
+        <translation>Une réponse est encore attendue.</translation>
+    </message>
+    <message>
+        <source>There is no connection.</source>
+        <translation>Il n’y a pas de connexion.</translation>
+    </message>
+    <message>
+        <source>Select a found node first.</source>
+        <translation>Sélectionnez d’abord un nœud trouvé.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Address</source>
+        <translation>C&amp;opier l’adresse</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Identification</source>
+        <translation>Copier l’identi&amp;fication</translation>
+    </message>
+    <message>
+        <source>Copy Ta&amp;rget</source>
+        <translation>Copier la cib&amp;le</translation>
+    </message>
+    <message>
+        <source>A target begins with &quot;WP=&quot; and the name of a waypoint.</source>
+        <translation>Une chaîne cible commence par «&#xa0;WP=&#xa0;» et le nom d’un point de passage.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no &quot;=&quot;. Items are written as keyword=value, with commas between them.</source>
+        <translation>«&#xa0;%1&#xa0;» n’a pas de «&#xa0;=&#xa0;». Les éléments s’écrivent mot-clé=valeur et se séparent par des virgules.</translation>
+    </message>
+    <message>
+        <source>The target has no items, only commas.</source>
+        <translation>La chaîne cible n’a pas d’éléments, seulement des virgules.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Name</source>
+        <translation>Copier le &amp;nom</translation>
+    </message>
+    <message>
+        <source>Select a connection or a node first.</source>
+        <translation>Sélectionnez d’abord une connexion ou un nœud.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Target</source>
+        <translation>Copier la cib&amp;le</translation>
+    </message>
+    <message>
+        <source>The target has no address.</source>
+        <translation>La cible n’a pas d’adresse.</translation>
+    </message>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>&amp;Rechercher...</translation>
+    </message>
+    <message>
+        <source>No Version Info available!</source>
+        <translation>Aucune information de version disponible&#xa0;!</translation>
+    </message>
+    <message>
+        <source>%1 debug</source>
+        <translation>%1 débogage</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationWindow</name>
@@ -1756,6 +2030,30 @@
         <source>Command &amp;Line</source>
         <translation>&amp;Ligne de commande</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>Affic&amp;hage</translation>
+    </message>
+    <message>
+        <source>Colours of the &amp;System</source>
+        <translation>Couleurs du &amp;système</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Clair</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>S&amp;ombre</translation>
+    </message>
+    <message>
+        <source>High &amp;Contrast</source>
+        <translation>Contraste éle&amp;vé</translation>
+    </message>
+    <message>
+        <source>Status Li&amp;ne</source>
+        <translation>&amp;Ligne d’état</translation>
+    </message>
 </context>
 <context>
     <name>frmAbout</name>
@@ -1790,6 +2088,14 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>&amp;Version ...</source>
+        <translation>&amp;Version ...</translation>
+    </message>
+    <message>
+        <source>Which version of the control is registered</source>
+        <translation>Quelle version du contrôle est enregistrée</translation>
     </message>
 </context>
 <context>
@@ -2461,10 +2767,6 @@
         <translation>Démarrer le balayage&#xa0;; l’arrêter pendant qu’il s’exécute (Échap)</translation>
     </message>
     <message>
-        <source>Start or Stop</source>
-        <translation>Démarrer ou arrêter</translation>
-    </message>
-    <message>
         <source>Scan progress</source>
         <translation>Progression du balayage</translation>
     </message>
@@ -2835,6 +3137,29 @@ La recherche dans ce qui n’est pas encore chargé n’a pas été terminée.</
     <message>
         <source>No items found!</source>
         <translation>Aucun élément trouvé&#xa0;!</translation>
+    </message>
+</context>
+<context>
+    <name>frmSplash</name>
+    <message>
+        <source>Zelka Connection Browser</source>
+        <translation>Zelka Connection Browser</translation>
+    </message>
+    <message>
+        <source>Picture of the application</source>
+        <translation>Image de l’application</translation>
+    </message>
+    <message>
+        <source>Version of the registered control</source>
+        <translation>Version du contrôle enregistré</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
     </message>
 </context>
 <context>

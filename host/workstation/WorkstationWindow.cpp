@@ -11,7 +11,6 @@
 #include "platform/HelpLinks.h"
 #include "platform/controls/AccessibleControls.h"
 #include "platform/controls/SettingsPropertyBag.h"
-#include "platform/controls/Theme.h"
 #include "platform/controls/WindowPlaces.h"
 
 #include <QActionGroup>

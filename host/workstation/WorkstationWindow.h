@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/controls/Theme.h"
+
 #include <QMainWindow>
 
 #include <memory>
@@ -10,7 +12,6 @@ class QSettings;
 class T4ZelkaBrowser;
 class TargetPanel;
 class WindowPlaces;
-enum class Theme : quint8;
 
 namespace Ui {
 class WorkstationWindow;

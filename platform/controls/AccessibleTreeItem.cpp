@@ -152,6 +152,11 @@ QStringList AccessibleTreeItem::actionNames() const
     return names;
 }
 
+QString AccessibleTreeItem::localizedActionName(const QString& name) const
+{
+    return name == OpenAction ? tr("Open") : QAccessibleActionInterface::localizedActionName(name);
+}
+
 void AccessibleTreeItem::doAction(const QString& name)
 {
     if (!isValid() || !m_view->isEnabled())

@@ -36,6 +36,7 @@ public:
     /// Press: a click on the entry. Toggle: expands or collapses it, where there is something below it.
     /// SetFocus: goes to the entry as the arrow keys do. "Open": a double click.
     [[nodiscard]] QStringList actionNames() const override;
+    [[nodiscard]] QString localizedActionName(const QString& name) const override;
     /// The action follows when the caller has its answer: a click may open a dialog.
     void doAction(const QString& name) override;
     [[nodiscard]] QStringList keyBindingsForAction(const QString& name) const override;

@@ -1,5 +1,7 @@
 #include "platform/controls/DisabledReason.h"
 
+#include "platform/Words.h"
+
 #include <QVariant>
 #include <QWidget>
 
@@ -25,71 +27,71 @@ QString ReasonText(DisabledReason reason)
     case DisabledReason::None:
         return {};
     case DisabledReason::DatabaseClosed:
-        return QStringLiteral("No database is open.");
+        return Words::tr("No database is open.");
     case DisabledReason::NoEditRight:
-        return QStringLiteral("You have no right to change the database.");
+        return Words::tr("You have no right to change the database.");
     case DisabledReason::NoScanRight:
-        return QStringLiteral("You have no right to scan.");
+        return Words::tr("You have no right to scan.");
     case DisabledReason::NothingSelected:
-        return QStringLiteral("Nothing is selected.");
+        return Words::tr("Nothing is selected.");
     case DisabledReason::RootSelected:
-        return QStringLiteral("Select a connection or a node; this is the root of all.");
+        return Words::tr("Select a connection or a node; this is the root of all.");
     case DisabledReason::WaypointSelected:
-        return QStringLiteral("A waypoint is selected; select its connection.");
+        return Words::tr("A waypoint is selected; select its connection.");
     case DisabledReason::NodeSelected:
-        return QStringLiteral("A node is selected; select its connection.");
+        return Words::tr("A node is selected; select its connection.");
     case DisabledReason::AddBelowNode:
-        return QStringLiteral("Nothing is added below a node; select a connection, or turn to the nodes.");
+        return Words::tr("Nothing is added below a node; select a connection, or turn to the nodes.");
     case DisabledReason::NoConnectionSelected:
-        return QStringLiteral("Select a connection.");
+        return Words::tr("Select a connection.");
     case DisabledReason::ScanInNodeView:
-        return QStringLiteral("Connections are scanned; turn to the connections.");
+        return Words::tr("Connections are scanned; turn to the connections.");
     case DisabledReason::SnmpConnection:
-        return QStringLiteral("The connection reaches its node by SNMP; there is nothing to scan.");
+        return Words::tr("The connection reaches its node by SNMP; there is nothing to scan.");
     case DisabledReason::OnlySnmpConnection:
-        return QStringLiteral("Only a connection that reaches its node by SNMP uses this.");
+        return Words::tr("Only a connection that reaches its node by SNMP uses this.");
     case DisabledReason::NodesNotViewed:
-        return QStringLiteral("The connections show their waypoints; choose View Nodes.");
+        return Words::tr("The connections show their waypoints; choose View Nodes.");
     case DisabledReason::NoNodeSelected:
-        return QStringLiteral("Select a node.");
+        return Words::tr("Select a node.");
     case DisabledReason::NoManager:
-        return QStringLiteral("No manager is known for this node.");
+        return Words::tr("No manager is known for this node.");
     case DisabledReason::AllLoaded:
-        return QStringLiteral("All nodes are loaded.");
+        return Words::tr("All nodes are loaded.");
     case DisabledReason::AllLoadedHere:
-        return QStringLiteral("The connection has no more nodes.");
+        return Words::tr("The connection has no more nodes.");
     case DisabledReason::NoConnectionChosen:
-        return QStringLiteral("No connection is chosen.");
+        return Words::tr("No connection is chosen.");
     case DisabledReason::ScanRuns:
-        return QStringLiteral("The scan runs; stop it first.");
+        return Words::tr("The scan runs; stop it first.");
     case DisabledReason::NothingFound:
-        return QStringLiteral("No nodes have been found yet.");
+        return Words::tr("No nodes have been found yet.");
     case DisabledReason::NoFoundSelected:
-        return QStringLiteral("Select a found node.");
+        return Words::tr("Select a found node.");
     case DisabledReason::NoBus:
-        return QStringLiteral("The connection has no bus to choose.");
+        return Words::tr("The connection has no bus to choose.");
     case DisabledReason::NoBusSelected:
-        return QStringLiteral("Select a bus.");
+        return Words::tr("Select a bus.");
     case DisabledReason::NoLines:
-        return QStringLiteral("The list is empty.");
+        return Words::tr("The list is empty.");
     case DisabledReason::NoLineSelected:
-        return QStringLiteral("Select one or more nodes of the list.");
+        return Words::tr("Select one or more nodes of the list.");
     case DisabledReason::NameTooLong:
-        return QStringLiteral("A selected name is too long; rename it.");
+        return Words::tr("A selected name is too long; rename it.");
     case DisabledReason::NameExists:
-        return QStringLiteral("A selected name exists already; rename it, or replace the stored node.");
+        return Words::tr("A selected name exists already; rename it, or replace the stored node.");
     case DisabledReason::NothingChanged:
-        return QStringLiteral("Nothing has been changed.");
+        return Words::tr("Nothing has been changed.");
     case DisabledReason::SnmpHasNoManager:
-        return QStringLiteral("A node that is reached by SNMP has no manager.");
+        return Words::tr("A node that is reached by SNMP has no manager.");
     case DisabledReason::NoTarget:
-        return QStringLiteral("There is no target.");
+        return Words::tr("There is no target.");
     case DisabledReason::NoRequest:
-        return QStringLiteral("Type a request.");
+        return Words::tr("Type a request.");
     case DisabledReason::WaitsForReply:
-        return QStringLiteral("A reply is still waited for.");
+        return Words::tr("A reply is still waited for.");
     case DisabledReason::NotConnected:
-        return QStringLiteral("There is no connection.");
+        return Words::tr("There is no connection.");
     }
     return {};
 }

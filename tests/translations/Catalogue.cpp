@@ -59,7 +59,9 @@ bool MaySayTheSame(const QString& language, const QString& text)
                                         "Information",
                                         "Inde&x",
                                         "F1",
-                                        "Port"};
+                                        "Port",
+                                        "&Version ...",
+                                        "Version %1"};
     static const QStringList german{
         "Name:",       "Port:",   "Qt:",       "Version:",   "Station:",  "Station", "Scan",
         "Definition:", "Scan %1", "Parameter", "Community:", "Community", "S&tart"};

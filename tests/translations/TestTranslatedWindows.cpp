@@ -19,11 +19,13 @@
 #include "model/ModelState.h"
 #include "platform/Language.h"
 #include "platform/controls/TreeView.h"
+#include "scan/FoundNodesGrid.h"
 #include "scan/frmBusSelection.h"
 #include "scan/frmScan.h"
 #include "scan/frmScanNotSavedList.h"
 #include "scan/frmScanSaveAll.h"
 #include "scan/frmScanSelSaveProgress.h"
+#include "support/frmSplash.h"
 #include "tests/components/DatabaseFixture.h"
 #include "tests/support/RecordingPresenter.h"
 #include "tests/translations/Catalogue.h"
@@ -33,6 +35,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -118,6 +121,7 @@ const std::vector<WindowMaker>& Makers()
         {"found nodes", MakeOnDirect<frmScanNotSavedList>},
         {"saving", MakeOnDirect<frmScanSelSaveProgress>},
         {"about", [] { return std::make_unique<frmAbout>(QStringLiteral("Network")); }},
+        {"version", Make<frmSplash>},
         {"node manager", MakeNodeManager},
     };
     return makers;
@@ -146,7 +150,8 @@ bool IsData(const QString& text)
         if (text == LanguageName(language))
             return true;
     }
-    return data.contains(text);
+    static const QRegularExpression version(QStringLiteral("^Version [0-9.]+$"));
+    return data.contains(text) || version.match(text).hasMatch();
 }
 
 /// The workstation on a small database, in a language; its connection and node Beta and East are loaded.
@@ -290,7 +295,18 @@ void TestTranslatedWindows::Menus_Items_HaveAccessKeysOfTheirOwn()
 {
     QFETCH(QString, language);
     const Workstation workstation(language);
-    for (const QMenu* menu : workstation.Shown->findChildren<QMenu*>()) {
+    frmScan scan(Direct());
+    QList<QMenu*> menus = workstation.Shown->findChildren<QMenu*>();
+    const qsizetype barred = menus.size();
+    for (TreeView* tree : workstation.Shown->findChildren<TreeView*>()) {
+        Q_EMIT tree->ContextMenu(QPoint());
+        menus << tree->findChildren<QMenu*>();
+    }
+    auto& grid = *scan.findChild<FoundNodesGrid*>();
+    Q_EMIT grid.ContextMenu(QPoint());
+    menus << grid.findChildren<QMenu*>();
+    QCOMPARE(menus.size(), barred + 3);
+    for (const QMenu* menu : std::as_const(menus)) {
         QMap<QChar, QString> claimed;
         for (const QAction* action : menu->actions()) {
             const QChar key = AccessKey(action->text());
