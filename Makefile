@@ -1,4 +1,4 @@
-# make run | test | lint | bench | asan | fuzz | pictures | api | translations
+# make run | test | lint | bench | asan | fuzz | pictures | api | translations | package | check-package | check-new-user
 JOBS ?= $(shell nproc)
 # Many tests wait for a server or a clock most of their time.
 TEST_JOBS ?= $(shell expr $(JOBS) + 1)
@@ -6,7 +6,7 @@ TEST_JOBS ?= $(shell expr $(JOBS) + 1)
 FUZZ_SECONDS ?= 60
 DISPLAY_OR_OFFSCREEN = $(if $(DISPLAY)$(WAYLAND_DISPLAY),,-platform offscreen)
 
-.PHONY: run test lint bench asan fuzz pictures api translations deps clean
+.PHONY: run test lint bench asan fuzz pictures api translations package check-package check-new-user deps clean
 
 run: deps
 	cmake --preset release >/dev/null
@@ -55,6 +55,23 @@ api: deps
 	cmake --preset release >/dev/null
 	cmake --build build/release --target api
 	@echo "The page stands in build/release/api/html/index.html"
+
+package: deps
+	@packaging/install-build-deps packaging/debian-packages-api.txt
+	cmake --preset package >/dev/null
+	cmake --build build/package -j $(JOBS) --target all api
+	rm -rf build/package/packages
+	cpack --config build/package/CPackConfig.cmake
+	@ls build/package/packages/*.deb
+
+# In a tree in which nothing else is installed; needs root.
+check-package: package
+	@packaging/install-build-deps packaging/debian-packages-tree.txt
+	packaging/try-packages build/package/packages
+
+check-new-user:
+	@packaging/install-build-deps packaging/debian-packages-tree.txt
+	packaging/try-new-user
 
 deps:
 	@packaging/install-build-deps
