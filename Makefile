@@ -43,7 +43,7 @@ fuzz: deps
 
 pictures: deps
 	cmake --preset release >/dev/null
-	cmake --build build/release -j $(JOBS) --target zelka zelka-pictures
+	cmake --build build/release -j $(JOBS) --target zelka zelka-pictures zelka_help
 	packaging/make-pictures build/release/bin docs/pictures
 
 # Adds the new texts of the sources to the catalogues, unfinished, and drops those that are gone.

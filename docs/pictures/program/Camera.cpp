@@ -1,17 +1,14 @@
 #include "docs/pictures/program/Camera.h"
 
+#include "docs/pictures/program/Stage.h"
+
 #include <QApplication>
 #include <QDialog>
+#include <QProgressBar>
 #include <QTimer>
 
 #include <cstdio>
 #include <utility>
-
-namespace {
-
-constexpr int PaintMs = 150;
-
-} // namespace
 
 Camera::Camera(QString folder, QString look) : m_folder(std::move(folder)), m_look(std::move(look)) {}
 
@@ -21,6 +18,31 @@ void Camera::Take(QWidget& widget, const QString& name) const
     if (widget.grab().save(file))
         return;
     std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
+    m_allTaken = false;
+}
+
+void Camera::WithProgress(const std::function<void()>& opening, const QString& name) const
+{
+    bool shown = false;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        QWidget* const window = QApplication::activeModalWidget();
+        const auto* bar = window ? window->findChild<QProgressBar*>() : nullptr;
+        if (shown || !bar || 2 * bar->value() < bar->minimum() + bar->maximum())
+            return;
+        shown = true;
+        Take(*window, name);
+    });
+    look.start();
+    opening();
+    TellShown(shown, name);
+}
+
+void Camera::TellShown(bool shown, const QString& name) const
+{
+    if (shown)
+        return;
+    std::fprintf(stderr, "%s was not shown\n", qUtf8Printable(name));
     m_allTaken = false;
 }
 
@@ -43,8 +65,5 @@ void Camera::WithDialog(const std::function<void()>& opening, const QString& nam
         dialog->reject();
     });
     opening();
-    if (shown)
-        return;
-    std::fprintf(stderr, "%s was not shown\n", qUtf8Printable(name));
-    m_allTaken = false;
+    TellShown(shown, name);
 }

@@ -24,7 +24,13 @@ public:
                     const std::function<void(QDialog& dialog)>& work = {},
                     const std::function<void(QDialog& dialog)>& end = {}) const;
 
+    /// Runs `opening`, which shows a modal window with a bar of progress and takes it away by itself, and
+    /// takes that window once the bar is half full.
+    void WithProgress(const std::function<void()>& opening, const QString& name) const;
+
 private:
+    void TellShown(bool shown, const QString& name) const;
+
     QString m_folder;
     QString m_look;
     mutable bool m_allTaken = true;

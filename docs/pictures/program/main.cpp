@@ -1,7 +1,9 @@
-// Takes the pictures of the dialogs that the documents show: opens each on the demo database through the
+// Takes the pictures of the windows that the documents show: opens each on the demo database through the
 // control, as an operator would, and writes what it looks like.
 //
-// zelka-pictures DATABASE FOLDER light|dark
+// zelka-pictures DATABASE LARGE-DATABASE FOLDER system|light|dark|contrast
+//
+// On the large database, of any kind, it takes the windows that stand only while much is loaded.
 
 #include "browser/T4ZelkaBrowser.h"
 #include "components/hvxdb/HvxAdministration.h"
@@ -9,67 +11,26 @@
 #include "components/syncconn/SyncConnectionComponent.h"
 #include "dialogs/frmChSelPktSize.h"
 #include "docs/pictures/program/Camera.h"
-#include "host/workstation/WorkstationWindow.h"
-#include "model/TreeEntries.h"
+#include "docs/pictures/program/ScanPictures.h"
+#include "docs/pictures/program/Stage.h"
+#include "docs/pictures/program/WindowPictures.h"
 #include "platform/controls/Display.h"
-#include "platform/controls/TreeView.h"
-#include "tools/netsim/GatewayServer.h"
-#include "tools/netsim/NetworkFile.h"
-#include "tools/netsim/SimulatedNetwork.h"
+#include "platform/controls/Theme.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QDeadlineTimer>
 #include <QDialog>
-#include <QFileInfo>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
-#include <QStyleFactory>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 
 #include <cstdio>
 #include <functional>
+#include <optional>
 
 namespace {
-
-constexpr int PaintMs = 150;
-
-QPalette DarkPalette()
-{
-    QPalette palette(QColor(45, 45, 48));
-    palette.setColor(QPalette::Base, QColor(30, 30, 32));
-    palette.setColor(QPalette::AlternateBase, QColor(45, 45, 48));
-    palette.setColor(QPalette::Highlight, QColor(42, 110, 170));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-    return palette;
-}
-
-template <typename Widget>
-Widget& Find(QWidget& parent, const char* name)
-{
-    auto* found = parent.findChild<Widget*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("there is no %s", name);
-    return *found;
-}
-
-void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text, bool isNode)
-{
-    auto& view = Find<TreeView>(browser, tree);
-    const auto& entries = static_cast<const TreeEntries&>(*view.model());
-    const TreeEntries::Index entry = entries.FindByText(text, isNode);
-    if (entry == 0)
-        qFatal("there is no %s", qUtf8Printable(text));
-    view.SelectIndex(entries.ModelIndex(entry));
-    QApplication::processEvents();
-}
 
 QString ManagerProgram()
 {
@@ -134,88 +95,6 @@ void TakeConnectionDialogs(T4ZelkaBrowser& browser, const Camera& camera)
         });
 }
 
-/// Lets events run until `done` or for half a minute.
-void WaitUntil(const std::function<bool()>& done)
-{
-    constexpr int longestMs = 30'000;
-    const QDeadlineTimer deadline(longestMs);
-    while (!done() && !deadline.hasExpired())
-        QApplication::processEvents(QEventLoop::AllEvents, PaintMs);
-}
-
-/// A scan of the demo network, with a node that has fallen silent, and the list of its buses.
-void TakeScanDialogs(T4ZelkaBrowser& browser, const Camera& camera)
-{
-    NetworkDescription description;
-    QStringList problems;
-    if (!ReadNetworkFile(DemoNetworkPath(), description, problems))
-        qFatal("%s", qUtf8Printable(problems.join(u' ')));
-    SimulatedNetwork network(description);
-    GatewayServer server(network);
-    if (!server.Listen())
-        qFatal("%s", qUtf8Printable(server.ErrorText()));
-    qputenv("ZELKA_GATEWAY", server.Name().toUtf8());
-
-    Find<QRadioButton>(browser, "optCon").setChecked(true);
-    SelectEntry(browser, "tvwConTree", QStringLiteral("Harbour Tower bus 254"), false);
-    auto& scan = Find<QPushButton>(browser, "cmdDbScan");
-    scan.setEnabled(true);
-    camera.WithDialog(
-        [&] { scan.click(); }, QStringLiteral("scan"),
-        [&](QDialog& dialog) {
-            camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdScanBus").click(); },
-                              QStringLiteral("buses"),
-                              [](QDialog& buses) {
-                                  auto& ok = Find<QPushButton>(buses, "cmdOK");
-                                  WaitUntil([&] { return ok.isEnabled(); });
-                              });
-            Find<QLineEdit>(dialog, "txtAddrBegin").setText(QStringLiteral("1"));
-            Find<QLineEdit>(dialog, "txtAddrEnd").setText(QStringLiteral("9"));
-            Find<QLineEdit>(dialog, "txtTimingRetries").setText(QStringLiteral("3"));
-            Find<QLineEdit>(dialog, "txtTimingTimeout").setText(QStringLiteral("500"));
-            auto& repeat = Find<QCheckBox>(dialog, "chkRepeatScan");
-            auto& start = Find<QPushButton>(dialog, "cmdStartStop");
-            auto& address = Find<QLabel>(dialog, "lbCurrentAddr");
-            const auto reach = [&](const QString& text) {
-                WaitUntil([&] { return address.text().endsWith(text); });
-            };
-            repeat.setChecked(true);
-            start.click();
-            reach(QStringLiteral(" 9"));
-            (void)network.RemoveNode(254, 3);
-            reach(QStringLiteral(" 5"));
-        },
-        [&](QDialog& dialog) {
-            auto& start = Find<QPushButton>(dialog, "cmdStartStop");
-            start.click();
-            WaitUntil([&] { return start.text() == QStringLiteral("S&tart"); });
-            camera.WithDialog([&] { Find<QPushButton>(dialog, "cmdSave").click(); },
-                              QStringLiteral("save-node"));
-            camera.WithDialog(
-                [&] { Find<QPushButton>(dialog, "cmdSaveAll").click(); }, QStringLiteral("save-all"),
-                [](QDialog& naming) { Find<QLineEdit>(naming, "txtPrefix").setText(QStringLiteral("HT")); },
-                [&](QDialog& naming) {
-                    camera.WithDialog([&] { Find<QPushButton>(naming, "cmdOK").click(); },
-                                      QStringLiteral("save-list"));
-                });
-        });
-    qunsetenv("ZELKA_GATEWAY");
-}
-
-/// The operator's window, on a database that it is told by the name of a file that everybody could have.
-void TakeWorkstation(const QString& database, const Camera& camera)
-{
-    const QTemporaryDir folder;
-    QSettings settings(folder.filePath(QStringLiteral("kept.ini")), QSettings::IniFormat);
-    WorkstationWindow window(settings, QFileInfo(database).fileName(), WorkstationWindow::Place::Default);
-    window.resize(960, 600);
-    window.show();
-    window.Start();
-    SelectEntry(*window.Control(), "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
-    QApplication::processEvents();
-    camera.Take(window, QStringLiteral("workstation"));
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -223,19 +102,20 @@ int main(int argc, char** argv)
     UseOffscreenWithoutDisplay();
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 4) {
-        std::fprintf(stderr, "usage: zelka-pictures DATABASE FOLDER light|dark\n");
+    const std::optional<Theme> theme = arguments.size() == 5 ? ThemeOfName(arguments[4]) : std::nullopt;
+    if (!theme) {
+        std::fprintf(stderr, "usage: zelka-pictures DATABASE LARGE-DATABASE FOLDER %s\n",
+                     qPrintable(ThemeNames().join(u'|')));
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    if (arguments[3] == QLatin1String("dark"))
-        QApplication::setPalette(DarkPalette());
+    ApplyTheme(*theme);
     const bool scaled = qApp->devicePixelRatio() > 1;
-    const Camera camera(arguments[2], scaled ? arguments[3] + QStringLiteral("-200") : arguments[3]);
+    const Camera camera(arguments[3], scaled ? arguments[4] + QStringLiteral("-200") : arguments[4]);
 
     RegisterHvxDatabase();
     RegisterSyncConnections();
     RegisterHvxUtility();
+    TakeLoads(arguments[2], camera);
     SetDataSource(arguments[1]);
     T4ZelkaBrowser browser;
     browser.SetBrowserTabIndex(0);
@@ -244,6 +124,7 @@ int main(int argc, char** argv)
     browser.show();
     QApplication::processEvents();
 
+    TakeFindDialogs(browser, camera);
     TakeNodeDialog(browser, camera);
     TakeConnectionDialogs(browser, camera);
     TakeScanDialogs(browser, camera);
@@ -255,5 +136,7 @@ int main(int argc, char** argv)
     camera.WithDialog([&] { note.exec(); }, QStringLiteral("packet-size"));
     camera.Take(browser, QStringLiteral("browser"));
     TakeWorkstation(arguments[1], camera);
+    TakeNodeManager(camera);
+    TakeHelp(camera);
     return camera.AllTaken() ? 0 : 1;
 }

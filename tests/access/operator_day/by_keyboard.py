@@ -2,12 +2,12 @@
 
 import seen
 from keyboard import keys, type_text
-from work import BOX, BUS, BUS_TARGET, CHANGED, NEW, PREFIX, Work
+from work import BOX, BUS, BUS_TARGET, CHANGED, CLOCK, NEW, PREFIX, Work
 
 
 class ByKeyboard(Work):
     def steps(self):
-        return [self.open, self.browse, self.add, self.edit, self.remove, self.scan, self.save_all,
+        return [self.open, self.browse, self.find, self.help, self.add, self.edit, self.remove, self.scan, self.save_all,
                 self.compose_direct_target, self.leave]
 
     def tab_to(self, role, name, key="Tab"):
@@ -98,6 +98,48 @@ class ByKeyboard(Work):
         self.tab_to("push button", "OK")
         keys("space")
         self.closed("Properties")
+
+    def view_nodes(self, wanted):
+        self.tab_to("check box", "View Nodes")
+        keys("space")
+        seen.wait(f"nodes to be viewed: {wanted}", lambda: seen.has(seen.focused(), "checked") == wanted)
+
+    def find(self):
+        self.view_nodes(True)
+        keys("ctrl+f")
+        self.opened("Find Element")
+        self.retype("TOWER CLOCK")
+        keys("Return")
+        self.opened("Search result")
+        # The first hit is selected; here it is the only one.
+        seen.wait_focus("tree item", CLOCK)
+        keys("Return")
+        self.closed("Search result")
+        self.check_found()
+        self.view_nodes(False)
+        self.tab_to("tree item", None)
+
+    def help(self):
+        keys("F1")
+        self.check_help("The Database tab")
+        keys("alt+a")
+        seen.wait_focus("text", "Words to search for")
+        self.retype("prefix")
+        keys("Return")
+        page = "Saving all found nodes"
+        seen.wait_focus("list item", None)
+        for _ in range(30):
+            if seen.focused().get_name().startswith(page):
+                break
+            before = seen.focused()
+            keys("Down")
+            seen.wait("the focus to move", lambda before=before: seen.focused() != before)
+        keys("Return")
+        seen.window(page + " - Help")
+        self.check_help("Prefix")
+        keys("Escape")
+        self.closed(page + " - Help")
+        self.tab_to("tree item", None)
 
     def add(self):
         keys("Home")

@@ -2,12 +2,12 @@
 
 import seen
 from keyboard import keys, type_text
-from work import BOX, BUS, BUS_TARGET, CHANGED, NEW, PREFIX, Work
+from work import BOX, BUS, BUS_TARGET, CHANGED, CLOCK, NEW, PREFIX, Work
 
 
 class ByName(Work):
     def steps(self):
-        return [self.open, self.browse, self.add, self.edit, self.remove, self.scan, self.save_all,
+        return [self.open, self.browse, self.find, self.help, self.add, self.edit, self.remove, self.scan, self.save_all,
                 self.compose_direct_target, self.leave]
 
     def open(self):
@@ -29,6 +29,34 @@ class ByName(Work):
         self.check_entry(bus, 2, {"expanded": False})
         if bus.get_child_count() != 0:
             raise seen.NotSeen("a collapsed entry shows what is below it")
+
+    def find(self):
+        seen.check(self.main, "View Nodes", True)
+        seen.press(self.main, "Find in tree")
+        form = seen.window("Find Element")
+        seen.type_into(form, "String to be matched", "TOWER CLOCK")
+        seen.press(form, "Next")
+        hits = seen.window("Search result")
+        tree = seen.find(hits, "tree", "Entries found")
+        seen.act(seen.item(tree, "Not loaded yet", BUS, CLOCK), "Press")
+        seen.press(hits, "Done")
+        seen.gone("Search result")
+        seen.gone("Find Element")
+        self.check_found()
+        seen.check(self.main, "View Nodes", False)
+
+    def help(self):
+        seen.press(self.main, "Help about the Database tab")
+        window = self.check_help("The Database tab")
+        seen.act(seen.find(window, "page tab", "Search"), "Press")
+        seen.type_into(window, "Words to search for", "prefix")
+        seen.press(window, "Search")
+        page = "Saving all found nodes"
+        seen.click(seen.find(seen.find(window, "list", "Pages found"), "list item", page))
+        seen.window(page + " - Help")
+        self.check_help("Prefix")
+        keys("Escape")
+        seen.gone(page + " - Help")
 
     def add(self):
         seen.act(seen.item(self.tree(), "Connections"), "Press")

@@ -92,6 +92,15 @@ def search(thing, role, name, shown=True):
     return None
 
 
+def search_named(thing, name):
+    """The first object of that name at or below `thing`, whatever its role; None when there is none."""
+    if thing.get_name() == name:
+        return thing
+    if thing.get_role_name() in ENDLESS:
+        return None
+    return next((found for child in children(thing) if (found := search_named(child, name))), None)
+
+
 def active_window():
     return next((window for window in windows() if has(window, "active")), None)
 

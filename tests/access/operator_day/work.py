@@ -6,6 +6,8 @@ import seen
 
 BUS = "Harbour Tower bus 254"
 BUS_TARGET = "WP=BUST4,ID=254"
+CLOCK = "Harbour Tower clock 1"
+CLOCK_TARGET = BUS_TARGET + ",WP=NET4,ADDR=6"
 NEW = "Access Road bus 77"
 CHANGED = "Access Road bus 78"
 PREFIX = "Day"
@@ -62,10 +64,23 @@ class Work:
         for state, value in states.items():
             seen.wait(f"{seen.describe(entry)} {state}: {value}", lambda: seen.has(entry, state) == value)
 
+    def check_found(self):
+        """What was not loaded stands under the bus and is selected."""
+        self.wait_target(CLOCK_TARGET)
+        self.check_entry(seen.item(self.tree(), "Connections", BUS, CLOCK), 3, {"selected": True, "focused": True})
+
+    def check_help(self, words):
+        """The help shows a page that holds these words."""
+        page = seen.wait("a window of the help", lambda: next(
+            (one for one in seen.windows() if one.get_name().endswith(" - Help")), None))
+        text = seen.wait("the help page", lambda: seen.search_named(page, "Help page"))
+        seen.wait(f"\"{words}\" on the help page", lambda: words in seen.text(text))
+        return page
+
     def check_scan_done(self, scan):
         """The scan has found what the simulated bus has at its first addresses."""
         table = seen.find(scan, "table", "Found Nodes")
-        wanted = ["1", "Harbour Tower radio 1", "2", "Harbour Tower multiplexer 1", "6", "Harbour Tower clock 1"]
+        wanted = ["1", "Harbour Tower radio 1", "2", "Harbour Tower multiplexer 1", "6", CLOCK]
 
         def found():
             cells = [child.get_name() for child in seen.children(table)]
