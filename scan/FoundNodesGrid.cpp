@@ -71,6 +71,12 @@ int FoundNodesGrid::HeaderWidth(int column) const
            2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader());
 }
 
+int FoundNodesGrid::TextWidth(const QString& text) const
+{
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return fontMetrics().horizontalAdvance(text) + 2 * margin + 1;
+}
+
 // Rows --------------------------------------------------------------------------------------------------
 
 void FoundNodesGrid::StoreFoundNode(qint16 address, const QString& type, const QString& identification)
@@ -111,6 +117,7 @@ void FoundNodesGrid::AddNodeRow(qint16 address, const QString& type, const QStri
     }
     SetTextMatrix(m_foundCount, AddressColumn, QString::number(address));
     SetTextMatrix(m_foundCount, TypeColumn, type);
+    setColumnWidth(TypeColumn, std::max(columnWidth(TypeColumn), TextWidth(type)));
     SetTextMatrix(m_foundCount, IdentificationColumn, identification);
     SelectGridRow(1);
 }

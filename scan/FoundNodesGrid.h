@@ -55,6 +55,8 @@ protected:
 private:
     void AddNodeRow(qint16 address, const QString& type, const QString& identification);
     [[nodiscard]] int HeaderWidth(int column) const;
+    /// The width of a column that shows a text whole, in pixels.
+    [[nodiscard]] int TextWidth(const QString& text) const;
     /// By address, texts and marks together.
     void SortFoundRows();
     /// Row 0: the header.

@@ -1,15 +1,32 @@
 #include "browser/T4ZelkaBrowser.h"
+#include "browser/frmConNodesProgress.h"
+#include "browser/frmLoadProgress.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "components/hvxutil/HvxUtilityComponent.h"
 #include "components/syncconn/SyncConnectionComponent.h"
+#include "dialogs/frmChSelPktSize.h"
+#include "dialogs/frmSaveDirectNode.h"
+#include "host/node-manager/NodeManagerWindow.h"
+#include "host/node-manager/StartArguments.h"
 #include "host/workstation/WorkstationWindow.h"
+#include "model/ConData.h"
+#include "model/ModelState.h"
 #include "model/TreeEntries.h"
 #include "platform/controls/TreeView.h"
+#include "scan/frmBusSelection.h"
+#include "scan/frmScanNotSavedList.h"
+#include "scan/frmScanSaveAll.h"
+#include "scan/frmScanSelSaveProgress.h"
+#include "support/HelpWindow.h"
+#include "support/modHTMLHelp.h"
 #include "tests/host/RunProgram.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QCheckBox>
 #include <QDialog>
+#include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
@@ -17,6 +34,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include <functional>
@@ -35,6 +53,13 @@ private Q_SLOTS:
     void NodeDialogs_AreAccessible();
     void ScanDialog_IsAccessible();
     void DirectDialog_IsAccessible();
+    void FindDialogs_AreAccessible();
+    void AboutAndVersion_AreAccessible();
+    void ProgressForms_AreAccessible();
+    void SavesOfFoundNodes_AreAccessible();
+    void NoteAndBuses_AreAccessible();
+    void Help_IsAccessible();
+    void NodeManager_IsAccessible();
 
 private:
     template <typename Widget>
@@ -43,6 +68,7 @@ private:
     void WithDialog(const std::function<void()>& opening,
                     const std::function<void(QDialog& dialog)>& work = {});
     void Check(QWidget& window);
+    void ShowAndCheck(QWidget& window);
     void CheckNames(QWidget& window);
     void CheckKeys(QWidget& window);
     void CheckFocusIsSeen(QWidget& window);
@@ -62,7 +88,7 @@ bool IsPart(const QWidget& widget)
 
 bool TakesInput(const QWidget& widget)
 {
-    return widget.isVisible() && widget.focusPolicy() != Qt::NoFocus && !IsPart(widget) &&
+    return widget.isVisibleTo(widget.window()) && widget.focusPolicy() != Qt::NoFocus && !IsPart(widget) &&
            !qobject_cast<const QTabWidget*>(&widget);
 }
 
@@ -84,6 +110,7 @@ QString Told(const QWidget& window, const QWidget& widget, const QString& what)
 void TestAccessibleNames::initTestCase()
 {
     QVERIFY(m_folder.isValid());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
     const QString database = m_folder.filePath(QStringLiteral("Demo.mdb"));
     const Outcome made =
         RunWithoutDisplay(QStringLiteral(ZELKA_PROGRAM), {"db", "init", "--demo"}, m_folder.path(), database);
@@ -147,6 +174,13 @@ void TestAccessibleNames::Check(QWidget& window)
     CheckFocusIsSeen(window);
 }
 
+void TestAccessibleNames::ShowAndCheck(QWidget& window)
+{
+    window.show();
+    Check(window);
+    window.close();
+}
+
 void TestAccessibleNames::CheckNames(QWidget& window)
 {
     int checked = 0;
@@ -174,7 +208,7 @@ void TestAccessibleNames::CheckKeys(QWidget& window)
 {
     QHash<QKeySequence, QString> keys;
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
-        if (!button->isVisible() || IsPart(*button))
+        if (!button->isVisibleTo(&window) || IsPart(*button))
             continue;
         const QKeySequence key = QKeySequence::mnemonic(button->text());
         // The arrow keys go from one to the other.
@@ -262,6 +296,85 @@ void TestAccessibleNames::DirectDialog_IsAccessible()
     Find<QTabWidget>(*m_window, "tabMain").setCurrentIndex(1);
     WithDialog([this] { Find<QPushButton>(*m_window, "cmdDirectConProp").click(); });
     Find<QTabWidget>(*m_window, "tabMain").setCurrentIndex(0);
+}
+
+void TestAccessibleNames::FindDialogs_AreAccessible()
+{
+    Find<QRadioButton>(*m_window, "optCon").setChecked(true);
+    WithDialog([this] { Find<QToolButton>(*m_window, "FindElement").click(); },
+               [this](QDialog& find) {
+                   Find<QLineEdit>(find, "txtMatch_Patern").setText("harbour");
+                   WithDialog([&] { Find<QPushButton>(find, "Go").click(); });
+               });
+}
+
+void TestAccessibleNames::AboutAndVersion_AreAccessible()
+{
+    WithDialog(
+        [this] { Find<QAction>(*m_window, "mnuAbout").trigger(); },
+        [this](QDialog& about) { WithDialog([&] { Find<QPushButton>(about, "cmdVersion").click(); }); });
+}
+
+void TestAccessibleNames::ProgressForms_AreAccessible()
+{
+    // Not shown: they would load or save, and go.
+    frmLoadProgress load;
+    frmConNodesProgress loadNodes;
+    frmScanSelSaveProgress save(*Model().DirectObject, *Model().NewDirectObject);
+    for (QDialog* form :
+         {static_cast<QDialog*>(&load), static_cast<QDialog*>(&loadNodes), static_cast<QDialog*>(&save)}) {
+        CheckNames(*form);
+        CheckKeys(*form);
+        const QAccessibleInterface* bar =
+            QAccessible::queryAccessibleInterface(&Find<QProgressBar>(*form, "LoadPrgBar"));
+        QVERIFY2(bar && !bar->text(QAccessible::Name).isEmpty(), qPrintable(form->objectName()));
+    }
+}
+
+void TestAccessibleNames::SavesOfFoundNodes_AreAccessible()
+{
+    Find<QRadioButton>(*m_window, "optNodes").setChecked(true);
+    Select("tvwNodesTree", "Harbour Tower radio 1", true);
+    ConData& direct = *Model().DirectObject;
+    ConData& newDirect = *Model().NewDirectObject;
+    QVERIFY(direct.SetNodeDataFromNodeName("Harbour Tower radio 1"));
+    frmSaveDirectNode save(direct, newDirect, nullptr);
+    ShowAndCheck(save);
+    frmScanSaveAll names(direct, newDirect);
+    ShowAndCheck(names);
+    frmScanNotSavedList list(direct, newDirect);
+    ShowAndCheck(list);
+}
+
+void TestAccessibleNames::NoteAndBuses_AreAccessible()
+{
+    frmChSelPktSize note;
+    ShowAndCheck(note);
+    frmBusSelection buses(*Model().DirectObject);
+    CheckNames(buses);
+    CheckKeys(buses);
+}
+
+void TestAccessibleNames::Help_IsAccessible()
+{
+    modHTMLHelp::ShowHelpTopic("index.htm");
+    HelpWindow* const help = HelpWindow::Current();
+    QVERIFY(help);
+    auto& ways = Find<QTabWidget>(*help, "tabHelp");
+    for (int way = 0; way < ways.count(); ++way) {
+        ways.setCurrentIndex(way);
+        CheckNames(*help);
+        CheckKeys(*help);
+    }
+    HelpWindow::End();
+}
+
+void TestAccessibleNames::NodeManager_IsAccessible()
+{
+    StartArguments arguments;
+    arguments.node = "Harbour Tower radio 1";
+    NodeManagerWindow window(arguments);
+    ShowAndCheck(window);
 }
 
 QTEST_MAIN(TestAccessibleNames)

@@ -90,7 +90,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("percent");
         QTest::addColumn<bool>("rightToLeft");
         for (const char* dialog : {"connection", "waypoint", "node", "direct", "scan"}) {
-            for (const int percent : {100, 150, 200}) {
+            for (const int percent : {100, 150, 200, 300}) {
                 for (const bool rightToLeft : {false, true})
                     QTest::addRow("%s %d %s", dialog, percent, rightToLeft ? "rtl" : "ltr")
                         << QString::fromLatin1(dialog) << percent << rightToLeft;

@@ -202,9 +202,15 @@ class TestTranslatedWindows : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup()
+    {
+        QApplication::setFont(m_font);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
     void Windows_Translated_SayNothingInEnglish_data() { Languages({"de", "fr"}); }
     void Windows_Translated_SayNothingInEnglish();
-    void Windows_Laid_ClipNoText_data() { Languages({"en", "de", "fr"}); }
+    void Windows_Laid_ClipNoText_data();
     void Windows_Laid_ClipNoText();
     void Windows_Captions_HaveAccessKeysOfTheirOwn_data() { Languages({"de", "fr"}); }
     void Windows_Captions_HaveAccessKeysOfTheirOwn();
@@ -224,6 +230,8 @@ private:
     static QMap<QString, QString> AllTexts(const QString& language);
     /// Runs `look` on each window in a language and expects it to find nothing.
     static void CheckEach(const QString& language, const std::function<QStringList(QWidget& window)>& look);
+
+    QFont m_font = QApplication::font();
 };
 
 QMap<QString, QString> TestTranslatedWindows::AllTexts(const QString& language)
@@ -279,9 +287,28 @@ void TestTranslatedWindows::Windows_Translated_SayNothingInEnglish()
     QVERIFY(left.isEmpty());
 }
 
+void TestTranslatedWindows::Windows_Laid_ClipNoText_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<int>("percent");
+    QTest::addColumn<bool>("rightToLeft");
+    for (const char* language : {"en", "de", "fr"}) {
+        for (const int percent : {100, 200, 300}) {
+            QTest::addRow("%s %d", language, percent) << QString::fromLatin1(language) << percent << false;
+        }
+        QTest::addRow("%s 150 right to left", language) << QString::fromLatin1(language) << 150 << true;
+    }
+}
+
 void TestTranslatedWindows::Windows_Laid_ClipNoText()
 {
     QFETCH(QString, language);
+    QFETCH(const int, percent);
+    QFETCH(const bool, rightToLeft);
+    QFont font = m_font;
+    font.setPointSizeF(font.pointSizeF() * percent / 100);
+    QApplication::setFont(font);
+    QApplication::setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     CheckEach(language, ClippedTexts);
 }
 

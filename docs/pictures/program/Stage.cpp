@@ -6,6 +6,10 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QDialog>
+#include <QTimer>
+
+#include <utility>
 
 void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text, bool isNode)
 {
@@ -14,7 +18,7 @@ void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text,
     const TreeEntries::Index entry = entries.FindByText(text, isNode);
     if (entry == 0)
         qFatal("there is no %s", qUtf8Printable(text));
-    view.SelectIndex(entries.ModelIndex(entry));
+    view.ClickEntry(entries.ModelIndex(entry));
     QApplication::processEvents();
 }
 
@@ -24,4 +28,12 @@ void WaitUntil(const std::function<bool()>& done)
     const QDeadlineTimer deadline(longestMs);
     while (!done() && !deadline.hasExpired())
         QApplication::processEvents(QEventLoop::AllEvents, PaintMs);
+}
+
+void InNextDialog(std::function<void(QDialog& dialog)> work)
+{
+    QTimer::singleShot(PaintMs, [work = std::move(work)] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            work(*dialog);
+    });
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class QDialog;
 class T4ZelkaBrowser;
 
 /// How long a window may take to paint itself, in milliseconds.
@@ -20,7 +21,11 @@ Object& Find(QWidget& parent, const char* name)
     return *found;
 }
 
+/// Clicks on an entry.
 void SelectEntry(T4ZelkaBrowser& browser, const char* tree, const QString& text, bool isNode);
+
+/// Runs `work` on the modal dialog that what follows opens.
+void InNextDialog(std::function<void(QDialog& dialog)> work);
 
 /// Lets events run until `done` or for half a minute.
 void WaitUntil(const std::function<bool()>& done);

@@ -3,6 +3,7 @@
 #include "browser/T4ZelkaBrowser.h"
 #include "components/hvxdb/HvxAdministration.h"
 #include "docs/pictures/program/Camera.h"
+#include "docs/pictures/program/DemoGateway.h"
 #include "docs/pictures/program/Stage.h"
 #include "host/node-manager/NodeManagerWindow.h"
 #include "host/node-manager/StartArguments.h"
@@ -20,6 +21,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
@@ -29,6 +31,8 @@
 void TakeFindDialogs(T4ZelkaBrowser& browser, const Camera& camera)
 {
     Find<QRadioButton>(browser, "optCon").setChecked(true);
+    auto& viewNodes = Find<QCheckBox>(browser, "chkViewNodes");
+    viewNodes.setChecked(true);
     camera.WithDialog(
         [&] { Find<QToolButton>(browser, "FindElement").click(); }, QStringLiteral("find"),
         [](QDialog& find) {
@@ -54,9 +58,9 @@ void TakeLoads(const QString& database, const Camera& camera)
     auto& view = Find<TreeView>(browser, "tvwConTree");
     const auto& entries = static_cast<const TreeEntries&>(*view.model());
     const TreeEntries::Index connection = entries.Child(entries.FindByKey(RootKey), 0);
-    view.SelectIndex(entries.ModelIndex(connection));
+    view.ClickIndex(entries.ModelIndex(connection));
     QApplication::processEvents();
-    camera.WithProgress([&] { view.expand(entries.ModelIndex(connection)); }, QStringLiteral("load-nodes"));
+    camera.WithProgress([&] { Q_EMIT view.DblClick(); }, QStringLiteral("load-nodes"));
 }
 
 void TakeNodeManager(const Camera& camera)
@@ -94,6 +98,11 @@ void TakeWorkstation(const QString& database, const Camera& camera)
     window.show();
     window.Start();
     SelectEntry(*window.Control(), "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
+    const DemoGateway gateway;
+    Find<QPushButton>(window, "cmdReadTarget").click();
+    const auto& log = Find<QPlainTextEdit>(window, "txtLog");
+    Find<QPushButton>(window, "cmdSend").click();
+    WaitUntil([&log] { return log.blockCount() > 2; });
     QApplication::processEvents();
     camera.Take(window, QStringLiteral("workstation"));
     camera.WithDialog([&] { Find<QAction>(window, "mnuAbout").trigger(); }, QStringLiteral("about"), {},

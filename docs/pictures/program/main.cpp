@@ -42,7 +42,6 @@ void TakeNodeDialog(T4ZelkaBrowser& browser, const Camera& camera)
     Find<QRadioButton>(browser, "optNodes").setChecked(true);
     SelectEntry(browser, "tvwNodesTree", QStringLiteral("Harbour Tower radio 1"), true);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
-    properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, QStringLiteral("node"),
                       [&](QDialog& dialog) {
                           camera.WithDialog(
@@ -73,7 +72,6 @@ void WithConnection(T4ZelkaBrowser& browser, const Camera& camera, const QString
     Find<QRadioButton>(browser, "optCon").setChecked(true);
     SelectEntry(browser, "tvwConTree", connection, false);
     auto& properties = Find<QPushButton>(browser, "cmdDatabaseProp");
-    properties.setEnabled(true);
     camera.WithDialog([&] { properties.click(); }, name,
                       [&](QDialog& dialog) {
                           Find<QCheckBox>(dialog, "chkShowParameters").setChecked(true);
