@@ -2097,6 +2097,10 @@
         <source>Which version of the control is registered</source>
         <translation>Welche Version des Steuerelements registriert ist</translation>
     </message>
+    <message>
+        <source>Close this window</source>
+        <translation>Dieses Fenster schließen</translation>
+    </message>
 </context>
 <context>
     <name>frmBusSelection</name>
@@ -3160,6 +3164,10 @@ Was noch nicht geladen ist, wurde nicht zu Ende durchsucht.</translation>
     <message>
         <source>Version %1</source>
         <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Close this window</source>
+        <translation>Dieses Fenster schließen</translation>
     </message>
 </context>
 <context>

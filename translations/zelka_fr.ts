@@ -2097,6 +2097,10 @@
         <source>Which version of the control is registered</source>
         <translation>Quelle version du contrôle est enregistrée</translation>
     </message>
+    <message>
+        <source>Close this window</source>
+        <translation>Fermer cette fenêtre</translation>
+    </message>
 </context>
 <context>
     <name>frmBusSelection</name>
@@ -3160,6 +3164,10 @@ La recherche dans ce qui n’est pas encore chargé n’a pas été terminée.</
     <message>
         <source>Version %1</source>
         <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Close this window</source>
+        <translation>Fermer cette fenêtre</translation>
     </message>
 </context>
 <context>

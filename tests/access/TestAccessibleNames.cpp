@@ -21,6 +21,7 @@
 #include "support/modHTMLHelp.h"
 #include "tests/host/RunProgram.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
@@ -237,6 +238,10 @@ void TestAccessibleNames::CheckFocusIsSeen(QWidget& window)
         // Marked as what Enter does, whether it has the focus or not.
         const auto* button = qobject_cast<const QPushButton*>(widget);
         if (button && button->isDefault())
+            continue;
+        // There is no entry yet that could show it.
+        const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+        if (view && view->model() && view->model()->rowCount() == 0)
             continue;
         const QImage without = widget->grab().toImage();
         widget->setFocus(Qt::TabFocusReason);

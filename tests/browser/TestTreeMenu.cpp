@@ -1,5 +1,6 @@
 #include "tests/browser/CommandFixture.h"
 #include "tests/support/MenuOperator.h"
+#include "tests/support/ModalForms.h"
 
 #include <QClipboard>
 
@@ -185,14 +186,17 @@ private Q_SLOTS:
         QCOMPARE(topics.size(), 1);
     }
 
-    void Find_Chosen_PressesTheButton()
+    void Find_Chosen_OpensTheForm()
     {
         CommandFixture f;
-        int presses = 0;
-        connect(&f.Find<QToolButton>("FindElement"), &QToolButton::clicked, this, [&] { ++presses; });
+        QString opened;
         RightClick(f, "tvwNodesTree", 1);
+        ModalForms::InNextDialog([&](QDialog& form) {
+            opened = form.objectName();
+            form.reject();
+        });
         MenuOperator::Choose(QStringLiteral("Find..."));
-        QCOMPARE(presses, 1);
+        QCOMPARE(opened, QStringLiteral("frmFindElement"));
     }
 
     void Copy_Node_GivesNameTargetAndAddress()

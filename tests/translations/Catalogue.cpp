@@ -65,8 +65,9 @@ bool MaySayTheSame(const QString& language, const QString& text)
     static const QStringList german{
         "Name:",       "Port:",   "Qt:",       "Version:",   "Station:",  "Station", "Scan",
         "Definition:", "Scan %1", "Parameter", "Community:", "Community", "S&tart"};
-    static const QStringList french{"Console",        "&Messages",      "Direct",  "Type",    "type",
-                                    "Identification", "identification", "Section", "Station", "Arguments"};
+    static const QStringList french{"Console", "&Messages", "Messages",       "Direct",
+                                    "Type",    "type",      "Identification", "identification",
+                                    "Section", "Station",   "Arguments"};
     return everywhere.contains(text) || (language == u"de" ? german : french).contains(text);
 }
 

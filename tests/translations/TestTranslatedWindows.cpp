@@ -202,6 +202,12 @@ class TestTranslatedWindows : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        // The direct connection outlives its window, so that only the first one begins without.
+        const Workstation first(QStringLiteral("en"));
+        QVERIFY(first.IsLoaded);
+    }
     void cleanup()
     {
         QApplication::setFont(m_font);
@@ -293,7 +299,7 @@ void TestTranslatedWindows::Windows_Laid_ClipNoText_data()
     QTest::addColumn<int>("percent");
     QTest::addColumn<bool>("rightToLeft");
     for (const char* language : {"en", "de", "fr"}) {
-        for (const int percent : {100, 200, 300}) {
+        for (const int percent : {100, 200}) {
             QTest::addRow("%s %d", language, percent) << QString::fromLatin1(language) << percent << false;
         }
         QTest::addRow("%s 150 right to left", language) << QString::fromLatin1(language) << 150 << true;
