@@ -4,11 +4,37 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QEvent>
 #include <QProgressBar>
 #include <QTimer>
 
 #include <cstdio>
 #include <utility>
+
+namespace {
+
+/// Follows the bar of progress of each window that is shown.
+class BarWatch : public QObject
+{
+public:
+    explicit BarWatch(std::function<void(const QProgressBar& bar)> look) : m_look(std::move(look))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* window = event->type() == QEvent::Show ? qobject_cast<const QDialog*>(watched) : nullptr;
+        if (auto* bar = window ? window->findChild<QProgressBar*>() : nullptr)
+            connect(bar, &QProgressBar::valueChanged, this, [this, bar] { m_look(*bar); });
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void(const QProgressBar& bar)> m_look;
+};
+
+} // namespace
 
 Camera::Camera(QString folder, QString look) : m_folder(std::move(folder)), m_look(std::move(look)) {}
 
@@ -24,16 +50,12 @@ void Camera::Take(QWidget& widget, const QString& name) const
 void Camera::WithProgress(const std::function<void()>& opening, const QString& name) const
 {
     bool shown = false;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &look, [&] {
-        QWidget* const window = QApplication::activeModalWidget();
-        const auto* bar = window ? window->findChild<QProgressBar*>() : nullptr;
-        if (shown || !bar || 2 * bar->value() < bar->minimum() + bar->maximum())
+    BarWatch watch([&](const QProgressBar& bar) {
+        if (shown || 2 * bar.value() < bar.minimum() + bar.maximum())
             return;
         shown = true;
-        Take(*window, name);
+        Take(*bar.window(), name);
     });
-    look.start();
     opening();
     TellShown(shown, name);
 }
