@@ -1,12 +1,14 @@
 #include "platform/controls/AccessibleControls.h"
 
 #include "platform/controls/AccessibleComboBox.h"
+#include "platform/controls/AccessibleToolButton.h"
 #include "platform/controls/AccessibleTree.h"
 #include "platform/controls/AccessibleUpDown.h"
 #include "platform/controls/TreeRowsView.h"
 #include "platform/controls/UpDown.h"
 
 #include <QComboBox>
+#include <QToolButton>
 
 namespace {
 
@@ -19,6 +21,8 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object)
         return new AccessibleUpDown(qobject_cast<UpDown*>(object));
     if (className == QLatin1String("QComboBox"))
         return new AccessibleComboBox(qobject_cast<QComboBox*>(object));
+    if (className == QLatin1String("QToolButton"))
+        return new AccessibleToolButton(qobject_cast<QToolButton*>(object));
     return nullptr;
 }
 

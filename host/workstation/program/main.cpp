@@ -8,6 +8,7 @@
 #include "platform/Language.h"
 #include "platform/MsgBox.h"
 #include "platform/controls/Display.h"
+#include "platform/controls/KeyboardReturn.h"
 #include "platform/controls/Theme.h"
 #include "platform/controls/WindowBoxPresenter.h"
 #include "support/ComponentVersion.h"
@@ -72,6 +73,7 @@ int RunForOperator(QSettings& settings, const QString& source, const Workstation
 {
     WindowBoxPresenter presenter;
     SetBoxPresenter(&presenter);
+    const KeyboardReturn keyboard;
     int code = ExitCode::Done;
     {
         WorkstationWindow window(settings, source);

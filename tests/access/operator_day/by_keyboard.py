@@ -2,7 +2,7 @@
 
 import seen
 from keyboard import keys, type_text
-from work import BOX, BUS, BUS_TARGET, CHANGED, CLOCK, NEW, PREFIX, Work
+from work import BOX, BUS, BUS_TARGET, CHANGED, FAR, NEW, PREFIX, Work
 
 
 class ByKeyboard(Work):
@@ -101,18 +101,20 @@ class ByKeyboard(Work):
 
     def view_nodes(self, wanted):
         self.tab_to("check box", "View Nodes")
+        box = seen.focused()
         keys("space")
-        seen.wait(f"nodes to be viewed: {wanted}", lambda: seen.has(seen.focused(), "checked") == wanted)
+        seen.wait(f"nodes to be viewed: {wanted}", lambda: seen.has(box, "checked") == wanted)
+        seen.wait("the keyboard to be back", seen.focused)
 
     def find(self):
         self.view_nodes(True)
         keys("ctrl+f")
         self.opened("Find Element")
-        self.retype("TOWER CLOCK")
+        self.retype("RIDGE CLOCK")
         keys("Return")
         self.opened("Search result")
         # The first hit is selected; here it is the only one.
-        seen.wait_focus("tree item", CLOCK)
+        seen.wait_focus("tree item", FAR)
         keys("Return")
         self.closed("Search result")
         self.check_found()
@@ -121,8 +123,9 @@ class ByKeyboard(Work):
 
     def help(self):
         keys("F1")
-        self.check_help("The Database tab")
-        keys("alt+a")
+        window = self.check_help("The Database tab")
+        seen.wait("the help to have the keyboard", lambda: seen.has(window, "active") and seen.focused())
+        keys("ctrl+shift+f")
         seen.wait_focus("text", "Words to search for")
         self.retype("prefix")
         keys("Return")
@@ -136,7 +139,7 @@ class ByKeyboard(Work):
             seen.wait("the focus to move", lambda before=before: seen.focused() != before)
         keys("Return")
         seen.window(page + " - Help")
-        self.check_help("Prefix")
+        self.check_help("A prefix and behind it")
         keys("Escape")
         self.closed(page + " - Help")
         self.tab_to("tree item", None)

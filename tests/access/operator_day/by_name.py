@@ -2,7 +2,7 @@
 
 import seen
 from keyboard import keys, type_text
-from work import BOX, BUS, BUS_TARGET, CHANGED, CLOCK, NEW, PREFIX, Work
+from work import BOX, BUS, BUS_TARGET, CHANGED, FAR, FAR_BUS, NEW, PREFIX, Work
 
 
 class ByName(Work):
@@ -34,11 +34,11 @@ class ByName(Work):
         seen.check(self.main, "View Nodes", True)
         seen.press(self.main, "Find in tree")
         form = seen.window("Find Element")
-        seen.type_into(form, "String to be matched", "TOWER CLOCK")
+        seen.type_into(form, "String to be matched", "RIDGE CLOCK")
         seen.press(form, "Next")
         hits = seen.window("Search result")
         tree = seen.find(hits, "tree", "Entries found")
-        seen.act(seen.item(tree, "Not loaded yet", BUS, CLOCK), "Press")
+        seen.act(seen.item(tree, "Not loaded yet", FAR_BUS, FAR), "Press")
         seen.press(hits, "Done")
         seen.gone("Search result")
         seen.gone("Find Element")
@@ -54,7 +54,7 @@ class ByName(Work):
         page = "Saving all found nodes"
         seen.click(seen.find(seen.find(window, "list", "Pages found"), "list item", page))
         seen.window(page + " - Help")
-        self.check_help("Prefix")
+        self.check_help("A prefix and behind it")
         keys("Escape")
         seen.gone(page + " - Help")
 

@@ -7,7 +7,8 @@ import seen
 BUS = "Harbour Tower bus 254"
 BUS_TARGET = "WP=BUST4,ID=254"
 CLOCK = "Harbour Tower clock 1"
-CLOCK_TARGET = BUS_TARGET + ",WP=NET4,ADDR=6"
+FAR_BUS = "Kestrel Ridge bus 251"
+FAR = "Kestrel Ridge clock 1"
 NEW = "Access Road bus 77"
 CHANGED = "Access Road bus 78"
 PREFIX = "Day"
@@ -65,9 +66,10 @@ class Work:
             seen.wait(f"{seen.describe(entry)} {state}: {value}", lambda: seen.has(entry, state) == value)
 
     def check_found(self):
-        """What was not loaded stands under the bus and is selected."""
-        self.wait_target(CLOCK_TARGET)
-        self.check_entry(seen.item(self.tree(), "Connections", BUS, CLOCK), 3, {"selected": True, "focused": True})
+        """What was not loaded stands under its bus and is selected."""
+        self.wait_target(self.desk.run("zelka", "target", FAR).strip())
+        self.check_entry(seen.item(self.tree(), "Connections", FAR_BUS, FAR), 3,
+                         {"selected": True, "focused": True})
 
     def check_help(self, words):
         """The help shows a page that holds these words."""
