@@ -16,7 +16,7 @@ bool KeyboardReturn::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* dialog = event->type() == QEvent::Hide ? qobject_cast<const QDialog*>(watched) : nullptr;
     // The second of two may not have got the keyboard yet.
-    if (dialog && !event->spontaneous() && (dialog->isActiveWindow() || m_patience.isActive())) {
+    if (dialog && !event->spontaneous() && (HasKeyboard(*dialog) || m_patience.isActive())) {
         m_below = dialog->parentWidget();
         m_patience.start();
     }
@@ -31,6 +31,11 @@ void KeyboardReturn::GiveBack()
     QWidget* const window = modal ? modal : m_below->window();
     if (window->isVisible())
         Activate(*window);
+}
+
+bool KeyboardReturn::HasKeyboard(const QWidget& dialog) const
+{
+    return dialog.isActiveWindow();
 }
 
 bool KeyboardReturn::HasKeyboard() const

@@ -21,7 +21,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    /// A window of this program has the keyboard.
+    /// A dialog that is closing has the keyboard still.
+    [[nodiscard]] virtual bool HasKeyboard(const QWidget& dialog) const;
+    /// A window of this program has it.
     [[nodiscard]] virtual bool HasKeyboard() const;
     virtual void Activate(QWidget& window);
 

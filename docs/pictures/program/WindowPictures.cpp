@@ -27,6 +27,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QToolButton>
+#include <QTreeView>
 
 void TakeFindDialogs(T4ZelkaBrowser& browser, const Camera& camera)
 {
@@ -83,6 +84,8 @@ void TakeHelp(const Camera& camera)
     modHTMLHelp::ShowHelpTopic(QStringLiteral("Keyboard.htm"));
     if (HelpWindow* const window = HelpWindow::Current()) {
         window->resize(860, 560);
+        const QAbstractItemModel& contents = *Find<QTreeView>(*window, "tvwContents").model();
+        WaitUntil([&contents] { return contents.rowCount() > 0; });
         QApplication::processEvents();
         camera.Take(*window, QStringLiteral("help"));
     }

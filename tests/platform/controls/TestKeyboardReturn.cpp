@@ -11,11 +11,14 @@ class Keyboard : public KeyboardReturn
 {
 public:
     bool ManagerGivesIt = false;
+    /// Has it before anything closes.
+    const QWidget* With = nullptr;
     QList<QWidget*> Activated;
 
     void Wait() { QTest::qWait(2 * PatienceMs); }
 
 protected:
+    bool HasKeyboard(const QWidget& dialog) const override { return &dialog == With; }
     bool HasKeyboard() const override { return ManagerGivesIt; }
     void Activate(QWidget& window) override { Activated << &window; }
 };
@@ -37,7 +40,7 @@ private Q_SLOTS:
         first.show();
         QDialog second(&first);
         second.show();
-        QApplication::setActiveWindow(&second);
+        keyboard.With = &second;
 
         second.hide();
         first.hide();
@@ -56,7 +59,7 @@ private Q_SLOTS:
         QDialog upper(&modal);
         upper.setModal(true);
         upper.show();
-        QApplication::setActiveWindow(&upper);
+        keyboard.With = &upper;
 
         upper.hide();
 
@@ -70,7 +73,7 @@ private Q_SLOTS:
         window.show();
         QDialog dialog(&window);
         dialog.show();
-        QApplication::setActiveWindow(&dialog);
+        keyboard.With = &dialog;
 
         dialog.hide();
 
@@ -84,7 +87,6 @@ private Q_SLOTS:
         window.show();
         QDialog dialog(&window);
         dialog.show();
-        QApplication::setActiveWindow(nullptr);
 
         dialog.hide();
 
@@ -99,7 +101,7 @@ private Q_SLOTS:
             window.show();
             QDialog dialog(&window);
             dialog.show();
-            QApplication::setActiveWindow(&dialog);
+            keyboard.With = &dialog;
             dialog.hide();
         }
         keyboard.Wait();
