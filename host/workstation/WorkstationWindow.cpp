@@ -16,12 +16,17 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QScreen>
 #include <QSettings>
 #include <QUrl>
 
 #include <utility>
 
 namespace {
+
+/// What a new operator's window has room for beside and below each other.
+constexpr int Letters = 120;
+constexpr int Lines = 40;
 
 /// Of a new operator's window; later the operator's own.
 constexpr int BrowserWidth = 640;
@@ -77,6 +82,9 @@ WorkstationWindow::WorkstationWindow(QSettings& settings, QString source, Place 
     m_ui->splHost->setStretchFactor(0, 1);
     m_ui->splHost->setStretchFactor(1, 0);
     m_ui->splHost->setSizes({BrowserWidth, PanelWidth});
+    // Large letters need more room than the usual.
+    const QSize wanted(Letters * fontMetrics().averageCharWidth(), Lines * fontMetrics().lineSpacing());
+    resize(size().expandedTo(wanted.boundedTo(screen()->availableSize())));
     if (place == Place::Kept)
         m_places = std::make_unique<WindowPlaces>(m_settings);
     new LanguageMenu(*m_ui->mnuLanguage, m_settings);

@@ -1,5 +1,6 @@
 #include "tests/translations/WindowTexts.h"
 
+#include "platform/controls/ElidedLabel.h"
 #include "tests/translations/Catalogue.h"
 
 #include <QAbstractButton>
@@ -89,6 +90,9 @@ bool HasTooLongWord(const QLabel& label)
 /// Whether a caption gets less room than it needs. Room for a blank more or less is not the question.
 bool IsClipped(const QWidget& widget)
 {
+    // Shortens its text itself, and tells it whole in its tip.
+    if (qobject_cast<const ElidedLabel*>(&widget))
+        return false;
     const auto* label = qobject_cast<const QLabel*>(&widget);
     if (label && label->wordWrap())
         return label->height() < label->heightForWidth(label->width()) || HasTooLongWord(*label);
