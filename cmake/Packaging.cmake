@@ -48,6 +48,24 @@ if(ZELKA_GUI)
           COMPONENT workstation RENAME io.zelka.Workstation.svg)
 endif()
 
+add_custom_command(
+  OUTPUT "${reference_folder}/changelog.gz"
+  COMMAND ${ZELKA_GZIP} -9nc "${CMAKE_SOURCE_DIR}/packaging/changelog" > "${reference_folder}/changelog.gz"
+  DEPENDS packaging/changelog
+  VERBATIM)
+add_custom_target(zelka_changelog ALL DEPENDS "${reference_folder}/changelog.gz")
+# zelka_package_papers(runtime libzelkabrowser4)
+function(zelka_package_papers component package)
+  install(FILES packaging/copyright "${reference_folder}/changelog.gz"
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
+endfunction()
+zelka_package_papers(commandline zelka)
+if(ZELKA_GUI)
+  zelka_package_papers(runtime libzelkabrowser4)
+  zelka_package_papers(development libzelkabrowser-dev)
+  zelka_package_papers(workstation zelka-workstation)
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zelka)
 set(CPACK_PACKAGE_VENDOR "Zelka")
@@ -61,15 +79,19 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${ZELKA_BUILT_LIBRARIES}")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
+# Who links the library asks for this version or a later one.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+# Each package begins its description with a summary of its own.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libzelkabrowser4)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 # Loaded at run time, so nothing links with them.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libqt6sql6-sqlite")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libqt6sql6-sqlite, libqt6svg6")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "libqt6sql6-psql")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
-    "connection browser for network management hosts\n The control that shows the connections and nodes of a shared database to an operator\n and hands the target of what is chosen to the host application."
+    "connection browser for network management hosts\nThe control that shows the connections and nodes of a shared database to an\noperator and hands the target of what is chosen to the host application."
 )
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzelkabrowser-dev)
@@ -77,7 +99,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libzelkabrowser4 (= ${PROJECT_VERSION}), qt6-base-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
-    "connection browser for network management hosts (development)\n Headers, CMake package, pkg-config file, Qt Designer plugin and reference of the control."
+    "connection browser for network management hosts (development)\nHeaders, CMake package, pkg-config file, Qt Designer plugin and reference of\nthe control."
 )
 
 set(CPACK_DEBIAN_COMMANDLINE_PACKAGE_NAME zelka)
@@ -85,13 +107,13 @@ set(CPACK_DEBIAN_COMMANDLINE_PACKAGE_DEPENDS "libqt6sql6-sqlite")
 set(CPACK_DEBIAN_COMMANDLINE_PACKAGE_RECOMMENDS "libqt6sql6-psql")
 set(CPACK_DEBIAN_COMMANDLINE_PACKAGE_SUGGESTS "bash-completion")
 set(CPACK_COMPONENT_COMMANDLINE_DESCRIPTION
-    "connections and nodes from the command line\n Makes, fills, checks, reads and changes the database of connections and nodes, asks the\n network behind them, and simulates one."
+    "connections and nodes from the command line\nMakes, fills, checks, reads and changes the database of connections and\nnodes, asks the network behind them, and simulates one."
 )
 
 set(CPACK_DEBIAN_WORKSTATION_PACKAGE_NAME zelka-workstation)
-set(CPACK_DEBIAN_WORKSTATION_PACKAGE_DEPENDS "libqt6sql6-sqlite, zelka (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_WORKSTATION_PACKAGE_DEPENDS "libqt6sql6-sqlite, libqt6svg6, zelka (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_WORKSTATION_PACKAGE_RECOMMENDS "libqt6sql6-psql, qt6-qpa-plugins")
 set(CPACK_COMPONENT_WORKSTATION_DESCRIPTION
-    "workstation around the connection browser\n An operator browses, defines and scans the connections and nodes of a managed network\n and talks to what is chosen."
+    "workstation around the connection browser\nAn operator browses, defines and scans the connections and nodes of a\nmanaged network and talks to what is chosen."
 )
 include(CPack)
