@@ -150,7 +150,8 @@ QModelIndex FoundEntries::IndexOf(const Place& place) const
         row = place.group == UnloadedGroup && m_rows[LoadedGroup].Shown() > 0 ? 1 : 0;
     else if (place.level == 2)
         row -= rows.branches[static_cast<std::size_t>(rows.BranchOfLeaf(place.at))].firstLeaf;
-    return createIndex(row, 0, static_cast<quintptr>(place.at * 8 + place.group * 3 + place.level));
+    const int kind = place.group * 3 + place.level;
+    return createIndex(row, 0, static_cast<quintptr>(place.at) * 8 + static_cast<quintptr>(kind));
 }
 
 qint32 FoundEntries::NumberAt(const Place& place) const

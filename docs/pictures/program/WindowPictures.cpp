@@ -45,6 +45,7 @@ void TakeFindDialogs(T4ZelkaBrowser& browser, const Camera& camera)
                 [&] { Find<QPushButton>(find, "Go").click(); }, QStringLiteral("found"),
                 [](QDialog& found) { WaitUntil([&] { return !found.property("searching").toBool(); }); });
         });
+    viewNodes.setChecked(false);
 }
 
 void TakeLoads(const QString& database, const Camera& camera)
