@@ -189,7 +189,7 @@ void WorkstationWindow::ConnectViewMenu()
     for (const auto& [action, theme] : choices) {
         themes->addAction(action);
         action->setData(ThemeName(theme));
-        connect(action, &QAction::triggered, this, [this, theme] { mnuTheme_Click(theme); });
+        connect(action, &QAction::triggered, this, [this, theme = theme] { mnuTheme_Click(theme); });
     }
     m_ui->mnuThemeSystem->setChecked(true);
 
