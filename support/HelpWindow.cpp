@@ -147,6 +147,7 @@ void HelpWindow::Connect()
     connect(m_contents, &QAbstractItemView::clicked, this, [this](const QModelIndex& entry) {
         ShowPage(m_file->Engine().contentModel()->contentItemAt(entry)->url());
     });
+    connect(m_ui->tabHelp, &QTabWidget::currentChanged, this, &HelpWindow::tabHelp_Change);
     connect(m_index, &QAbstractItemView::clicked, m_index, &QHelpIndexWidget::activateCurrentItem);
     connect(m_file->Engine().contentModel(), &QHelpContentModel::contentsCreated, this, [this] {
         m_contents->expandAll();
@@ -220,6 +221,19 @@ void HelpWindow::txtPage_Change(const QUrl& page)
         entry = m_contents->indexOf(page);
     if (entry.isValid())
         m_contents->setCurrentIndex(entry);
+}
+
+void HelpWindow::tabHelp_Change()
+{
+    if (m_ui->tabHelp->tabBar()->hasFocus())
+        return;
+    const QWidget* const way = m_ui->tabHelp->currentWidget();
+    if (way == m_ui->pagSearch)
+        m_ui->pagSearch->Enter();
+    else if (way == m_ui->pagIndex)
+        m_ui->txtIndex->setFocus(Qt::ShortcutFocusReason);
+    else
+        m_contents->setFocus(Qt::ShortcutFocusReason);
 }
 
 void HelpWindow::txtIndex_Enter()

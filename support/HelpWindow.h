@@ -50,6 +50,8 @@ private:
     void ShowPage(const QUrl& page);
     void txtPage_Change(const QUrl& page);
     void txtIndex_Enter();
+    /// Another way into the help is in front: it gets the keyboard, but from the tabs themselves.
+    void tabHelp_Change();
     void EscapePressed();
     /// Behind a modal window no other takes input but those that belong to it.
     void FollowModalWindow();

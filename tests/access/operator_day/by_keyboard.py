@@ -125,7 +125,7 @@ class ByKeyboard(Work):
         keys("F1")
         window = self.check_help("The Database tab")
         seen.wait("the help to have the keyboard", lambda: seen.has(window, "active") and seen.focused())
-        keys("ctrl+shift+f")
+        keys("alt+a")
         seen.wait_focus("text", "Words to search for")
         self.retype("prefix")
         keys("Return")

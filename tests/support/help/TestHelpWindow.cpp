@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -58,6 +59,8 @@ private Q_SLOTS:
     void Contents_Entry_FollowsThePage();
     void Contents_Enter_ShowsThePage();
     void Index_TypedAndEnter_ShowsThePage();
+    void Tabs_KeyOfOne_LeadsIntoIt();
+    void Tabs_Arrow_StaysOnThem();
     void Search_Word_FindsItsPages();
     void Search_AskedForAtOnce_RunsWhenThePagesAreRead();
     void Search_NoHit_TellsSo();
@@ -188,6 +191,28 @@ void TestHelpWindow::Index_TypedAndEnter_ShowsThePage()
     OpenHelp::Key(Qt::Key_Return);
 
     QCOMPARE(OpenHelp::Shown(), "Browser4FE_Parameters.htm");
+}
+
+void TestHelpWindow::Tabs_KeyOfOne_LeadsIntoIt()
+{
+    HelpWindow& window = OpenHelp::Show();
+    OpenHelp::Page().setFocus();
+    QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+    QVERIFY(OpenHelp::Find<QLineEdit>("txtSearch").hasFocus());
+    QTest::keyClick(&window, Qt::Key_X, Qt::AltModifier);
+    QVERIFY(OpenHelp::Find<QLineEdit>("txtIndex").hasFocus());
+    QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
+    QVERIFY(OpenHelp::Find<QHelpContentWidget>("tvwContents").hasFocus());
+}
+
+void TestHelpWindow::Tabs_Arrow_StaysOnThem()
+{
+    OpenHelp::Show();
+    auto& tabs = OpenHelp::Find<QTabWidget>("tabHelp");
+    tabs.tabBar()->setFocus();
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
+    QCOMPARE(tabs.currentIndex(), 1);
+    QVERIFY(tabs.tabBar()->hasFocus());
 }
 
 void TestHelpWindow::Search_Word_FindsItsPages()
