@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
@@ -21,15 +22,16 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    /// A dialog that is closing has the keyboard still.
-    [[nodiscard]] virtual bool HasKeyboard(const QWidget& dialog) const;
-    /// A window of this program has it.
+    /// A window of this program has the keyboard.
     [[nodiscard]] virtual bool HasKeyboard() const;
     virtual void Activate(QWidget& window);
 
 private:
+    void Close(QObject* dialog);
     void GiveBack();
 
     QTimer m_patience;
+    /// Dialogs that have the keyboard or are about to get it; only compared.
+    QSet<const QObject*> m_withKeyboard;
     QPointer<QWidget> m_below;
 };

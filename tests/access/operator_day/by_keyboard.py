@@ -10,6 +10,16 @@ class ByKeyboard(Work):
         return [self.open, self.browse, self.find, self.help, self.add, self.edit, self.remove, self.scan, self.save_all,
                 self.compose_direct_target, self.leave]
 
+    def press_until(self, key, what, condition):
+        """Presses a key, and after a while again, until it has the effect."""
+        for _ in range(10):
+            keys(key)
+            try:
+                return seen.wait(what, condition, 6)
+            except seen.NotSeen:
+                pass
+        raise seen.NotSeen(f"for all pressing of {key}: {what}")
+
     def tab_to(self, role, name, key="Tab"):
         """Presses Tab until the focus is there; all controls of a window must come round."""
         for _ in range(60):
@@ -51,13 +61,7 @@ class ByKeyboard(Work):
         self.check_open()
         # A key shows where the focus is, also to one who has only now begun to listen; what is pressed before
         # the window has the keyboard is lost.
-        for _ in range(10):
-            keys("Tab")
-            try:
-                seen.wait("the focus to be told", seen.focused, 6)
-                break
-            except seen.NotSeen:
-                pass
+        self.press_until("Tab", "the focus to be told", seen.focused)
         # Behind the tabs Tab goes straight to the tree; what is between is reached from there.
         self.tab_to("radio button", "Nodes", "shift+Tab")
         keys("Left")
@@ -246,7 +250,7 @@ class ByKeyboard(Work):
         self.check_direct(BUS_TARGET + ",WP=NET4,ADDR=5")
 
     def leave(self):
-        keys("alt+f")
-        seen.wait("the menu to open", lambda: seen.search(self.main, "menu item", "Quit"))
+        # A menu that the window manager keeps from grabbing the keyboard closes at once; who sees that tries again.
+        self.press_until("alt+f", "the menu to open", lambda: seen.search(self.main, "menu item", "Quit"))
         keys("q")
         self.desk.wait_left()

@@ -10,18 +10,21 @@ namespace {
 class Keyboard : public KeyboardReturn
 {
 public:
-    bool ManagerGivesIt = false;
-    /// Has it before anything closes.
-    const QWidget* With = nullptr;
+    bool IsOurs = false;
     QList<QWidget*> Activated;
 
     void Wait() { QTest::qWait(2 * PatienceMs); }
 
 protected:
-    bool HasKeyboard(const QWidget& dialog) const override { return &dialog == With; }
-    bool HasKeyboard() const override { return ManagerGivesIt; }
+    bool HasKeyboard() const override { return IsOurs; }
     void Activate(QWidget& window) override { Activated << &window; }
 };
+
+void Tell(QWidget& window, QEvent::Type type)
+{
+    QEvent event(type);
+    QApplication::sendEvent(&window, &event);
+}
 
 } // namespace
 
@@ -40,7 +43,7 @@ private Q_SLOTS:
         first.show();
         QDialog second(&first);
         second.show();
-        keyboard.With = &second;
+        Tell(second, QEvent::WindowActivate);
 
         second.hide();
         first.hide();
@@ -59,34 +62,55 @@ private Q_SLOTS:
         QDialog upper(&modal);
         upper.setModal(true);
         upper.show();
-        keyboard.With = &upper;
+        Tell(upper, QEvent::WindowActivate);
 
         upper.hide();
 
         QTRY_COMPARE(keyboard.Activated, QList<QWidget*>{&modal});
     }
+    void Closed_BeforeItGotTheKeyboard_WindowBelowGetsIt()
+    {
+        Keyboard keyboard;
+        QWidget window;
+        window.show();
+        QDialog progress(&window);
+        keyboard.IsOurs = true;
+        progress.show();
+        Tell(progress, QEvent::WindowActivate);
+        progress.hide();
+        keyboard.Wait();
+        QVERIFY(keyboard.Activated.isEmpty());
+
+        progress.show();
+        keyboard.IsOurs = false;
+        progress.hide();
+
+        QTRY_COMPARE(keyboard.Activated, QList<QWidget*>{&window});
+    }
     void Closed_ManagerGivesTheKeyboard_NothingIsDone()
     {
         Keyboard keyboard;
-        keyboard.ManagerGivesIt = true;
+        keyboard.IsOurs = true;
         QWidget window;
         window.show();
         QDialog dialog(&window);
         dialog.show();
-        keyboard.With = &dialog;
+        Tell(dialog, QEvent::WindowActivate);
 
         dialog.hide();
 
         keyboard.Wait();
         QVERIFY(keyboard.Activated.isEmpty());
     }
-    void Closed_WithoutTheKeyboard_NothingIsDone()
+    void Closed_OperatorIsInAnotherProgram_NothingIsDone()
     {
         Keyboard keyboard;
         QWidget window;
         window.show();
         QDialog dialog(&window);
         dialog.show();
+        Tell(dialog, QEvent::WindowActivate);
+        Tell(dialog, QEvent::WindowDeactivate);
 
         dialog.hide();
 
@@ -101,7 +125,7 @@ private Q_SLOTS:
             window.show();
             QDialog dialog(&window);
             dialog.show();
-            keyboard.With = &dialog;
+            Tell(dialog, QEvent::WindowActivate);
             dialog.hide();
         }
         keyboard.Wait();
