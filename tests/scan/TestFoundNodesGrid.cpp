@@ -14,6 +14,7 @@ private Q_SLOTS:
     void Init_Empty_HasHeadersWidthsAndRows();
     void Init_AfterNodes_ForgetsThem();
     void Init_LargeFont_ShowsTheHeaders();
+    void Store_WideType_IsShownWhole();
     void Store_InOrder_FillsRowsFromTheTop();
     void Store_BeyondTheBlankRows_AddsOneRowEach();
     void Store_OutOfOrder_SortsByNumber();
@@ -114,6 +115,25 @@ void TestFoundNodesGrid::Init_LargeFont_ShowsTheHeaders()
 
     QVERIFY(grid.columnWidth(0) >= QFontMetrics(font).horizontalAdvance("Address"));
     QVERIFY(grid.rowHeight(0) >= QFontMetrics(font).height());
+}
+
+void TestFoundNodesGrid::Store_WideType_IsShownWhole()
+{
+    FoundNodesGrid grid;
+    Show(grid);
+    const int usual = grid.columnWidth(1);
+    grid.StoreFoundNode(1, QStringLiteral("T"), QStringLiteral("Node"));
+    QCOMPARE(grid.columnWidth(1), usual);
+
+    const QString wide(40, u'W');
+    grid.StoreFoundNode(2, wide, QStringLiteral("Node"));
+    const int needed = grid.columnWidth(1);
+    QVERIFY(needed > grid.fontMetrics().horizontalAdvance(wide));
+    grid.StoreFoundNode(3, QStringLiteral("T"), QStringLiteral("Node"));
+    QCOMPARE(grid.columnWidth(1), needed);
+
+    grid.InitFoundNodesGrid();
+    QCOMPARE(grid.columnWidth(1), usual);
 }
 
 void TestFoundNodesGrid::Store_InOrder_FillsRowsFromTheTop()

@@ -26,6 +26,20 @@ void Tell(QWidget& window, QEvent::Type type)
     QApplication::sendEvent(&window, &event);
 }
 
+/// A window with a dialog that has the keyboard.
+struct OpenDialog
+{
+    OpenDialog()
+    {
+        Window.show();
+        Dialog.show();
+        Tell(Dialog, QEvent::WindowActivate);
+    }
+
+    QWidget Window;
+    QDialog Dialog{&Window};
+};
+
 } // namespace
 
 /// Dialogs that close one upon the other.
@@ -91,13 +105,9 @@ private Q_SLOTS:
     {
         Keyboard keyboard;
         keyboard.IsOurs = true;
-        QWidget window;
-        window.show();
-        QDialog dialog(&window);
-        dialog.show();
-        Tell(dialog, QEvent::WindowActivate);
+        OpenDialog open;
 
-        dialog.hide();
+        open.Dialog.hide();
 
         keyboard.Wait();
         QVERIFY(keyboard.Activated.isEmpty());
@@ -105,14 +115,10 @@ private Q_SLOTS:
     void Closed_OperatorIsInAnotherProgram_NothingIsDone()
     {
         Keyboard keyboard;
-        QWidget window;
-        window.show();
-        QDialog dialog(&window);
-        dialog.show();
-        Tell(dialog, QEvent::WindowActivate);
-        Tell(dialog, QEvent::WindowDeactivate);
+        OpenDialog open;
+        Tell(open.Dialog, QEvent::WindowDeactivate);
 
-        dialog.hide();
+        open.Dialog.hide();
 
         keyboard.Wait();
         QVERIFY(keyboard.Activated.isEmpty());
@@ -121,12 +127,8 @@ private Q_SLOTS:
     {
         Keyboard keyboard;
         {
-            QWidget window;
-            window.show();
-            QDialog dialog(&window);
-            dialog.show();
-            Tell(dialog, QEvent::WindowActivate);
-            dialog.hide();
+            OpenDialog open;
+            open.Dialog.hide();
         }
         keyboard.Wait();
         QVERIFY(keyboard.Activated.isEmpty());
