@@ -117,7 +117,9 @@ void FoundNodesGrid::AddNodeRow(qint16 address, const QString& type, const QStri
     }
     SetTextMatrix(m_foundCount, AddressColumn, QString::number(address));
     SetTextMatrix(m_foundCount, TypeColumn, type);
-    setColumnWidth(TypeColumn, std::max(columnWidth(TypeColumn), TextWidth(type)));
+    // Nodes tell any type; the identification keeps its half.
+    const int wanted = std::min(TextWidth(type), viewport()->width() / 2);
+    setColumnWidth(TypeColumn, std::max(columnWidth(TypeColumn), wanted));
     SetTextMatrix(m_foundCount, IdentificationColumn, identification);
     SelectGridRow(1);
 }

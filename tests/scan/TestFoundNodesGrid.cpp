@@ -125,12 +125,14 @@ void TestFoundNodesGrid::Store_WideType_IsShownWhole()
     grid.StoreFoundNode(1, QStringLiteral("T"), QStringLiteral("Node"));
     QCOMPARE(grid.columnWidth(1), usual);
 
-    const QString wide(40, u'W');
+    const QString wide(12, u'W');
     grid.StoreFoundNode(2, wide, QStringLiteral("Node"));
     const int needed = grid.columnWidth(1);
     QVERIFY(needed > grid.fontMetrics().horizontalAdvance(wide));
     grid.StoreFoundNode(3, QStringLiteral("T"), QStringLiteral("Node"));
     QCOMPARE(grid.columnWidth(1), needed);
+    grid.StoreFoundNode(4, QString(200, u'W'), QStringLiteral("Node"));
+    QCOMPARE(grid.columnWidth(1), grid.viewport()->width() / 2);
 
     grid.InitFoundNodesGrid();
     QCOMPARE(grid.columnWidth(1), usual);
